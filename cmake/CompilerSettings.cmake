@@ -1,0 +1,28 @@
+# How every target of the project is compiled and linked.
+
+add_library(ambrio_compiler_settings INTERFACE)
+target_compile_features(ambrio_compiler_settings INTERFACE cxx_std_20)
+target_include_directories(ambrio_compiler_settings INTERFACE ${CMAKE_SOURCE_DIR}
+                                                              ${CMAKE_BINARY_DIR}/generated)
+target_compile_options(
+  ambrio_compiler_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                                     -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+
+if(WIN32)
+  target_compile_definitions(
+    ambrio_compiler_settings INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
+                                       WINVER=0x0601 _WIN32_WINNT=0x0601)
+  # No time stamp: the same sources give the same bytes.
+  target_link_options(ambrio_compiler_settings INTERFACE -static -Wl,--no-insert-timestamp)
+endif()
+
+if(AMBRIO_SANITIZE)
+  target_compile_options(ambrio_compiler_settings INTERFACE -fsanitize=address,undefined
+                                                            -fno-sanitize-recover=all)
+  target_link_options(ambrio_compiler_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+find_program(AMBRIO_CCACHE ccache)
+if(AMBRIO_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${AMBRIO_CCACHE})
+endif()

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <string>
+
+namespace ambrio {
+
+enum class MessageIcon { None, CriticalStop };
+enum class WindowState { Hidden, NormalFocus };
+
+// What a run needs of the form and the system around it. Failures of the calls that return nothing
+// are ignored by the implementation. To be used on the form's thread.
+class RunHost {
+  public:
+    virtual ~RunHost() = default;
+
+    // Lets pending events run: input, timers, painting. May set RunState::Interrupted.
+    virtual void DoEvents() = 0;
+
+    // Shows a box with an OK button, titled with the application title, and returns when the user
+    // has closed it.
+    virtual void ShowMessage(const std::wstring& text, MessageIcon icon) = 0;
+
+    [[nodiscard]] virtual std::wstring WindowsFolder() = 0;
+    [[nodiscard]] virtual std::wstring SystemFolder() = 0;
+
+    // Starts a program by its command line, found through the system's search path, and does not
+    // wait for it. False when it could not be started.
+    virtual bool StartProgram(const std::wstring& commandLine, WindowState state) = 0;
+
+    // Makes the mouse pointer visible, however often it was hidden.
+    virtual void ShowPointer() = 0;
+    // Takes the form out of the topmost band.
+    virtual void LeaveTopmost() = 0;
+
+    [[nodiscard]] virtual bool IsEndTimerEnabled() const = 0;
+
+    // Asks the form to unload; it may refuse.
+    virtual void UnloadForm() = 0;
+    // Ends the program at once, without unloading anything. A double returns; the caller must then
+    // do nothing more.
+    virtual void End() = 0;
+};
+
+// Passes everything on to another host, which is not owned.
+class ForwardingRunHost : public RunHost {
+  public:
+    explicit ForwardingRunHost(RunHost& target) : target_(target) {}
+
+    void DoEvents() override { target_.DoEvents(); }
+    void ShowMessage(const std::wstring& text, MessageIcon icon) override {
+        target_.ShowMessage(text, icon);
+    }
+    [[nodiscard]] std::wstring WindowsFolder() override { return target_.WindowsFolder(); }
+    [[nodiscard]] std::wstring SystemFolder() override { return target_.SystemFolder(); }
+    bool StartProgram(const std::wstring& commandLine, WindowState state) override {
+        return target_.StartProgram(commandLine, state);
+    }
+    void ShowPointer() override { target_.ShowPointer(); }
+    void LeaveTopmost() override { target_.LeaveTopmost(); }
+    [[nodiscard]] bool IsEndTimerEnabled() const override { return target_.IsEndTimerEnabled(); }
+    void UnloadForm() override { target_.UnloadForm(); }
+    void End() override { target_.End(); }
+
+  private:
+    RunHost& target_;
+};
+
+}  // namespace ambrio

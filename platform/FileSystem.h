@@ -1,0 +1,118 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/FileAttributes.h"
+
+namespace ambrio {
+
+// Whole seconds since 1601-01-01 UTC. Fractions are dropped wherever a time is read, so that a
+// destination that keeps coarser fractions than the source does not look older than its source.
+using FileSeconds = std::int64_t;
+
+// What a listing or GetFile says of one file or folder.
+struct FileEntry {
+    std::wstring Name;              // the name alone, no path
+    FileAttributes Attributes = 0;  // as the file system holds them
+    FileSeconds DateLastModified = 0;
+    std::uint64_t Size = 0;  // bytes; 0 for a folder
+    // A mount point: a junction, or a volume mounted in a folder. False for symbolic links.
+    bool IsMountPoint = false;
+
+    [[nodiscard]] bool IsFolder() const { return (Attributes & kAttributeDirectory) != 0; }
+    [[nodiscard]] bool IsLink() const { return (Attributes & kAttributeLink) != 0; }
+};
+
+// Which folder a path leads to, whatever its spelling and through whatever links.
+struct FolderIdentity {
+    std::uint64_t Volume = 0;
+    std::uint64_t File = 0;
+
+    friend bool operator==(const FolderIdentity&, const FolderIdentity&) = default;
+};
+
+// Walks the entries of one folder, files and subfolders, in the file system's own order, without
+// "." and "..". It holds the folder open until it is destroyed.
+class FolderReader {
+  public:
+    virtual ~FolderReader() = default;
+    // Fills `entry` with the next one; false when there is no more (`entry` is then unspecified).
+    // Throws RuntimeError when the listing breaks off.
+    virtual bool Next(FileEntry& entry) = 0;
+};
+
+// A text file open for appending, in the system's code page. Closing is the destructor's business.
+class TextStream {
+  public:
+    virtual ~TextStream() = default;
+    // Writes the text and a CR LF; characters that the code page lacks become its default
+    // character. Throws RuntimeError; part of the line may then have been written.
+    virtual void WriteLine(const std::wstring& text) = 0;
+};
+
+// Called now and then while an operation takes long, so that the caller can let pending events
+// run. Must not throw and must not call the file system.
+using Yield = std::function<void()>;
+
+// The one file-system object of the process. Paths are plain ("C:\Data\x.txt", "\\server\share"),
+// of any length and in any script. Every operation that can fail throws RuntimeError and then
+// leaves things as they were, unless it says otherwise. To be used on one thread.
+class FileSystem {
+  public:
+    virtual ~FileSystem() = default;
+
+    // True when `path` is an existing file (folder). Whatever goes wrong on the way gives false.
+    virtual bool FileExists(const std::wstring& path) = 0;
+    virtual bool FolderExists(const std::wstring& path) = 0;
+
+    // One read of a file's attributes, size and time. PathNotFound or FileNotFound when it is gone;
+    // a folder of that name counts as FileNotFound.
+    virtual FileEntry GetFile(const std::wstring& path) = 0;
+
+    // Opens the folder for listing; PathNotFound when it does not exist.
+    virtual std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) = 0;
+
+    // Which folder this is; nothing when that cannot be told.
+    virtual std::optional<FolderIdentity> IdentityOf(const std::wstring& folder) = 0;
+
+    // Makes one level. PathNotFound when the parent is missing, FileAlreadyExists when something
+    // of that name exists.
+    virtual void CreateFolder(const std::wstring& path) = 0;
+
+    // Writes the attributes that can be set; the others are ignored.
+    virtual void SetAttributes(const std::wstring& path, FileAttributes attributes) = 0;
+
+    // Removes one file. A read-only file goes only with `force`, else PermissionDenied. When the
+    // removal itself fails, the file has its attributes back.
+    virtual void DeleteFile(const std::wstring& path, bool force) = 0;
+
+    // Copies content, attributes, modification time and streams. The destination name holds the
+    // whole old or the whole new content at any moment, also when the process is killed: the copy
+    // is made under a name of TemporaryName.h in the same folder and then renamed. Without
+    // `overwrite` an existing destination is FileAlreadyExists; a read-only one is
+    // PermissionDenied before anything is written; a hidden or system one is replaced. `yield` may
+    // be empty.
+    virtual void CopyFile(const std::wstring& source, const std::wstring& destination,
+                          bool overwrite, const Yield& yield) = 0;
+
+    // Opens a text file for appending, creating it when it does not exist.
+    virtual std::unique_ptr<TextStream> OpenForAppending(const std::wstring& path) = 0;
+
+    // True when a new file can be made in the folder. Leaves nothing there.
+    virtual bool IsWritableFolder(const std::wstring& path) = 0;
+
+    // The form of a name in which two names of one and the same file are equal texts: names are
+    // compared without regard to case, as the platform does it.
+    [[nodiscard]] virtual std::wstring FoldedName(const std::wstring& name) const = 0;
+
+    // The two parts joined with exactly one separator between them; an empty first part gives the
+    // second alone.
+    [[nodiscard]] static std::wstring BuildPath(const std::wstring& folder,
+                                                const std::wstring& name);
+};
+
+}  // namespace ambrio

@@ -1,0 +1,50 @@
+#include "platform/Val.h"
+
+#include <charconv>
+#include <limits>
+
+namespace ambrio {
+namespace {
+
+// The leading run of characters that can belong to a number, as plain ASCII.
+std::string NumberCharacters(const std::wstring& text, std::size_t from) {
+    std::string characters;
+    for (std::size_t i = from; i < text.size(); ++i) {
+        const wchar_t c = text[i];
+        const bool exponentSign = !characters.empty() && characters.back() == 'e';
+        if ((c >= L'0' && c <= L'9') || c == L'.' || (c == L'-' && (i == from || exponentSign))) {
+            characters += static_cast<char>(c);
+        } else if (c == L'+' && (i == from || exponentSign)) {
+            if (exponentSign) {
+                characters += '+';
+            }
+        } else if ((c == L'e' || c == L'E' || c == L'd' || c == L'D') && !characters.empty()) {
+            characters += 'e';
+        } else {
+            break;
+        }
+    }
+    return characters;
+}
+
+}  // namespace
+
+double Val(const std::wstring& text) {
+    const std::size_t start = text.find_first_not_of(L" \t\r\n");
+    if (start == std::wstring::npos) {
+        return 0;
+    }
+    const std::string characters = NumberCharacters(text, start);
+    double value = 0;
+    const auto [end, error] =
+        std::from_chars(characters.data(), characters.data() + characters.size(), value);
+    if (error == std::errc::result_out_of_range) {
+        const bool negative = characters.front() == '-';
+        const bool tiny = characters.find("e-") != std::string::npos;
+        const double magnitude = tiny ? 0 : std::numeric_limits<double>::infinity();
+        return negative ? -magnitude : magnitude;
+    }
+    return error == std::errc() ? value : 0;
+}
+
+}  // namespace ambrio
