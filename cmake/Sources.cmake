@@ -1,4 +1,5 @@
 # The one list of source files. A .cpp below a room that is not named here stops the build.
+# One file a line, in alphabetical order.
 
 # platform/: what every build has, then what only one of the two worlds has.
 set(PLATFORM_SOURCES
@@ -7,30 +8,63 @@ set(PLATFORM_SOURCES
     platform/ForwardingFileSystem.cpp
     platform/RuntimeError.cpp
     platform/TemporaryName.cpp
-    platform/Val.cpp)
-set(PLATFORM_HOST_SOURCES)
-set(PLATFORM_WIN32_SOURCES)
+    platform/Val.cpp
+)
 
-set(SETTINGS_SOURCES)
+set(PLATFORM_HOST_SOURCES
+)
 
-set(ENGINE_SOURCES)
+set(PLATFORM_WIN32_SOURCES
+)
+
+set(SETTINGS_SOURCES
+)
+
+set(ENGINE_SOURCES
+)
 
 # saver/animation/ and config/model/: logic that knows no window and compiles natively too.
-set(SAVER_ANIMATION_SOURCES)
-set(SAVER_WIN32_SOURCES)
+set(SAVER_ANIMATION_SOURCES
+)
 
-set(CONFIG_MODEL_SOURCES)
-set(CONFIG_WIN32_SOURCES)
+set(SAVER_WIN32_SOURCES
+)
 
-set(APP_WIN32_SOURCES)
+set(CONFIG_MODEL_SOURCES
+)
+
+set(CONFIG_WIN32_SOURCES
+)
+
+set(APP_WIN32_SOURCES
+)
 
 # tests/: the doubles, then the tests by the program they end up in.
-set(TEST_SUPPORT_SOURCES)
-set(UNIT_TEST_SOURCES tests/unit/DateTimeTest.cpp tests/unit/TemporaryNameTest.cpp
-                      tests/unit/ValTest.cpp)
-set(UNIT_TEST_HOST_SOURCES)
-set(UNIT_TEST_WIN32_SOURCES)
-set(CONFORMANCE_TEST_SOURCES)
-set(CONFORMANCE_TEST_WIN32_SOURCES)
-set(E2E_SUPPORT_SOURCES)
-set(E2E_TEST_SOURCES)
+set(TEST_SUPPORT_SOURCES
+)
+
+set(UNIT_TEST_SOURCES
+    tests/unit/DateTimeTest.cpp
+    tests/unit/TemporaryNameTest.cpp
+    tests/unit/ValTest.cpp
+)
+
+set(UNIT_TEST_HOST_SOURCES
+)
+
+set(UNIT_TEST_WIN32_SOURCES
+)
+
+# One suite for every FileSystem, built into the unit tests.
+set(CONFORMANCE_TEST_SOURCES
+)
+
+set(CONFORMANCE_TEST_WIN32_SOURCES
+)
+
+# The end-to-end tests: what drives the real program from outside, then the tests.
+set(E2E_SUPPORT_SOURCES
+)
+
+set(E2E_TEST_SOURCES
+)

@@ -32,7 +32,15 @@ function(ambrio_test_program name)
 endfunction()
 
 if(WIN32)
-  ambrio_test_program(unit_tests ${UNIT_TEST_SOURCES} ${UNIT_TEST_WIN32_SOURCES})
+  ambrio_test_program(unit_tests ${UNIT_TEST_SOURCES} ${UNIT_TEST_WIN32_SOURCES}
+                      ${CONFORMANCE_TEST_SOURCES} ${CONFORMANCE_TEST_WIN32_SOURCES})
 else()
-  ambrio_test_program(unit_tests ${UNIT_TEST_SOURCES} ${UNIT_TEST_HOST_SOURCES})
+  ambrio_test_program(unit_tests ${UNIT_TEST_SOURCES} ${UNIT_TEST_HOST_SOURCES}
+                      ${CONFORMANCE_TEST_SOURCES})
+endif()
+
+if(WIN32 AND E2E_TEST_SOURCES)
+  add_executable(e2e_tests ${E2E_SUPPORT_SOURCES} ${E2E_TEST_SOURCES})
+  target_link_libraries(e2e_tests PRIVATE ambrio_platform gtest)
+  add_dependencies(e2e_tests Ambrio)
 endif()
