@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "saver/animation/AnimatedFrame.h"
+
+namespace ambrio {
+
+// What one step reads of the world.
+struct AnimationInputs {
+    bool RunFinished = false;
+    bool PowerSaveActive = false;
+    std::int32_t PowerSaveTimeout = 0;  // seconds from the end of the run to standing still
+    std::int32_t Interval = 100;        // milliseconds from step to step
+    std::int16_t PixelTwipsX = 15;
+    std::int16_t PixelTwipsY = 15;
+};
+
+// The frame animation: one routine for the full-screen form and the preview. A step moves the
+// frame, lets its colour walk and draws the string figures behind it. Under power saving it winds
+// down after the run and then stands still: steps cost nothing from there on.
+class FrameAnimation {
+  public:
+    // With a seed, the same steps on the same form look the same; without one, no two do.
+    explicit FrameAnimation(std::optional<std::uint32_t> seed = std::nullopt);
+    ~FrameAnimation();
+    FrameAnimation(const FrameAnimation&) = delete;
+    FrameAnimation& operator=(const FrameAnimation&) = delete;
+
+    // The first call sets everything up, for this frame and the size its form has then.
+    void Step(AnimatedFrame& frame, const AnimationInputs& inputs);
+
+  private:
+    struct State;
+
+    std::optional<std::uint32_t> seed_;
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace ambrio
