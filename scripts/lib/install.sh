@@ -1,0 +1,55 @@
+# Installs the Debian packages that a script needs and lacks. Sourced after common.sh.
+
+BUILD_PACKAGES=(cmake ninja-build g++ googletest g++-mingw-w64-i686 g++-mingw-w64-x86-64)
+CHECK_PACKAGES=(clang clang-format clang-tidy)
+RUN_PACKAGES=(wine wine64 xvfb xauth imagemagick x11-apps procps util-linux)
+
+is_installed() { [ "$(dpkg-query -W -f='${db:Status-Abbrev}' "$1" 2>/dev/null)" = "ii " ]; }
+
+# The package lists, fetched at most once. A list that cannot be fetched (the one of the other
+# architecture's security updates now and then) is no reason to stop: what matters is whether the
+# packages can be installed.
+AMBRIO_LISTS_FETCHED=
+fetch_lists() {
+    [ -z "$AMBRIO_LISTS_FETCHED" ] || return 0
+    as_root apt-get update -qq >/dev/null 2>&1 || true
+    AMBRIO_LISTS_FETCHED=yes
+}
+
+install_packages() {
+    mkdir -p "$AMBRIO_BUILD"
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
+        -t bookworm "$@" >"$AMBRIO_BUILD/install.log" 2>&1 </dev/null
+}
+
+# need PACKAGE...: makes sure that all of them are there.
+need() {
+    local package missing=()
+    for package in "$@"; do
+        is_installed "$package" || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    step "Installing ${missing[*]}"
+    fetch_lists
+    install_packages "${missing[@]}" || {
+        tail -n 20 "$AMBRIO_BUILD/install.log" >&2
+        fail "these packages cannot be installed: ${missing[*]}"
+    }
+}
+
+# Installs Wine and says, in AMBRIO_PRESET, which product it can run: win32, or win64 where the
+# 32-bit Wine is not to be had.
+need_wine() {
+    need "${RUN_PACKAGES[@]}"
+    AMBRIO_PRESET=win32
+    if ! is_installed wine32:i386; then
+        step "Installing the 32-bit Wine"
+        as_root dpkg --add-architecture i386
+        AMBRIO_LISTS_FETCHED=
+        fetch_lists
+        if ! install_packages wine wine64 wine32:i386; then
+            step "The 32-bit Wine cannot be installed here; going on with the 64-bit program"
+            AMBRIO_PRESET=win64
+        fi
+    fi
+}
