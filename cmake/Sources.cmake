@@ -41,10 +41,18 @@ set(APP_WIN32_SOURCES
 
 # tests/: the doubles, then the tests by the program they end up in.
 set(TEST_SUPPORT_SOURCES
+    tests/support/MemoryFileSystem.cpp
+    tests/support/MemoryFileSystemSetup.cpp
+    tests/support/MemoryHandles.cpp
+    tests/support/MemoryNode.cpp
+    tests/support/MemoryPath.cpp
+    tests/support/NameFolding.cpp
+    tests/support/TestCodePage.cpp
 )
 
 set(UNIT_TEST_SOURCES
     tests/unit/DateTimeTest.cpp
+    tests/unit/MemoryFileSystemTest.cpp
     tests/unit/TemporaryNameTest.cpp
     tests/unit/ValTest.cpp
 )

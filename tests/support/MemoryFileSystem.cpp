@@ -1,0 +1,306 @@
+#include "tests/support/MemoryFileSystem.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/RuntimeError.h"
+#include "platform/TemporaryName.h"
+#include "tests/support/MemoryHandles.h"
+#include "tests/support/NameFolding.h"
+
+namespace ambrio {
+namespace {
+
+constexpr int kMostLinks = 31;
+constexpr std::size_t kChunk = 1 << 20;
+constexpr FileAttributes kSettable = 0x31A7;  // read-only to archive, temporary, offline, ...
+
+[[noreturn]] void Fail(ErrorNumber number) {
+    throw RuntimeError(number);
+}
+
+void RequireFree(const MemoryNode& node) {
+    if (node.Locked || node.OpenStreams > 0) {
+        Fail(ErrorNumber::PermissionDenied);
+    }
+}
+
+void RequireWritable(const MemoryNode& folder) {
+    if (folder.WritingDenied) {
+        Fail(ErrorNumber::PermissionDenied);
+    }
+}
+
+// What stands in the way of a copy; `old` is what has the destination name now, if anything.
+void RequireReplaceable(const MemoryNode::Pointer& old, const MemoryNode::Pointer& source,
+                        bool overwrite) {
+    if (!old) {
+        return;
+    }
+    if (!overwrite) {
+        Fail(ErrorNumber::FileAlreadyExists);
+    }
+    if (old->IsFolder() || old->IsReadOnly() || old == source) {
+        Fail(ErrorNumber::PermissionDenied);
+    }
+}
+
+}  // namespace
+
+MemoryFileSystem::MemoryFileSystem() {
+    SetVolume(L"C:", true);
+}
+
+bool MemoryFileSystem::FileExists(const std::wstring& path) {
+    try {
+        return !Find(path, LastLink::Keep)->IsFolder();
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool MemoryFileSystem::FolderExists(const std::wstring& path) {
+    try {
+        return Find(path, LastLink::Keep)->IsFolder();
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+FileEntry MemoryFileSystem::GetFile(const std::wstring& path) {
+    const MemoryNode::Pointer file = FindFile(path);
+    if (!file->IsLink()) {
+        return file->Entry();
+    }
+    FileEntry entry = file->Entry();
+    try {
+        entry = FindFile(file->LinkTarget)->Entry();
+        entry.Name = file->Name;
+    } catch (const RuntimeError&) {
+        // A link that leads nowhere is described by itself.
+        return entry;
+    }
+    return entry;
+}
+
+std::unique_ptr<FolderReader> MemoryFileSystem::GetFolder(const std::wstring& path) {
+    const MemoryNode::Pointer folder = FindIfThere(path, LastLink::Follow);
+    if (!folder || !folder->IsFolder()) {
+        Fail(ErrorNumber::PathNotFound);
+    }
+    if (folder->ListingDenied) {
+        Fail(ErrorNumber::PermissionDenied);
+    }
+    return std::make_unique<MemoryFolderReader>(folder, openHandles_);
+}
+
+std::optional<FolderIdentity> MemoryFileSystem::IdentityOf(const std::wstring& folder) {
+    try {
+        const MemoryNode::Pointer node = Find(folder, LastLink::Follow);
+        if (node->IsFolder()) {
+            return FolderIdentity{node->Volume.Id, node->Id};
+        }
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+void MemoryFileSystem::CreateFolder(const std::wstring& path) {
+    if (FindIfThere(path, LastLink::Keep)) {
+        Fail(ErrorNumber::FileAlreadyExists);
+    }
+    const Place place = PlaceOf(path);
+    RequireWritable(*place.Folder);
+    place.Folder->Add(NewNode(place.Folder->Volume, place.Name, kAttributeDirectory));
+}
+
+void MemoryFileSystem::SetAttributes(const std::wstring& path, FileAttributes attributes) {
+    MemoryNode& node = *Find(path, LastLink::Keep);
+    node.Attributes = (node.Attributes & ~kSettable) | (attributes & kSettable);
+}
+
+void MemoryFileSystem::DeleteFile(const std::wstring& path, bool force) {
+    const MemoryNode::Pointer file = FindFile(path);
+    RequireFree(*file);
+    if (file->IsReadOnly() && !force) {
+        Fail(ErrorNumber::PermissionDenied);
+    }
+    PlaceOf(path).Folder->Remove(file);
+}
+
+void MemoryFileSystem::CopyFile(const std::wstring& source, const std::wstring& destination,
+                                bool overwrite, const Yield& yield) {
+    const MemoryNode::Pointer from = FindIfThere(source, LastLink::Follow);
+    if (!from || from->IsFolder()) {
+        Fail(ErrorNumber::FileNotFound);
+    }
+    const Place place = PlaceOf(destination);
+    RequireReplaceable(place.Folder->Child(place.Name), from, overwrite);
+    if (from->Locked) {
+        Fail(ErrorNumber::PermissionDenied);
+    }
+    RequireWritable(*place.Folder);
+    const Place temporary{place.Folder, TemporaryName(FoldedName(place.Name), ProcessId)};
+    const MemoryNode::Pointer copy = CopyUnder(from, temporary, yield);
+    if (BeforeRename) {
+        BeforeRename();
+    }
+    try {
+        place.Folder->Volume.RequireReady();
+        const MemoryNode::Pointer old = place.Folder->Child(place.Name);
+        RequireReplaceable(old, from, overwrite);
+        if (old) {
+            RequireFree(*old);
+        }
+    } catch (const RuntimeError&) {
+        if (place.Folder->Volume.Present && place.Folder->Volume.Ready) {
+            place.Folder->Remove(copy);
+        }
+        throw;
+    }
+    place.Folder->Rename(copy, place.Name);
+}
+
+MemoryNode::Pointer MemoryFileSystem::CopyUnder(const MemoryNode::Pointer& source,
+                                                const Place& temporary, const Yield& yield) {
+    if (const MemoryNode::Pointer leftover = temporary.Folder->Child(temporary.Name)) {
+        temporary.Folder->Remove(leftover);
+    }
+    MemoryVolume& volume = temporary.Folder->Volume;
+    const MemoryNode::Pointer copy = NewNode(volume, temporary.Name, source->Attributes);
+    temporary.Folder->Add(copy);
+    copy->PretendSize(source->Size());
+    const std::string content = source->Content();
+    try {
+        for (std::size_t done = 0; done < content.size(); done += kChunk) {
+            volume.RequireReady();
+            source->Volume.RequireReady();
+            copy->Append(std::string_view(content).substr(done, kChunk));
+            if (yield) {
+                yield();
+            }
+        }
+    } catch (const RuntimeError&) {
+        if (volume.Present && volume.Ready) {
+            temporary.Folder->Remove(copy);
+        }
+        throw;
+    }
+    copy->Attributes |= kAttributeArchive;
+    copy->DateLastModified = source->DateLastModified;
+    return copy;
+}
+
+std::unique_ptr<TextStream> MemoryFileSystem::OpenForAppending(const std::wstring& path) {
+    MemoryNode::Pointer file = FindIfThere(path, LastLink::Follow);
+    if (!file) {
+        const Place place = PlaceOf(path);
+        RequireWritable(*place.Folder);
+        file = NewNode(place.Folder->Volume, place.Name, kAttributeArchive);
+        place.Folder->Add(file);
+    }
+    if (file->IsFolder() || file->IsReadOnly() || file->Locked) {
+        Fail(ErrorNumber::PermissionDenied);
+    }
+    return std::make_unique<MemoryTextStream>(*this, file);
+}
+
+bool MemoryFileSystem::IsWritableFolder(const std::wstring& path) {
+    try {
+        const MemoryNode::Pointer folder = Find(path, LastLink::Follow);
+        return folder->IsFolder() && !folder->WritingDenied;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+std::wstring MemoryFileSystem::FoldedName(const std::wstring& name) const {
+    return FoldNameForTest(name);
+}
+
+MemoryNode::Pointer MemoryFileSystem::NewNode(MemoryVolume& volume, const std::wstring& name,
+                                              FileAttributes attributes) {
+    auto node = std::make_shared<MemoryNode>(volume, name, attributes);
+    node->Id = nextId_++;
+    node->DateLastModified = Now;
+    return node;
+}
+
+MemoryNode::Pointer MemoryFileSystem::RootOf(const MemoryPath& path) const {
+    const auto volume = volumes_.find(FoldNameForTest(path.Root));
+    if (volume == volumes_.end()) {
+        Fail(ErrorNumber::PathNotFound);
+    }
+    volume->second->RequireReady();
+    return roots_.at(volume->second->Id);
+}
+
+MemoryNode::Pointer MemoryFileSystem::Find(const std::wstring& path, LastLink last,
+                                           int linksFollowed) const {
+    if (linksFollowed > kMostLinks) {
+        Fail(ErrorNumber::PathFileAccessError);
+    }
+    const MemoryPath parsed = MemoryPath::Parse(path, L"C:\\");
+    MemoryNode::Pointer node = RootOf(parsed);
+    for (std::size_t i = 0; i < parsed.Names.size(); ++i) {
+        const bool isLast = i + 1 == parsed.Names.size();
+        if (!node->IsFolder()) {
+            Fail(ErrorNumber::PathNotFound);
+        }
+        if (!IsPossibleName(parsed.Names[i])) {
+            Fail(ErrorNumber::BadFileNameOrNumber);
+        }
+        node = node->Child(parsed.Names[i]);
+        if (!node) {
+            Fail(isLast ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
+        }
+        if (node->IsLink() && (!isLast || last == LastLink::Follow)) {
+            node = Find(node->LinkTarget, LastLink::Follow, linksFollowed + 1);
+        }
+    }
+    return node;
+}
+
+MemoryNode::Pointer MemoryFileSystem::FindIfThere(const std::wstring& path, LastLink last) const {
+    try {
+        return Find(path, last);
+    } catch (const RuntimeError& error) {
+        if (error.Number() != ErrorNumber::FileNotFound) {
+            throw;
+        }
+        return nullptr;
+    }
+}
+
+MemoryNode::Pointer MemoryFileSystem::FindFile(const std::wstring& path) const {
+    MemoryNode::Pointer node = Find(path, LastLink::Keep);
+    if (node->IsFolder()) {
+        Fail(ErrorNumber::FileNotFound);
+    }
+    return node;
+}
+
+MemoryFileSystem::Place MemoryFileSystem::PlaceOf(const std::wstring& path) const {
+    MemoryPath parsed = MemoryPath::Parse(path, L"C:\\");
+    MemoryNode::Pointer root = RootOf(parsed);
+    if (parsed.Names.empty()) {
+        Fail(ErrorNumber::PermissionDenied);
+    }
+    const std::wstring name = parsed.Names.back();
+    parsed.Names.pop_back();
+    std::wstring folder = parsed.Root + L'\\';
+    for (const std::wstring& level : parsed.Names) {
+        folder = BuildPath(folder, level);
+    }
+    const MemoryNode::Pointer node = FindIfThere(folder, LastLink::Follow);
+    if (!node || !node->IsFolder()) {
+        Fail(ErrorNumber::PathNotFound);
+    }
+    if (!IsPossibleName(name)) {
+        Fail(ErrorNumber::BadFileNameOrNumber);
+    }
+    return {node, name};
+}
+
+}  // namespace ambrio
