@@ -72,7 +72,32 @@ set(CONFORMANCE_TEST_WIN32_SOURCES
 
 # The end-to-end tests: what drives the real program from outside, then the tests.
 set(E2E_SUPPORT_SOURCES
+    tests/e2e/Main.cpp
+    tests/e2e/support/Files.cpp
+    tests/e2e/support/Handles.cpp
+    tests/e2e/support/Input.cpp
+    tests/e2e/support/LogText.cpp
+    tests/e2e/support/MessageBoxProbe.cpp
+    tests/e2e/support/ProgramFolder.cpp
+    tests/e2e/support/ProgramTest.cpp
+    tests/e2e/support/Registry.cpp
+    tests/e2e/support/RunningProgram.cpp
+    tests/e2e/support/SettingsFixture.cpp
+    tests/e2e/support/TestTree.cpp
+    tests/e2e/support/Text.cpp
+    tests/e2e/support/Waiting.cpp
+    tests/e2e/support/WindowProbe.cpp
 )
 
 set(E2E_TEST_SOURCES
+    tests/e2e/SupportTest.cpp
+)
+
+# Programs that stand in for what the real one meets on a user's machine.
+set(E2E_STANDIN_SAVER_SOURCES
+    tests/e2e/standin/StandInSaver.cpp
+)
+
+set(E2E_STANDIN_PASSWORD_SOURCES
+    tests/e2e/standin/StandInPassword.cpp
 )

@@ -42,5 +42,22 @@ endif()
 if(WIN32 AND E2E_TEST_SOURCES)
   add_executable(e2e_tests ${E2E_SUPPORT_SOURCES} ${E2E_TEST_SOURCES})
   target_link_libraries(e2e_tests PRIVATE ambrio_platform gtest)
-  add_dependencies(e2e_tests Ambrio)
+
+  # What the tests put in place of another screen saver and of the system's password module.
+  add_executable(StandInSaver WIN32 ${E2E_STANDIN_SAVER_SOURCES})
+  target_link_libraries(StandInSaver PRIVATE ambrio_compiler_settings)
+  target_link_options(StandInSaver PRIVATE -municode)
+  set_target_properties(StandInSaver PROPERTIES SUFFIX .scr)
+  add_library(StandInPassword MODULE ${E2E_STANDIN_PASSWORD_SOURCES}
+                                     tests/e2e/standin/StandInPassword.def)
+  target_link_libraries(StandInPassword PRIVATE ambrio_compiler_settings)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    # The module's function is looked up by its plain name.
+    target_link_options(StandInPassword PRIVATE -Wl,--enable-stdcall-fixup)
+  endif()
+  set_target_properties(StandInPassword PROPERTIES PREFIX "")
+  add_dependencies(e2e_tests StandInSaver StandInPassword)
+  if(TARGET Ambrio)
+    add_dependencies(e2e_tests Ambrio)
+  endif()
 endif()

@@ -8,6 +8,7 @@
 #include <windows.h>
 // The ones below need the first.
 #include <commctrl.h>
+#include <oleauto.h>
 #include <shellapi.h>
 
 #undef CopyFile

@@ -1,0 +1,21 @@
+#pragma once
+
+// What the end-to-end tests and the programs that stand in for others tell each other: values of
+// one registry key below HKEY_CURRENT_USER, which needs no path that both would have to know.
+namespace ambrio::e2e {
+
+// Everything that the tests keep in the registry for themselves lies below this key.
+inline constexpr const wchar_t* kTestKey = L"Software\\Ambrio end-to-end tests";
+inline constexpr const wchar_t* kStandInKey = L"Software\\Ambrio end-to-end tests\\StandIn";
+
+// Written by the stand-in for a secondary screen saver, the show state first.
+inline constexpr const wchar_t* kSaverShowState = L"SaverShowState";      // REG_DWORD
+inline constexpr const wchar_t* kSaverCommandLine = L"SaverCommandLine";  // REG_SZ
+
+// The stand-in password module: what it is to answer, and how often it was asked and for which
+// window.
+inline constexpr const wchar_t* kPasswordAnswer = L"PasswordAnswer";  // REG_DWORD, 0 or 1
+inline constexpr const wchar_t* kPasswordCalls = L"PasswordCalls";    // REG_DWORD
+inline constexpr const wchar_t* kPasswordWindow = L"PasswordWindow";  // REG_DWORD
+
+}  // namespace ambrio::e2e

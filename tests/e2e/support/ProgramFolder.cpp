@@ -1,0 +1,64 @@
+#include "tests/e2e/support/ProgramFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <system_error>
+
+#include "tests/e2e/support/Files.h"
+
+namespace ambrio::e2e {
+
+namespace {
+
+std::wstring ProgramToTest() {
+    wchar_t buffer[4096];
+    const DWORD length = GetEnvironmentVariableW(L"AMBRIO_PROGRAM", buffer, 4096);
+    if (length > 0 && length < 4096) {
+        return std::wstring(buffer, length);
+    }
+    return TestProgramFolder() + L"\\Ambrio.scr";
+}
+
+void CopyPlainFile(const std::wstring& from, const std::wstring& to) {
+    if (CopyFileW(from.c_str(), to.c_str(), TRUE) == 0) {
+        ThrowWin32Error("copying the program into a folder of its own");
+    }
+}
+
+std::wstring NewFolder() {
+    for (int number = 0;; ++number) {
+        std::wstring path = TemporaryFolder() + L"\\Ambrio" +
+                            std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(number);
+        if (CreateDirectoryW(path.c_str(), nullptr) != 0) {
+            return path;
+        }
+        if (GetLastError() != ERROR_ALREADY_EXISTS) {
+            ThrowWin32Error("making a folder for the program");
+        }
+    }
+}
+
+}  // namespace
+
+ProgramFolder::ProgramFolder(const std::wstring& programName)
+    : path_(NewFolder()), program_(path_ + L"\\" + programName) {
+    const std::wstring source = ProgramToTest();
+    const std::wstring clip = source.substr(0, source.find_last_of(L'\\')) + L"\\filecopy.avi";
+    try {
+        CopyPlainFile(source, program_);
+        CopyPlainFile(clip, Below(L"filecopy.avi"));
+    } catch (const std::system_error&) {
+        RemoveTree(path_);
+        throw;
+    }
+}
+
+ProgramFolder::~ProgramFolder() {
+    try {
+        RemoveTree(path_);
+    } catch (const std::system_error& error) {
+        ADD_FAILURE() << "the program's folder stays behind: " << error.what();
+    }
+}
+
+}  // namespace ambrio::e2e

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+namespace ambrio::e2e {
+
+// A folder of a test's own with a copy of the program and of the clip that belongs beside it. The
+// program is taken from beside this test program, or from the path in the environment variable
+// AMBRIO_PROGRAM. The folder and all that was made in it are removed by the destructor; a folder
+// that cannot be removed fails the test that is running.
+class ProgramFolder {
+  public:
+    // `programName` is the name that the copy gets. Throws std::system_error when there is no
+    // program to copy.
+    explicit ProgramFolder(const std::wstring& programName = L"Ambrio.scr");
+    ~ProgramFolder();
+    ProgramFolder(const ProgramFolder&) = delete;
+    ProgramFolder& operator=(const ProgramFolder&) = delete;
+
+    // No separator at the end of any of these.
+    [[nodiscard]] const std::wstring& Path() const { return path_; }
+    [[nodiscard]] const std::wstring& Program() const { return program_; }
+    [[nodiscard]] std::wstring LogFile() const { return path_ + L"\\Ambrio.log"; }
+    // A path below the folder; nothing is made.
+    [[nodiscard]] std::wstring Below(const std::wstring& relative) const {
+        return path_ + L"\\" + relative;
+    }
+
+  private:
+    std::wstring path_;
+    std::wstring program_;
+};
+
+}  // namespace ambrio::e2e

@@ -1,0 +1,77 @@
+#include "tests/e2e/support/ProgramTest.h"
+
+#include <stdexcept>
+
+#include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/TestTree.h"
+#include "tests/e2e/support/Text.h"
+
+namespace ambrio::e2e {
+
+ProgramTest::ProgramTest() : userTemporaryFolder_(TemporaryFolder()) {
+    // The program's temporary files come here, where whatever stays behind is seen.
+    SetTemporaryFolder(Folder.Below(L"Temp"));
+    MakeFolders(Folder.Below(L"Temp"));
+}
+
+ProgramTest::~ProgramTest() {
+    SetTemporaryFolder(userTemporaryFolder_);
+}
+
+void ProgramTest::TearDown() {
+    ExpectNothingLeft();
+}
+
+RunningProgram& ProgramTest::Start(const std::wstring& arguments) {
+    if (program_) {
+        ExpectNothingLeft();
+    }
+    program_ = std::make_unique<RunningProgram>(Folder.Program(), arguments);
+    return *program_;
+}
+
+RunningProgram& ProgramTest::Program() {
+    if (!program_) {
+        throw std::logic_error("the test has not started the program");
+    }
+    return *program_;
+}
+
+WindowProbe ProgramTest::WindowTitled(const std::wstring& title) {
+    const std::optional<WindowProbe> window = WaitForWindow(Program().ProcessId(), title);
+    if (!window) {
+        throw std::runtime_error("no window has the title " + Utf8(title));
+    }
+    return *window;
+}
+
+MessageBoxProbe ProgramTest::WaitForBox() {
+    const std::optional<MessageBoxProbe> box = MessageBoxProbe::Wait(Program().ProcessId());
+    if (!box) {
+        throw std::runtime_error("no message box is shown");
+    }
+    return *box;
+}
+
+void ProgramTest::SetTemporaryFolder(const std::wstring& path) {
+    SetEnvironmentVariableW(L"TEMP", path.c_str());
+    SetEnvironmentVariableW(L"TMP", path.c_str());
+}
+
+void ProgramTest::ExpectNothingLeft() {
+    if (!program_) {
+        return;
+    }
+    EXPECT_TRUE(program_->WaitForEnd()) << "the program still runs";
+    EXPECT_TRUE(WaitUntil([this] { return program_->ProcessCount() == 0; }))
+        << "something that the program has started still runs";
+    program_->Kill();
+    EXPECT_TRUE(TopLevelWindows(program_->ProcessId()).empty()) << "a window is left";
+    EXPECT_TRUE(SameTree({}, ReadTree(Folder.Below(L"Temp")))) << "temporary files are left";
+}
+
+bool RunsOnWine() {
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+}  // namespace ambrio::e2e

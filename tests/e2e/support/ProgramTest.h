@@ -1,0 +1,59 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "tests/e2e/support/Input.h"
+#include "tests/e2e/support/LogText.h"
+#include "tests/e2e/support/MessageBoxProbe.h"
+#include "tests/e2e/support/ProgramFolder.h"
+#include "tests/e2e/support/RunningProgram.h"
+#include "tests/e2e/support/SettingsFixture.h"
+#include "tests/e2e/support/WindowProbe.h"
+
+namespace ambrio::e2e {
+
+// A test of the real program: a folder of its own, empty settings, and the check afterwards that
+// the program has ended and left no process, no window and no temporary file. What a helper waits
+// for in vain is thrown as std::runtime_error, which fails the test.
+class ProgramTest : public testing::Test {
+  protected:
+    ProgramTest();
+    ~ProgramTest() override;
+    void TearDown() override;
+
+    // Starts the program with these arguments. Only one at a time is looked after; what was
+    // started before must have ended.
+    RunningProgram& Start(const std::wstring& arguments);
+    [[nodiscard]] RunningProgram& Program();
+
+    // Waits for a visible top-level window of the program.
+    [[nodiscard]] WindowProbe WindowTitled(const std::wstring& title);
+    // Waits for a message box of the program.
+    [[nodiscard]] MessageBoxProbe WaitForBox();
+    // True when the program ends soon.
+    [[nodiscard]] bool Ends() { return Program().WaitForEnd(); }
+    // True when the program goes on running for a while.
+    [[nodiscard]] bool GoesOn() { return !Program().WaitForEnd(kWhile); }
+
+    [[nodiscard]] LogText Log() const { return LogText(Folder.LogFile()); }
+
+    ProgramFolder Folder;
+    SettingsFixture Settings;
+
+  private:
+    void SetTemporaryFolder(const std::wstring& path);
+    void ExpectNothingLeft();
+
+    PointerGuard pointer_;
+    std::wstring userTemporaryFolder_;
+    std::unique_ptr<RunningProgram> program_;
+};
+
+// True under Wine, where some of the system's behaviour cannot be seen. Only to decide whether a
+// test is skipped.
+[[nodiscard]] bool RunsOnWine();
+
+}  // namespace ambrio::e2e
