@@ -1,7 +1,19 @@
 # The product. It is named Ambrio.scr, as the display settings look for that ending.
-if(SAVER_WIN32_SOURCES)
-  ambrio_room(saver SOURCES ${SAVER_WIN32_SOURCES} LINKS ambrio_saver_animation)
-endif()
+set(saver_links ambrio_saver_model)
+foreach(room saver_animation engine)
+  if(TARGET ambrio_${room})
+    list(APPEND saver_links ambrio_${room})
+  endif()
+endforeach()
+ambrio_room(saver SOURCES ${SAVER_WIN32_SOURCES} LINKS ${saver_links})
 if(CONFIG_WIN32_SOURCES)
   ambrio_room(config SOURCES ${CONFIG_WIN32_SOURCES} LINKS ambrio_config_model)
 endif()
+
+# What the program carries in itself; the unit tests carry the same.
+configure_file(resources/Ambrio.manifest.in generated/Ambrio.manifest @ONLY)
+set(AMBRIO_RESOURCES ${CMAKE_SOURCE_DIR}/resources/Ambrio.rc)
+file(GLOB resource_parts CONFIGURE_DEPENDS resources/*.rc resources/*.h resources/*.ico)
+set_source_files_properties(
+  ${AMBRIO_RESOURCES} PROPERTIES OBJECT_DEPENDS
+                                 "${resource_parts};${CMAKE_BINARY_DIR}/generated/Ambrio.manifest")

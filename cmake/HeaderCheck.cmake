@@ -1,8 +1,8 @@
 # Every header compiles alone: each becomes the only line of a source file of its own. Headers that
 # may include the system's are left to the builds that have it.
 
-set(header_patterns engine/*.h settings/*.h platform/*.h saver/animation/*.h config/model/*.h
-                    tests/support/*.h tests/conformance/*.h)
+set(header_patterns engine/*.h settings/*.h platform/*.h app/model/*.h saver/animation/*.h
+                    saver/model/*.h config/model/*.h tests/support/*.h tests/conformance/*.h)
 if(WIN32)
   list(APPEND header_patterns app/*.h config/*.h saver/*.h tests/e2e/*.h)
 endif()

@@ -15,6 +15,13 @@ set(PLATFORM_HOST_SOURCES
 )
 
 set(PLATFORM_WIN32_SOURCES
+    platform/win32/BackBuffer.cpp
+    platform/win32/MessageLoop.cpp
+    platform/win32/ResourceText.cpp
+    platform/win32/RuntimeErrorBox.cpp
+    platform/win32/ScreenTwips.cpp
+    platform/win32/SystemLibrary.cpp
+    platform/win32/Window.cpp
 )
 
 set(SETTINGS_SOURCES
@@ -23,17 +30,33 @@ set(SETTINGS_SOURCES
 set(ENGINE_SOURCES
 )
 
-# saver/animation/ and config/model/: logic that knows no window and compiles natively too.
+# saver/animation/, saver/model/, config/model/ and app/model/: logic that knows no window and
+# compiles natively too.
 set(SAVER_ANIMATION_SOURCES
 )
 
+set(SAVER_MODEL_SOURCES
+    saver/model/Ellipsis.cpp
+    saver/model/InputRules.cpp
+)
+
 set(SAVER_WIN32_SOURCES
+    saver/CopyFrame.cpp
+    saver/FormTimer.cpp
+    saver/PanelLabelWindow.cpp
+    saver/PanelPainter.cpp
+    saver/Pointer.cpp
+    saver/StatusPanelView.cpp
+    saver/Windows9x.cpp
 )
 
 set(CONFIG_MODEL_SOURCES
 )
 
 set(CONFIG_WIN32_SOURCES
+)
+
+set(APP_MODEL_SOURCES
 )
 
 set(APP_WIN32_SOURCES
@@ -53,6 +76,8 @@ set(TEST_SUPPORT_SOURCES
 set(UNIT_TEST_SOURCES
     tests/unit/DateTimeTest.cpp
     tests/unit/MemoryFileSystemTest.cpp
+    tests/unit/EllipsisTest.cpp
+    tests/unit/InputRulesTest.cpp
     tests/unit/TemporaryNameTest.cpp
     tests/unit/ValTest.cpp
 )

@@ -5,6 +5,8 @@
 
 namespace ambrio {
 
+inline constexpr wchar_t kApplicationTitle[] = L"Ambrio";
+
 // The process-wide values. Main fills them once, before any form exists; everything below receives
 // them by reference and only reads them.
 struct Application {

@@ -19,7 +19,7 @@ set(scope PUBLIC)
 if(support_type STREQUAL "INTERFACE_LIBRARY")
   set(scope INTERFACE)
 endif()
-foreach(room platform settings engine saver_animation config_model)
+foreach(room platform settings engine saver_animation saver_model app_model saver config_model)
   if(TARGET ambrio_${room})
     target_link_libraries(ambrio_test_support ${scope} ambrio_${room})
   endif()
@@ -32,7 +32,7 @@ function(ambrio_test_program name)
 endfunction()
 
 if(WIN32)
-  ambrio_test_program(unit_tests ${UNIT_TEST_SOURCES} ${UNIT_TEST_WIN32_SOURCES}
+  ambrio_test_program(unit_tests ${AMBRIO_RESOURCES} ${UNIT_TEST_SOURCES} ${UNIT_TEST_WIN32_SOURCES}
                       ${CONFORMANCE_TEST_SOURCES} ${CONFORMANCE_TEST_WIN32_SOURCES})
 else()
   ambrio_test_program(unit_tests ${UNIT_TEST_SOURCES} ${UNIT_TEST_HOST_SOURCES}

@@ -1,0 +1,13 @@
+#pragma once
+
+namespace ambrio {
+
+// The screen's twips per pixel, across and down, as the system tells a system-dpi-aware program.
+struct ScreenTwips {
+    double X = 15;
+    double Y = 15;
+};
+
+[[nodiscard]] ScreenTwips ReadScreenTwips();
+
+}  // namespace ambrio

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "platform/win32/GdiHandles.h"
+#include "platform/win32/Window.h"
+
+namespace ambrio {
+
+// fraAni: the frame inside the panel with the clip that plays while files are copied. It starts
+// hidden and lets the pointer through to the panel. A clip that cannot be opened leaves it empty.
+class CopyFrame : public Window {
+  public:
+    // Place in pixels of the parent.
+    CopyFrame(HWND parent, const RECT& place);
+    ~CopyFrame() override;
+
+    void OpenClip(const std::wstring& path);
+    void PlayClip();
+    void StopClip();
+    void CloseClip();
+
+    // Comes up in front of the labels that it covers.
+    void Show(bool visible);
+    [[nodiscard]] bool IsShown() const { return isShown_; }
+    void SetBackColor(COLORREF colour);
+
+  protected:
+    LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    HWND animation_ = nullptr;  // Animation1, a child
+    UniqueBrush background_;
+    COLORREF colour_ = 0;
+    bool isShown_ = false;
+};
+
+}  // namespace ambrio

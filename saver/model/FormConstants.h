@@ -1,0 +1,20 @@
+#pragma once
+
+#include <chrono>
+
+namespace ambrio {
+
+// The caption of the full-screen form; a second instance finds the first one by it.
+inline constexpr wchar_t kScreenSaverCaption[] = L"Ambrio Screen Saver";
+
+// The intervals of the form's timers.
+inline constexpr std::chrono::milliseconds kDoTheBizInterval{150};
+inline constexpr std::chrono::milliseconds kKeepOnRunninInterval{100};
+inline constexpr std::chrono::milliseconds kEndInterval{1000};
+
+// ShowCursor counts: the pointer is shown until the count is this or more, hidden until it is this
+// or less, so that it stays so whatever else the process or its libraries do.
+inline constexpr int kPointerShownCount = 6;
+inline constexpr int kPointerHiddenCount = -6;
+
+}  // namespace ambrio
