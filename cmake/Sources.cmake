@@ -86,6 +86,9 @@ set(UNIT_TEST_HOST_SOURCES
 )
 
 set(UNIT_TEST_WIN32_SOURCES
+    tests/unit/FormTimerTest.cpp
+    tests/unit/PointerTest.cpp
+    tests/unit/StatusPanelViewTest.cpp
 )
 
 # One suite for every FileSystem, built into the unit tests.

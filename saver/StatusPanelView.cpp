@@ -169,6 +169,9 @@ LRESULT StatusPanelView::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             EndPaint(Handle(), &paint);
             return 0;
         }
+        case WM_PRINTCLIENT:
+            CopyPicture(reinterpret_cast<HDC>(wParam), WholePicture());
+            return 0;
         case WM_LBUTTONDOWN:
         case WM_RBUTTONDOWN:
         case WM_MBUTTONDOWN:

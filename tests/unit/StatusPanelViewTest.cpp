@@ -1,0 +1,299 @@
+#include "saver/StatusPanelView.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <utility>
+
+#include "platform/Twips.h"
+
+namespace ambrio {
+namespace {
+
+// A hidden form with a panel on it.
+class Panel {
+  public:
+    explicit Panel(int dotsPerInch = 96)
+        : form_(CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1600, 1200, nullptr, nullptr,
+                                nullptr, nullptr)),
+          View(std::make_unique<StatusPanelView>(form_, TwipsPerPixel(dotsPerInch),
+                                                 TwipsPerPixel(dotsPerInch), L"A slogan.",
+                                                 [this] { ++MouseDowns; })) {}
+    ~Panel() {
+        View.reset();
+        CloseForm();
+    }
+    Panel(const Panel&) = delete;
+    Panel& operator=(const Panel&) = delete;
+
+    void CloseForm() { DestroyWindow(std::exchange(form_, nullptr)); }
+
+    [[nodiscard]] HWND Control(PanelControl control) const {
+        if (control == PanelControl::fraStatus) {
+            return View->Handle();
+        }
+        const HWND parent =
+            control == PanelControl::Animation1 ? Control(PanelControl::fraAni) : View->Handle();
+        return GetDlgItem(parent, static_cast<int>(control));
+    }
+
+    // As another program reads it.
+    [[nodiscard]] std::wstring Text(PanelControl control) const {
+        const auto length = SendMessageW(Control(control), WM_GETTEXTLENGTH, 0, 0);
+        std::wstring text(static_cast<std::size_t>(length) + 1, L'#');
+        text.resize(static_cast<std::size_t>(SendMessageW(Control(control), WM_GETTEXT, text.size(),
+                                                          reinterpret_cast<LPARAM>(text.data()))));
+        return text;
+    }
+
+    // In pixels of the parent.
+    [[nodiscard]] RECT Place(PanelControl control) const {
+        RECT place;
+        GetWindowRect(Control(control), &place);
+        MapWindowPoints(nullptr, GetParent(Control(control)), reinterpret_cast<POINT*>(&place), 2);
+        return place;
+    }
+
+    // What the panel looks like at this moment.
+    [[nodiscard]] BackBuffer Picture() const {
+        RECT area;
+        GetClientRect(View->Handle(), &area);
+        BackBuffer picture(area.right, area.bottom);
+        SendMessageW(View->Handle(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(picture.DC()),
+                     PRF_CLIENT);
+        return picture;
+    }
+
+  private:
+    HWND form_;
+
+  public:
+    int MouseDowns = 0;
+    std::unique_ptr<StatusPanelView> View;
+};
+
+struct Place {
+    PanelControl Control;
+    int Left, Top, Width, Height;
+};
+
+constexpr Place kPlaces[] = {
+    {PanelControl::fraStatus, 0, 0, 6165, 2745},
+    {PanelControl::zblFixed0, 120, 240, 900, 345},
+    {PanelControl::lblSet, 1155, 240, 4740, 405},
+    {PanelControl::zblFixed1, 120, 635, 900, 345},
+    {PanelControl::lblSource, 1140, 640, 4740, 410},
+    {PanelControl::zblFixed2, 120, 1030, 900, 345},
+    {PanelControl::lblDest, 1140, 1040, 4740, 410},
+    {PanelControl::zblFixed3, 120, 1455, 900, 345},
+    {PanelControl::lblFile, 1140, 1440, 4740, 405},
+    {PanelControl::zblFixed4, 120, 1920, 1035, 300},
+    {PanelControl::lblChecked, 1110, 1905, 750, 300},
+    {PanelControl::zblFixed5, 120, 2160, 1440, 300},
+    {PanelControl::lblcopied, 1110, 2145, 750, 300},
+    {PanelControl::Label2, 120, 2400, 1320, 300},
+    {PanelControl::lblRemoved, 1395, 2385, 465, 300},
+    {PanelControl::lblfsoStatus, 2985, 2070, 2445, 240},
+    {PanelControl::Label1, 2295, 2475, 3780, 240},
+    {PanelControl::fraAni, 1935, 1650, 4140, 825},
+};
+
+TEST(StatusPanelView, PutsEveryControlAtItsPlaceAtEveryResolution) {
+    for (const int dotsPerInch : {96, 120, 144, 192}) {
+        const Panel panel(dotsPerInch);
+        const auto pixels = [dotsPerInch](int twips) {
+            return std::lround(twips * dotsPerInch / 1440.0);
+        };
+        for (const auto& [control, left, top, width, height] : kPlaces) {
+            SCOPED_TRACE(testing::Message() << static_cast<int>(control) << " at " << dotsPerInch);
+            const RECT place = panel.Place(control);
+            EXPECT_EQ(pixels(left), place.left);
+            EXPECT_EQ(pixels(top), place.top);
+            EXPECT_EQ(pixels(left + width), place.right);
+            EXPECT_EQ(pixels(top + height), place.bottom);
+        }
+    }
+}
+
+TEST(StatusPanelView, ShowsItsDesignCaptionsBeforeTheFirstSet) {
+    const struct {
+        PanelControl Control;
+        const wchar_t* Caption;
+    } captions[] = {
+        {PanelControl::fraStatus, L"Ambrio"},
+        {PanelControl::zblFixed0, L"Set:"},
+        {PanelControl::zblFixed1, L"Source:"},
+        {PanelControl::zblFixed2, L"Destination:"},
+        {PanelControl::zblFixed3, L"File:"},
+        {PanelControl::zblFixed4, L"Files checked:"},
+        {PanelControl::zblFixed5, L"Files copied:"},
+        {PanelControl::Label2, L"Copies removed:"},
+        {PanelControl::Label1, L"A slogan."},
+        {PanelControl::lblSet, L"-"},
+        {PanelControl::lblSource, L"-"},
+        {PanelControl::lblDest, L"-"},
+        {PanelControl::lblFile, L"-"},
+        {PanelControl::lblChecked, L"0"},
+        {PanelControl::lblcopied, L"0"},
+        {PanelControl::lblRemoved, L"0"},
+        {PanelControl::lblfsoStatus, L"Label3"},
+    };
+    const Panel panel;
+    for (const auto& [control, caption] : captions) {
+        EXPECT_EQ(caption, panel.Text(control));
+        EXPECT_TRUE(IsWindow(panel.Control(control)));
+    }
+}
+
+TEST(StatusPanelView, SetsTheCaptionOfEachLabelAndOfTheFrame) {
+    const Panel panel;
+    for (int i = 0; i <= static_cast<int>(PanelLabel::lblfsoStatus); ++i) {
+        const auto label = static_cast<PanelLabel>(i);
+        panel.View->SetCaption(label, L"caption " + std::to_wstring(i));
+        EXPECT_EQ(L"caption " + std::to_wstring(i), panel.View->Caption(label));
+        EXPECT_EQ(panel.View->Caption(label), panel.Text(ControlOf(label)));
+    }
+    panel.View->SetTitle(L"Ambrio v1.0");
+    EXPECT_EQ(L"Ambrio v1.0", panel.Text(PanelControl::fraStatus));
+}
+
+TEST(StatusPanelView, KeepsALongPathWholeAndDrawsNoMoreThanItsBox) {
+    const Panel panel;
+    const BackBuffer before = panel.Picture();
+    const std::wstring path = L"C:\\" + std::wstring(30000, L'M');
+    panel.View->SetCaption(PanelLabel::lblSource, path);
+    EXPECT_EQ(path, panel.Text(PanelControl::lblSource));
+    const BackBuffer after = panel.Picture();
+    const RECT box = panel.Place(PanelControl::lblSource);
+    int changedInside = 0;
+    for (int y = 0; y < after.Height(); ++y) {
+        for (int x = 0; x < after.Width(); ++x) {
+            const bool inside = x >= box.left && x < box.right && y >= box.top && y < box.bottom;
+            const bool changed = GetPixel(before.DC(), x, y) != GetPixel(after.DC(), x, y);
+            changedInside += inside && changed ? 1 : 0;
+            ASSERT_FALSE(changed && !inside) << x << ", " << y;
+        }
+    }
+    EXPECT_GT(changedInside, 500);
+}
+
+TEST(StatusPanelView, ShowsACaptionWithoutLeftoversOfTheOneBefore) {
+    const Panel panel;
+    const BackBuffer before = panel.Picture();
+    for (const PanelLabel label : {PanelLabel::lblFile, PanelLabel::lblChecked,
+                                   PanelLabel::lblRemoved, PanelLabel::lblfsoStatus}) {
+        const std::wstring caption = panel.View->Caption(label);
+        panel.View->SetCaption(label, L"8888888888");
+        panel.View->SetCaption(label, caption);
+    }
+    const BackBuffer after = panel.Picture();
+    for (int y = 0; y < after.Height(); ++y) {
+        for (int x = 0; x < after.Width(); ++x) {
+            ASSERT_EQ(GetPixel(before.DC(), x, y), GetPixel(after.DC(), x, y)) << x << ", " << y;
+        }
+    }
+}
+
+TEST(StatusPanelView, TakesItsColours) {
+    const Panel panel;
+    panel.View->SetBackColor({200, 10, 30});
+    panel.View->SetLabelColours({{255, 255, 255}, {240, 240, 240}, {40, 2, 6}});
+    panel.View->Redraw();
+    const BackBuffer picture = panel.Picture();
+    EXPECT_EQ(RGB(200, 10, 30), GetPixel(picture.DC(), 0, picture.Height() / 2));
+    const RECT box = panel.Place(PanelControl::lblFile);
+    EXPECT_EQ(RGB(40, 2, 6), GetPixel(picture.DC(), box.right - 1, box.top));
+}
+
+TEST(StatusPanelView, ShowsTheCopyFrameInTheColourItWasMatchedWith) {
+    const Panel panel;
+    const HWND frame = panel.Control(PanelControl::fraAni);
+    const auto isVisible = [frame] { return (GetWindowLongW(frame, GWL_STYLE) & WS_VISIBLE) != 0; };
+    EXPECT_FALSE(isVisible());
+    panel.View->SetBackColor({1, 2, 3});
+    panel.View->MatchCopyFrameColour();
+    panel.View->SetBackColor({4, 5, 6});
+    panel.View->ShowCopyFrame(true);
+    EXPECT_TRUE(isVisible());
+    const BackBuffer scratch(1, 1);
+    const auto brush = reinterpret_cast<HBRUSH>(
+        SendMessageW(frame, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(scratch.DC()), 0));
+    LOGBRUSH colour{};
+    ASSERT_NE(0, GetObjectW(brush, sizeof(colour), &colour));
+    EXPECT_EQ(RGB(1, 2, 3), colour.lbColor);
+    panel.View->ShowCopyFrame(false);
+    EXPECT_FALSE(isVisible());
+}
+
+TEST(StatusPanelView, DoesWithoutAClip) {
+    const Panel panel;
+    EXPECT_NE(nullptr, panel.Control(PanelControl::Animation1));
+    panel.View->OpenClip(L"C:\\there is no such clip.avi");
+    panel.View->PlayClip();
+    panel.View->StopClip();
+    panel.View->CloseClip();
+}
+
+TEST(StatusPanelView, ReportsEveryButtonAndNoMovement) {
+    const Panel panel;
+    for (const UINT message : {WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN, WM_XBUTTONDOWN}) {
+        SendMessageW(panel.View->Handle(), message, 0, MAKELPARAM(5, 5));
+    }
+    EXPECT_EQ(4, panel.MouseDowns);
+    SendMessageW(panel.View->Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+    SendMessageW(panel.View->Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(50, 50));
+    EXPECT_EQ(4, panel.MouseDowns);
+}
+
+TEST(StatusPanelView, LetsThePointerThroughItsChildren) {
+    const Panel panel;
+    for (const Place& place : kPlaces) {
+        if (place.Control != PanelControl::fraStatus) {
+            EXPECT_EQ(HTTRANSPARENT,
+                      SendMessageW(panel.Control(place.Control), WM_NCHITTEST, 0, 0));
+        }
+    }
+}
+
+TEST(StatusPanelView, MovesInTwips) {
+    const Panel panel(144);
+    panel.View->Move(1005, 495);
+    EXPECT_EQ((TwipsRect{1005, 495, 6165, 2745}), panel.View->Place());
+    const RECT place = panel.Place(PanelControl::fraStatus);
+    EXPECT_EQ(101, place.left);  // 100.5
+    EXPECT_EQ(50, place.top);    // 49.5
+}
+
+TEST(StatusPanelView, OutlivesItsForm) {
+    Panel panel;
+    panel.CloseForm();
+    EXPECT_EQ(nullptr, panel.View->Handle());
+    panel.View->SetCaption(PanelLabel::lblFile, L"still here");
+    EXPECT_EQ(L"still here", panel.View->Caption(PanelLabel::lblFile));
+    panel.View->SetTitle(L"Ambrio");
+    panel.View->ShowCopyFrame(true);
+    panel.View->ShowCopyFrame(false);
+    panel.View->CloseClip();
+    panel.View->Move(15, 15);
+}
+
+TEST(StatusPanelView, LeavesNoHandleBehind) {
+    const auto count = [](DWORD kind) { return GetGuiResources(GetCurrentProcess(), kind); };
+    { const Panel first; }
+    const DWORD gdi = count(GR_GDIOBJECTS);
+    const DWORD user = count(GR_USEROBJECTS);
+    if (gdi == 0) {
+        GTEST_SKIP() << "this system does not count handles (Wine)";
+    }
+    for (int i = 0; i < 20; ++i) {
+        const Panel panel;
+        panel.View->Redraw();
+        panel.View->SetCaption(PanelLabel::lblFile, std::to_wstring(i));
+    }
+    EXPECT_LE(count(GR_GDIOBJECTS), gdi + 2);
+    EXPECT_LE(count(GR_USEROBJECTS), user + 2);
+}
+
+}  // namespace
+}  // namespace ambrio
