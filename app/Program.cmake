@@ -17,3 +17,11 @@ file(GLOB resource_parts CONFIGURE_DEPENDS resources/*.rc resources/*.h resource
 set_source_files_properties(
   ${AMBRIO_RESOURCES} PROPERTIES OBJECT_DEPENDS
                                  "${resource_parts};${CMAKE_BINARY_DIR}/generated/Ambrio.manifest")
+
+add_executable(Ambrio WIN32 ${APP_WIN32_SOURCES} ${AMBRIO_RESOURCES})
+set_target_properties(Ambrio PROPERTIES SUFFIX .scr)
+target_link_options(Ambrio PRIVATE -municode)
+target_link_libraries(Ambrio PRIVATE ambrio_app_model ambrio_saver)
+if(TARGET ambrio_config)
+  target_link_libraries(Ambrio PRIVATE ambrio_config)
+endif()

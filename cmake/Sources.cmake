@@ -6,6 +6,7 @@ set(PLATFORM_SOURCES
     platform/DateTime.cpp
     platform/FileSystem.cpp
     platform/ForwardingFileSystem.cpp
+    platform/Rounding.cpp
     platform/RuntimeError.cpp
     platform/TemporaryName.cpp
     platform/Val.cpp
@@ -36,18 +37,22 @@ set(SAVER_ANIMATION_SOURCES
 )
 
 set(SAVER_MODEL_SOURCES
+    saver/model/DesktopSettings.cpp
     saver/model/Ellipsis.cpp
     saver/model/InputRules.cpp
 )
 
 set(SAVER_WIN32_SOURCES
     saver/CopyFrame.cpp
+    saver/FormLoad.cpp
     saver/FormTimer.cpp
+    saver/FormUnload.cpp
     saver/PanelLabelWindow.cpp
     saver/PanelPainter.cpp
     saver/Pointer.cpp
     saver/StatusPanelView.cpp
     saver/Windows9x.cpp
+    saver/frmScreenSaver.cpp
 )
 
 set(CONFIG_MODEL_SOURCES
@@ -57,9 +62,14 @@ set(CONFIG_WIN32_SOURCES
 )
 
 set(APP_MODEL_SOURCES
+    app/model/CommandSwitch.cpp
+    app/model/ModeDispatch.cpp
 )
 
 set(APP_WIN32_SOURCES
+    app/Main.cpp
+    app/PasswordChange.cpp
+    app/WinMain.cpp
 )
 
 # tests/: the doubles, then the tests by the program they end up in.
@@ -74,10 +84,14 @@ set(TEST_SUPPORT_SOURCES
 )
 
 set(UNIT_TEST_SOURCES
+    tests/unit/CommandSwitchTest.cpp
     tests/unit/DateTimeTest.cpp
-    tests/unit/MemoryFileSystemTest.cpp
+    tests/unit/DesktopSettingsTest.cpp
     tests/unit/EllipsisTest.cpp
     tests/unit/InputRulesTest.cpp
+    tests/unit/MemoryFileSystemTest.cpp
+    tests/unit/ModeDispatchTest.cpp
+    tests/unit/RoundingTest.cpp
     tests/unit/TemporaryNameTest.cpp
     tests/unit/ValTest.cpp
 )

@@ -1,0 +1,81 @@
+#include "app/Main.h"
+
+#include <memory>
+
+#include "app/PasswordChange.h"
+#include "app/model/ModeDispatch.h"
+#include "platform/FileSystem.h"
+#include "platform/TextConversion.h"
+#include "platform/win32/MessageLoop.h"
+#include "platform/win32/ScreenTwips.h"
+#include "saver/frmScreenSaver.h"
+
+namespace ambrio {
+namespace {
+
+void EndMessageLoop() {
+    PostQuitMessage(0);
+}
+
+// The faces of the program, and the forms that are loaded.
+class Program : public Modes {
+  public:
+    explicit Program(const Application& application) : application_(application) {}
+
+    void ShowConfiguration() override {}
+    bool IsNotRunning(const std::wstring& title) override {
+        return FindWindowW(nullptr, title.c_str()) == nullptr;
+    }
+    void ShowScreenSaver() override {
+        screenSaver_ = std::make_unique<frmScreenSaver>(application_, EndMessageLoop);
+        screenSaver_->Show();
+    }
+    void LoadPreview() override {}
+    void ChangePassword() override { ChangeScreenSaverPassword(application_.ParentWindow); }
+
+    [[nodiscard]] bool HasLoadedForms() const { return screenSaver_ != nullptr; }
+
+  private:
+    const Application& application_;
+    std::unique_ptr<frmScreenSaver> screenSaver_;
+};
+
+// The folder that the program file lies in, without a separator at its end.
+std::wstring FolderOfProgram() {
+    std::wstring path(MAX_PATH, L'\0');
+    DWORD length = 0;
+    while ((length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()))) ==
+           path.size()) {
+        path.resize(2 * path.size());
+    }
+    path.resize(length);
+    const std::size_t separator = path.find_last_of(L'\\');
+    return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator);
+}
+
+// The values that every other part reads; set before any form exists.
+Application ReadApplication(const std::wstring& commandLine) {
+    Application application;
+    application.Title = kApplicationTitle;
+    application.CommandLine = commandLine;
+    application.ProgramFolder = FolderOfProgram();
+    application.HelpFile =
+        FileSystem::BuildPath(application.ProgramFolder, application.Title + L".HLP");
+    const ScreenTwips twips = ReadScreenTwips();
+    application.PixelTwipsX = RoundToInt16(twips.X);
+    application.PixelTwipsY = RoundToInt16(twips.Y);
+    return application;
+}
+
+}  // namespace
+
+void Main(HINSTANCE, const std::wstring& commandLine) {
+    Application application = ReadApplication(commandLine);
+    Program program(application);
+    EnterMode(application, program);
+    if (program.HasLoadedForms()) {
+        RunMessageLoop();
+    }
+}
+
+}  // namespace ambrio

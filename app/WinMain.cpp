@@ -1,0 +1,18 @@
+#include <new>
+
+#include "app/Main.h"
+#include "platform/win32/RuntimeErrorBox.h"
+
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR commandLine, int) {
+    // A long copy holds the one thread that there is; the system must not cover the screen with a
+    // bleached picture that says so.
+    DisableProcessWindowsGhosting();
+    try {
+        ambrio::Main(instance, commandLine);
+    } catch (const ambrio::RuntimeError& error) {
+        ambrio::EndWithRuntimeError(error);
+    } catch (const std::bad_alloc&) {
+        ambrio::EndWithRuntimeError(ambrio::RuntimeError(ambrio::ErrorNumber::OutOfMemory));
+    }
+    return 0;
+}

@@ -1,0 +1,32 @@
+#include "app/model/CommandSwitch.h"
+
+#include "platform/TextConversion.h"
+#include "platform/Val.h"
+
+namespace ambrio {
+namespace {
+
+constexpr std::size_t kSwitchLength = 2;
+
+wchar_t UpperCase(wchar_t c) {
+    return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
+}
+
+}  // namespace
+
+std::wstring SwitchOf(const std::wstring& commandLine) {
+    std::wstring text = commandLine.substr(0, kSwitchLength);
+    for (wchar_t& c : text) {
+        c = UpperCase(c);
+    }
+    return text.empty() ? L"/C" : text;
+}
+
+std::int32_t WindowHandleOf(const std::wstring& commandLine) {
+    if (commandLine.size() <= kSwitchLength) {
+        return 0;
+    }
+    return RoundToInt32(Val(commandLine.substr(kSwitchLength)));
+}
+
+}  // namespace ambrio

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Application.h"
+
+namespace ambrio {
+
+// The faces of the program, one of which the command line selects. None of them waits for the form
+// that it shows.
+class Modes {
+  public:
+    virtual ~Modes() = default;
+
+    virtual void ShowConfiguration() = 0;
+    // True when there is no top-level window with exactly this title.
+    virtual bool IsNotRunning(const std::wstring& title) = 0;
+    virtual void ShowScreenSaver() = 0;
+    // Loads the preview form into Application::ParentWindow, without showing it.
+    virtual void LoadPreview() = 0;
+    // Calls the system's password-change dialog with Application::ParentWindow as its owner.
+    virtual void ChangePassword() = 0;
+};
+
+// Enters the one mode that the command line selects, or none for an unknown switch. Sets
+// Application::ParentWindow for those that need it. Throws RuntimeError when the number of that
+// window is out of range; then no mode was entered.
+void EnterMode(Application& application, Modes& modes);
+
+}  // namespace ambrio
