@@ -34,6 +34,17 @@ set(ENGINE_SOURCES
 # saver/animation/, saver/model/, config/model/ and app/model/: logic that knows no window and
 # compiles natively too.
 set(SAVER_ANIMATION_SOURCES
+    saver/animation/ColourFamily.cpp
+    saver/animation/ColourWalk.cpp
+    saver/animation/Contrast.cpp
+    saver/animation/FrameAnimation.cpp
+    saver/animation/FrameMotion.cpp
+    saver/animation/LightBuffer.cpp
+    saver/animation/LineSet.cpp
+    saver/animation/Random.cpp
+    saver/animation/StringFigure.cpp
+    saver/animation/StringFigures.cpp
+    saver/animation/WindingDown.cpp
 )
 
 set(SAVER_MODEL_SOURCES

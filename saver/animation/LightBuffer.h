@@ -1,0 +1,70 @@
+#pragma once
+
+#include <array>
+#include <compare>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "saver/animation/Colour.h"
+
+namespace ambrio {
+
+// A line in the raster's own measure: 256ths of a pixel, whole numbers throughout, so that taking
+// a line out undoes putting it in to the last bit.
+struct RasterLine {
+    std::int32_t FromX;
+    std::int32_t FromY;
+    std::int32_t ToX;
+    std::int32_t ToY;
+
+    auto operator<=>(const RasterLine&) const = default;
+};
+
+// Pixels: right and bottom are the first ones outside.
+struct PixelRect {
+    std::int32_t Left;
+    std::int32_t Top;
+    std::int32_t Right;
+    std::int32_t Bottom;
+
+    bool operator==(const PixelRect&) const = default;
+};
+
+// Light on a dark ground. Lines add up where they cross, in any order; a pixel shows the sum
+// through a curve that never quite reaches full white, so that crossings glow and none is a blot.
+class LightBuffer {
+  public:
+    // `pixels` holds width * height values 0x00RRGGBB, top row first, is black and not owned.
+    LightBuffer(std::int32_t width, std::int32_t height, std::uint32_t* pixels);
+
+    // The thickness of lines put in from here on, in 256ths of a pixel. To be set before the first.
+    void SetThickness(std::int32_t thickness);
+
+    // Replaces the light of a line: from black puts it in, to black takes it out.
+    void Change(const RasterLine& line, Colour from, Colour to);
+
+    // The parts of the picture that changed since the last call, without overlaps.
+    [[nodiscard]] std::span<const PixelRect> TakeChanges();
+
+  private:
+    struct Walk;
+    using Sum = std::uint64_t;  // red, green and blue in 16 bits each
+
+    void Touch(std::int32_t x, std::int32_t y, Sum change);
+    void MarkTile(std::int32_t x, std::int32_t y);
+    template <bool Steep>
+    void Draw(const Walk& walk, std::span<const Sum> changes);
+
+    std::int32_t width_;
+    std::int32_t height_;
+    std::uint32_t* pixels_;
+    std::int32_t thickness_ = 256;
+    std::int32_t tileColumns_;
+    std::int32_t tileRows_;
+    std::vector<Sum> sums_;
+    std::vector<std::uint8_t> tiles_;
+    std::vector<PixelRect> changes_;
+};
+
+}  // namespace ambrio

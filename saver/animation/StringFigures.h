@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "saver/animation/Colour.h"
+#include "saver/animation/Line.h"
+#include "saver/animation/Random.h"
+#include "saver/animation/StringFigure.h"
+
+namespace ambrio {
+
+// The picture on the form: string figures beside each other, as many as the form has room for.
+// When one has had its time, another one grows in its place while it fades.
+class StringFigures {
+  public:
+    // Width and height of the form in twips.
+    StringFigures(std::int32_t width, std::int32_t height, Random& random);
+
+    void Step(Colour frame, double pace);
+
+    // All strings; valid until the next step.
+    [[nodiscard]] std::span<const Line> Lines() const { return lines_; }
+
+  private:
+    struct Slot {
+        double Wait;  // steps until the next figure begins
+        std::vector<StringFigure> Figures;
+    };
+
+    [[nodiscard]] StringFigure::Place AnyPlace(std::size_t slot);
+
+    double width_;
+    double height_;
+    Random& random_;
+    std::vector<Slot> slots_;
+    std::vector<Line> lines_;
+};
+
+}  // namespace ambrio
