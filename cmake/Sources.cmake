@@ -58,6 +58,7 @@ set(SAVER_WIN32_SOURCES
     saver/FormLoad.cpp
     saver/FormTimer.cpp
     saver/FormUnload.cpp
+    saver/PanelFrame.cpp
     saver/PanelLabelWindow.cpp
     saver/PanelPainter.cpp
     saver/Pointer.cpp
@@ -111,9 +112,12 @@ set(UNIT_TEST_HOST_SOURCES
 )
 
 set(UNIT_TEST_WIN32_SOURCES
+    tests/unit/BackBufferTest.cpp
     tests/unit/FormTimerTest.cpp
     tests/unit/PointerTest.cpp
     tests/unit/StatusPanelViewTest.cpp
+    tests/unit/SystemLibraryTest.cpp
+    tests/unit/WindowTest.cpp
 )
 
 # One suite for every FileSystem, built into the unit tests.

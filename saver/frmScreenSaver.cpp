@@ -54,6 +54,11 @@ LRESULT frmScreenSaver::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
                 return 0;
             }
             return Window::Receive(message, wParam, lParam);
+        case WM_DISPLAYCHANGE:
+            if (!StaysOrdinaryWindow(application_.CommandLine)) {
+                SetMaxSize();
+            }
+            return 0;
         case WM_CLOSE:
             CloseRequested();
             return 0;
