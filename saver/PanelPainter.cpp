@@ -1,6 +1,7 @@
 #include "saver/PanelPainter.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "platform/Twips.h"
 #include "saver/model/Ellipsis.h"
@@ -25,10 +26,25 @@ Colour Between(Colour a, Colour b) {
     return {half(a.Red, b.Red), half(a.Green, b.Green), half(a.Blue, b.Blue)};
 }
 
-UniqueFont MakeFont(int pixels, int weight) {
+UniqueFont MakeFont(const wchar_t* face, int pixels, int weight) {
     return UniqueFont(CreateFontW(-pixels, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                                   OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY,
-                                  VARIABLE_PITCH | FF_SWISS, L"Tahoma"));
+                                  VARIABLE_PITCH | FF_SWISS, face));
+}
+
+// The layout was drawn for the first of these faces; the others are as narrow. A system without
+// any of them chooses by itself.
+UniqueFont MakePanelFont(HDC dc, int pixels, int weight) {
+    for (const wchar_t* face : {L"Tahoma", L"DejaVu Sans Condensed", L"Arial"}) {
+        UniqueFont font = MakeFont(face, pixels, weight);
+        const SelectedObject selected(dc, font.get());
+        wchar_t chosen[LF_FACESIZE];
+        GetTextFaceW(dc, LF_FACESIZE, chosen);
+        if (std::wstring_view(chosen) == face) {
+            return font;
+        }
+    }
+    return MakeFont(L"Tahoma", pixels, weight);
 }
 
 SIZE Extent(HDC dc, const std::wstring& text) {
@@ -57,10 +73,10 @@ RECT PixelRect(const TwipsRect& place, double twipsPerPixelX, double twipsPerPix
 PanelPainter::PanelPainter(double twipsPerPixelX, double twipsPerPixelY, const PanelTexts& texts)
     : twipsPerPixelX_(twipsPerPixelX),
       twipsPerPixelY_(twipsPerPixelY),
-      font_(MakeFont(Down(kTextHeight), FW_NORMAL)),
-      captionFont_(MakeFont(Down(kTextHeight), FW_BOLD)),
       background_(Across(kStatusFramePlace.Width), Down(kStatusFramePlace.Height)),
-      picture_(background_.Width(), background_.Height()) {
+      picture_(background_.Width(), background_.Height()),
+      font_(MakePanelFont(picture_.DC(), Down(kTextHeight), FW_NORMAL)),
+      captionFont_(MakePanelFont(picture_.DC(), Down(kTextHeight), FW_BOLD)) {
     SetBkMode(background_.DC(), TRANSPARENT);
     SetBkMode(picture_.DC(), TRANSPARENT);
     SettleReaches(texts);
@@ -77,8 +93,8 @@ RECT PanelPainter::PixelsOf(const TwipsRect& place) const {
     return PixelRect(place, twipsPerPixelX_, twipsPerPixelY_);
 }
 
-// A fixed text is shown whole, also where it is wider than its box; a count may use the room up to
-// the fixed text on its left.
+// A fixed text is shown whole, also where it is wider than its box; a count may also use the room
+// that the fixed text on its left leaves.
 void PanelPainter::SettleReaches(const PanelTexts& texts) {
     const SelectedObject font(picture_.DC(), font_.get());
     for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {

@@ -50,10 +50,10 @@ class PanelPainter {
 
     double twipsPerPixelX_;
     double twipsPerPixelY_;
-    UniqueFont font_;
-    UniqueFont captionFont_;
     BackBuffer background_;  // everything but the labels
     BackBuffer picture_;
+    UniqueFont font_;
+    UniqueFont captionFont_;
     std::array<RECT, kPanelLabels.size()> reach_{};
     std::wstring caption_ = kPanelDesignTitle;
     Colour backColor_{24, 56, 112};
