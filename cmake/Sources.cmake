@@ -58,6 +58,7 @@ set(SAVER_WIN32_SOURCES
     saver/FormLoad.cpp
     saver/FormTimer.cpp
     saver/FormUnload.cpp
+    saver/LineCanvas.cpp
     saver/PanelFrame.cpp
     saver/PanelLabelWindow.cpp
     saver/PanelPainter.cpp
