@@ -97,16 +97,23 @@ set(TEST_SUPPORT_SOURCES
 )
 
 set(UNIT_TEST_SOURCES
+    tests/unit/ColourWalkTest.cpp
     tests/unit/CommandSwitchTest.cpp
+    tests/unit/ContrastTest.cpp
     tests/unit/DateTimeTest.cpp
     tests/unit/DesktopSettingsTest.cpp
     tests/unit/EllipsisTest.cpp
+    tests/unit/FrameAnimationTest.cpp
+    tests/unit/FrameMotionTest.cpp
     tests/unit/InputRulesTest.cpp
+    tests/unit/LightBufferTest.cpp
     tests/unit/MemoryFileSystemTest.cpp
     tests/unit/ModeDispatchTest.cpp
     tests/unit/RoundingTest.cpp
+    tests/unit/StringFiguresTest.cpp
     tests/unit/TemporaryNameTest.cpp
     tests/unit/ValTest.cpp
+    tests/unit/WindingDownTest.cpp
 )
 
 set(UNIT_TEST_HOST_SOURCES

@@ -14,7 +14,7 @@ constexpr double kFastest = 32;
 constexpr double kStepsToCross = 450;
 
 constexpr double kSwayStep = 2 * std::numbers::pi / 700;  // a sway takes 70 seconds
-constexpr double kSwayAngle = 0.004;                      // the largest turn in one step
+constexpr double kSwayAngle = 0.0015;                     // the largest turn in one step
 
 }  // namespace
 
@@ -33,11 +33,14 @@ std::int32_t FrameMotion::Axis::Step(double pace, std::int32_t room) {
     const double lowest = std::min(room, 0);
     const double highest = std::max(room, 0);
     Position += Speed * pace;
-    if (Position <= lowest) {
+    if (Position < lowest) {
+        Position = 2 * lowest - Position;
         Speed = std::fabs(Speed);
-    } else if (Position >= highest) {
+    } else if (Position > highest) {
+        Position = 2 * highest - Position;
         Speed = -std::fabs(Speed);
     }
+    // Only a form that has shrunk or has hardly any room needs this.
     Position = std::clamp(Position, lowest, highest);
     const double wholePixels = std::round(Position / PixelTwips) * PixelTwips;
     return static_cast<std::int32_t>(std::clamp(wholePixels, lowest, highest));

@@ -67,9 +67,9 @@ class StringFigure {
     double turning_;  // radians a string
     double offset_;   // of the second hand
     double hueStart_;
-    double round_;  // strings in one round
-    double laid_;   // strings in the figure's whole life
-    double progress_ = 0;
+    double round_;          // strings in one round
+    double laid_;           // strings in the figure's whole life
+    double progress_ = -1;  // the first step spans the first string
     double next_ = 0;
     std::vector<String> strings_;  // oldest first
 };

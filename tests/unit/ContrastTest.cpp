@@ -1,0 +1,46 @@
+#include "saver/animation/Contrast.h"
+
+#include <gtest/gtest.h>
+
+namespace ambrio {
+namespace {
+
+constexpr Colour kBlack{};
+constexpr Colour kWhite{255, 255, 255};
+
+TEST(Contrast, IsMeasuredFromOneToTwentyOne) {
+    EXPECT_DOUBLE_EQ(ContrastRatio(kBlack, kWhite), 21);
+    EXPECT_DOUBLE_EQ(ContrastRatio(kWhite, kBlack), 21);
+    EXPECT_DOUBLE_EQ(ContrastRatio({90, 120, 7}, {90, 120, 7}), 1);
+    EXPECT_NEAR(ContrastRatio({0x76, 0x76, 0x76}, kWhite), 4.54, 0.01);
+}
+
+TEST(LabelColours, AreDarkOnALightSumAndLightOnADarkOne) {
+    EXPECT_EQ(LabelColoursOn({128, 128, 128}).Text, kBlack);
+    EXPECT_EQ(LabelColoursOn({255, 129, 0}).Text, kBlack);
+    EXPECT_EQ(LabelColoursOn({255, 128, 0}).Text, kWhite);
+    EXPECT_EQ(LabelColoursOn({127, 128, 128}).Text, kWhite);
+}
+
+TEST(LabelColours, CountAComponentAsLightFromHalfWay) {
+    EXPECT_EQ(LabelColoursOn({128, 127, 200}).Caption, (Colour{0, 80, 0}));
+    EXPECT_EQ(LabelColoursOn({128, 127, 0}).Caption, (Colour{190, 255, 255}));
+}
+
+TEST(LabelColours, LeaveThePlateInTheFramesColourWhereThatIsReadable) {
+    EXPECT_EQ(LabelColoursOn({20, 40, 90}).Plate, (Colour{20, 40, 90}));
+    EXPECT_NE(LabelColoursOn({0, 200, 0}).Plate, (Colour{0, 200, 0}));
+}
+
+TEST(LabelColours, AreReadableOnEveryFrameColour) {
+    for (int code = 0; code < 52 * 52 * 52; ++code) {
+        const auto component = [](int part) { return static_cast<std::uint8_t>(part % 52 * 5); };
+        const Colour frame{component(code), component(code / 52), component(code / 52 / 52)};
+        const LabelColours labels = LabelColoursOn(frame);
+        ASSERT_GE(ContrastRatio(labels.Text, labels.Plate), 4.5) << code;
+        ASSERT_GE(ContrastRatio(labels.Caption, labels.Plate), 4.5) << code;
+    }
+}
+
+}  // namespace
+}  // namespace ambrio

@@ -1,0 +1,115 @@
+#include "saver/animation/StringFigures.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "saver/animation/ColourFamily.h"
+#include "saver/animation/LightBuffer.h"
+#include "saver/animation/LineSet.h"
+#include "tests/support/RecordingFrame.h"
+
+namespace ambrio {
+namespace {
+
+constexpr Colour kFrame{60, 120, 200};
+
+TEST(LineColour, IsBrightOnEveryFrameColourAndDimmedByStrength) {
+    for (const Colour frame : {Colour{}, Colour{255, 255, 255}, Colour{0, 9, 0}, kFrame}) {
+        for (const double place : {-1.0, 0.0, 1.0}) {
+            const Colour full = LineColour(frame, place, 1);
+            EXPECT_EQ(std::max({full.Red, full.Green, full.Blue}), 255);
+            const Colour half = LineColour(frame, place, 0.5);
+            EXPECT_EQ(std::max({half.Red, half.Green, half.Blue}), 128);
+            EXPECT_EQ(LineColour(frame, place, 0), Colour{});
+        }
+    }
+}
+
+TEST(LineColour, KeepsToTheFramesHue) {
+    const Colour red = LineColour({200, 10, 10}, 0, 1);
+    EXPECT_GT(red.Red, red.Green);
+    EXPECT_EQ(red.Green, red.Blue);
+    const Colour blue = LineColour({10, 10, 90}, 0, 1);
+    EXPECT_GT(blue.Blue, blue.Red);
+    EXPECT_GT(LineColour({200, 10, 10}, 1, 1).Green, red.Green) << "towards yellow";
+    EXPECT_GT(LineColour({200, 10, 10}, -1, 1).Blue, red.Blue) << "towards magenta";
+}
+
+// The share of pixels that show any light, and how much light they show, both in percent.
+struct Coverage {
+    double Lit = 0;
+    double Brightness = 0;
+};
+
+Coverage Measure(const std::vector<std::uint32_t>& pixels) {
+    Coverage coverage;
+    for (const std::uint32_t pixel : pixels) {
+        const std::uint32_t brightest = std::max({pixel >> 16, (pixel >> 8) & 0xFF, pixel & 0xFF});
+        coverage.Lit += brightest > 24 ? 1 : 0;
+        coverage.Brightness += brightest / 255.0;
+    }
+    coverage.Lit *= 100.0 / static_cast<double>(pixels.size());
+    coverage.Brightness *= 100.0 / static_cast<double>(pixels.size());
+    return coverage;
+}
+
+TEST(StringFigures, AreNeverAnEmptyScreenNorNoiseNorAFlatFill) {
+    constexpr std::int32_t kWidth = 1024;
+    constexpr std::int32_t kHeight = 768;
+    for (std::uint32_t seed = 1; seed <= 4; ++seed) {
+        Random random(seed);
+        StringFigures figures(kWidth * 15, kHeight * 15, random);
+        for (int step = 1; step <= 3000; ++step) {
+            figures.Step(kFrame, 1);
+            if (step % 500 != 0) {
+                continue;
+            }
+            std::vector<std::uint32_t> pixels(std::size_t{kWidth} * kHeight);
+            LightBuffer buffer(kWidth, kHeight, pixels.data());
+            LineSet(15, 15).Show(figures.Lines(), buffer);
+            const Coverage coverage = Measure(pixels);
+            EXPECT_GT(coverage.Lit, 2) << "seed " << seed << ", step " << step;
+            EXPECT_LT(coverage.Lit, 45) << "seed " << seed << ", step " << step;
+            EXPECT_LT(coverage.Brightness, 20) << "seed " << seed << ", step " << step;
+        }
+    }
+}
+
+TEST(StringFigures, SpanStringsAtAnEvenRateAndRetireThem) {
+    Random random(5);
+    StringFigures figures(kFormSize.Width, kFormSize.Height, random);
+    std::size_t most = 0;
+    for (int step = 0; step < 6000; ++step) {
+        const std::size_t before = figures.Lines().size();
+        figures.Step(kFrame, 1);
+        ASSERT_LE(figures.Lines().size(), before + 2) << step;
+        most = std::max(most, figures.Lines().size());
+    }
+    EXPECT_LT(most, 1000U);
+    EXPECT_GT(most, 150U);
+}
+
+TEST(StringFigures, StandStillWithoutPace) {
+    Random random(5);
+    StringFigures figures(kFormSize.Width, kFormSize.Height, random);
+    for (int step = 0; step < 300; ++step) {
+        figures.Step(kFrame, 1);
+    }
+    const std::vector<Line> before(figures.Lines().begin(), figures.Lines().end());
+    figures.Step(kFrame, 0);
+    EXPECT_TRUE(
+        std::equal(before.begin(), before.end(), figures.Lines().begin(), figures.Lines().end()));
+}
+
+TEST(StringFigures, LiveOnAFormWithoutAnySize) {
+    Random random(5);
+    StringFigures figures(0, 0, random);
+    for (int step = 0; step < 500; ++step) {
+        figures.Step(kFrame, 1);
+    }
+    EXPECT_FALSE(figures.Lines().empty());
+}
+
+}  // namespace
+}  // namespace ambrio
