@@ -32,7 +32,8 @@ FrameMotion::FrameMotion(const AnimatedFrame& frame, std::int16_t pixelTwipsX,
 std::int32_t FrameMotion::Axis::Step(double pace, std::int32_t room) {
     const double lowest = std::min(room, 0);
     const double highest = std::max(room, 0);
-    Position += Speed * pace;
+    // Brings it back into a form that has shrunk.
+    Position = std::clamp(Position, lowest, highest) + Speed * pace;
     if (Position < lowest) {
         Position = 2 * lowest - Position;
         Speed = std::fabs(Speed);
@@ -40,7 +41,7 @@ std::int32_t FrameMotion::Axis::Step(double pace, std::int32_t room) {
         Position = 2 * highest - Position;
         Speed = -std::fabs(Speed);
     }
-    // Only a form that has shrunk or has hardly any room needs this.
+    // Where there is less room than a step is long.
     Position = std::clamp(Position, lowest, highest);
     const double wholePixels = std::round(Position / PixelTwips) * PixelTwips;
     return static_cast<std::int32_t>(std::clamp(wholePixels, lowest, highest));
