@@ -143,11 +143,14 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/Input.cpp
     tests/e2e/support/LogText.cpp
     tests/e2e/support/MessageBoxProbe.cpp
+    tests/e2e/support/PanelProbe.cpp
     tests/e2e/support/ProgramFolder.cpp
     tests/e2e/support/ProgramTest.cpp
     tests/e2e/support/Registry.cpp
     tests/e2e/support/RunningProgram.cpp
+    tests/e2e/support/SaverTest.cpp
     tests/e2e/support/SettingsFixture.cpp
+    tests/e2e/support/SystemFile.cpp
     tests/e2e/support/TestTree.cpp
     tests/e2e/support/Text.cpp
     tests/e2e/support/Waiting.cpp
@@ -155,6 +158,7 @@ set(E2E_SUPPORT_SOURCES
 )
 
 set(E2E_TEST_SOURCES
+    tests/e2e/CommandLineTest.cpp
     tests/e2e/SupportTest.cpp
 )
 

@@ -11,6 +11,7 @@
 #include "tests/e2e/support/Registry.h"
 #include "tests/e2e/support/RunningProgram.h"
 #include "tests/e2e/support/TestTree.h"
+#include "tests/e2e/support/Text.h"
 
 namespace ambrio::e2e {
 namespace {
@@ -60,11 +61,7 @@ TEST_F(FolderOfItsOwn, MakesAndRemovesPathsBeyondTheClassicLimit) {
 
 TEST_F(FolderOfItsOwn, HoldsALogThatIsCutIntoRuns) {
     MakeFolders(root_);
-    SYSTEMTIME now{};
-    GetLocalTime(&now);
-    const std::string date = std::to_string(now.wYear) + "-" + std::to_string(now.wMonth) + "-" +
-                             std::to_string(now.wDay) + " " + std::to_string(now.wHour) + ":" +
-                             std::to_string(now.wMinute) + ":" + std::to_string(now.wSecond);
+    const std::string date = Utf8(PresentTime());
     const std::string separator(42, '~');
     const std::string run = separator + "\r\nAmbrio start " + date +
                             "\r\n'A' start\r\nAmbrio ended " + date + "\r\n" + separator + "\r\n";

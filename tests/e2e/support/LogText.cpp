@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cwchar>
 
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/Text.h"
@@ -12,24 +13,11 @@ namespace {
 
 constexpr const wchar_t* kStart = L"Ambrio start ";
 
-bool IsFewMinutesAgo(std::wstring text) {
-    DATE date = 0;
-    if (FAILED(VarDateFromStr(text.data(), LOCALE_USER_DEFAULT, 0, &date))) {
-        return false;
-    }
-    SYSTEMTIME now{};
-    GetLocalTime(&now);
-    DATE today = 0;
-    SystemTimeToVariantTime(&now, &today);
-    constexpr double kFewMinutes = 5.0 / (24 * 60);
-    return std::abs(today - date) < kFewMinutes;
-}
-
 std::wstring WithoutTime(const std::wstring& line) {
     for (const wchar_t* lead :
          {kStart, L"Ambrio completed ", L"Ambrio ended ", L"Ambrio interrupted "}) {
         const std::wstring prefix = lead;
-        if (line.starts_with(prefix) && IsFewMinutesAgo(line.substr(prefix.size()))) {
+        if (line.starts_with(prefix) && IsOfTheLastMinutes(line.substr(prefix.size()))) {
             return prefix + kNow;
         }
     }
@@ -60,6 +48,28 @@ std::vector<Lines> LogText::Blocks() const {
 
 bool LogText::Contains(const std::wstring& line) const {
     return std::find(lines_.begin(), lines_.end(), line) != lines_.end();
+}
+
+bool IsOfTheLastMinutes(std::wstring text) {
+    DATE date = 0;
+    if (FAILED(VarDateFromStr(text.data(), LOCALE_USER_DEFAULT, 0, &date))) {
+        return false;
+    }
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    DATE today = 0;
+    SystemTimeToVariantTime(&now, &today);
+    constexpr double kFewMinutes = 5.0 / (24 * 60);
+    return std::abs(today - date) < kFewMinutes;
+}
+
+std::wstring PresentTime() {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    wchar_t text[32];
+    std::swprintf(text, 32, L"%04d-%02d-%02d %02d:%02d:%02d", now.wYear, now.wMonth, now.wDay,
+                  now.wHour, now.wMinute, now.wSecond);
+    return text;
 }
 
 Lines Block(const Lines& inner, const std::wstring& endWord) {

@@ -28,6 +28,12 @@ class LogText {
     Lines lines_;
 };
 
+// True when the text is a date and time of the last few minutes, in the user's locale or in ISO
+// form.
+[[nodiscard]] bool IsOfTheLastMinutes(std::wstring text);
+// The present date and time as text that every locale can read.
+[[nodiscard]] std::wstring PresentTime();
+
 // A run's whole block: the separator, the start line, `inner`, the line with `endWord` (" completed
 // " and so on, blanks included) and the separator.
 [[nodiscard]] Lines Block(const Lines& inner, const std::wstring& endWord);

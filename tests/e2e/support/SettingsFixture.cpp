@@ -1,6 +1,17 @@
 #include "tests/e2e/support/SettingsFixture.h"
 
+#include <algorithm>
+
 namespace ambrio::e2e {
+
+namespace {
+
+std::vector<std::wstring> Sorted(std::vector<std::wstring> names) {
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+}  // namespace
 
 SettingsFixture::SettingsFixture() : tree_(L"Software\\VB and VBA Program Settings\\Ambrio") {}
 
@@ -32,7 +43,11 @@ std::optional<std::wstring> SettingsFixture::Read(const std::wstring& section,
 }
 
 std::vector<std::wstring> SettingsFixture::Sections() const {
-    return SubkeyNames(tree_.Path());
+    return Sorted(SubkeyNames(tree_.Path()));
+}
+
+std::vector<std::wstring> SettingsFixture::Keys(const std::wstring& section) const {
+    return Sorted(ValueNames(PathOf(section)));
 }
 
 std::wstring SettingsFixture::PathOf(const std::wstring& section) const {

@@ -33,8 +33,9 @@ class SettingsFixture {
     void Write(const std::wstring& section, const std::wstring& key, const std::wstring& value);
     [[nodiscard]] std::optional<std::wstring> Read(const std::wstring& section,
                                                    const std::wstring& key) const;
-    // All sections that exist.
+    // All sections that exist; all keys of one of them. In alphabetical order.
     [[nodiscard]] std::vector<std::wstring> Sections() const;
+    [[nodiscard]] std::vector<std::wstring> Keys(const std::wstring& section) const;
 
   private:
     [[nodiscard]] std::wstring PathOf(const std::wstring& section) const;

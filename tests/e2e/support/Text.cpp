@@ -21,6 +21,11 @@ std::wstring FromSystemCodePage(std::string_view bytes) {
     return text;
 }
 
+std::wstring WithoutReturns(std::wstring text) {
+    std::erase(text, L'\r');
+    return text;
+}
+
 std::vector<std::wstring> SplitLines(std::wstring_view text) {
     std::vector<std::wstring> lines;
     while (!text.empty()) {

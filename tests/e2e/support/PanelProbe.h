@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "saver/PanelControls.h"
+#include "tests/e2e/support/WindowProbe.h"
+
+namespace ambrio::e2e {
+
+// Looks at the panel in the saver's window.
+class PanelProbe {
+  public:
+    explicit PanelProbe(WindowProbe form) : form_(form) {}
+
+    // What a label shows; empty when there is no such control.
+    [[nodiscard]] std::wstring Caption(PanelControl control) const;
+    // The caption of the frame around it all.
+    [[nodiscard]] std::wstring Title() const { return Caption(PanelControl::fraStatus); }
+    // Screen pixels.
+    [[nodiscard]] RECT Rectangle(PanelControl control = PanelControl::fraStatus) const;
+    [[nodiscard]] POINT Centre() const;
+    [[nodiscard]] bool IsVisible(PanelControl control) const;
+    // The number that a label shows; -1 when it is none.
+    [[nodiscard]] int Number(PanelControl control) const;
+
+  private:
+    WindowProbe form_;
+};
+
+}  // namespace ambrio::e2e
