@@ -36,8 +36,10 @@ void frmScreenSaver::MakeWindow() {
     for (FormTimer* timer : {&tmrDoTheBiz_, &tmrKeepOnRunnin_, &tmrEnd_}) {
         timer->AttachTo(Handle());
     }
+    canvas_ = std::make_unique<LineCanvas>(Handle());
     panel_ = std::make_unique<StatusPanelView>(Handle(), twips_.X, twips_.Y,
                                                ResourceText(IDS_SLOGAN), [this] { InputRule(); });
+    frame_ = std::make_unique<PanelFrame>(Handle(), *panel_, *canvas_, twips_, application_);
 }
 
 void frmScreenSaver::Form_Load() {

@@ -129,7 +129,17 @@ void frmScreenSaver::tmrDoTheBiz_Timer() {
     state_.RunFinished = true;
 }
 
-void frmScreenSaver::tmrKeepOnRunnin_Timer() {}
+void frmScreenSaver::tmrKeepOnRunnin_Timer() {
+    AnimationInputs inputs;
+    inputs.RunFinished = state_.RunFinished;
+    inputs.PowerSaveActive = desktop_.PowerSaveActive;
+    inputs.PowerSaveTimeout = desktop_.PowerSaveTimeout;
+    inputs.Interval = static_cast<std::int32_t>(tmrKeepOnRunnin_.Interval().count());
+    inputs.PixelTwipsX = application_.PixelTwipsX;
+    inputs.PixelTwipsY = application_.PixelTwipsY;
+    animation_.Step(*frame_, inputs);
+    frame_->Present();
+}
 
 void frmScreenSaver::End() {
     ExitProcess(0);
@@ -138,7 +148,7 @@ void frmScreenSaver::End() {
 void frmScreenSaver::Paint() {
     PAINTSTRUCT paint;
     if (const HDC target = BeginPaint(Handle(), &paint); target != nullptr) {
-        FillRect(target, &paint.rcPaint, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+        canvas_->Paint(target, paint.rcPaint);
     }
     EndPaint(Handle(), &paint);
 }

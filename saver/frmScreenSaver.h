@@ -10,7 +10,10 @@
 #include "platform/win32/ScreenTwips.h"
 #include "platform/win32/Window.h"
 #include "saver/FormTimer.h"
+#include "saver/LineCanvas.h"
+#include "saver/PanelFrame.h"
 #include "saver/StatusPanelView.h"
+#include "saver/animation/FrameAnimation.h"
 #include "saver/model/DesktopSettings.h"
 #include "saver/model/InputRules.h"
 
@@ -73,7 +76,10 @@ class frmScreenSaver : public Window {
     FormTimer tmrDoTheBiz_;
     FormTimer tmrKeepOnRunnin_;
     FormTimer tmrEnd_;
+    std::unique_ptr<LineCanvas> canvas_;
     std::unique_ptr<StatusPanelView> panel_;
+    std::unique_ptr<PanelFrame> frame_;
+    FrameAnimation animation_;
     bool isClosing_ = false;        // an unload is under way
     bool isSessionEnding_ = false;  // nobody is there to answer
 };
