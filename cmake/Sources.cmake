@@ -77,12 +77,16 @@ set(CONFIG_WIN32_SOURCES
 set(APP_MODEL_SOURCES
     app/model/CommandSwitch.cpp
     app/model/ModeDispatch.cpp
+    app/model/PreviewCaption.cpp
 )
 
 set(APP_WIN32_SOURCES
     app/Main.cpp
     app/PasswordChange.cpp
+    app/PreviewFrame.cpp
+    app/PreviewPicture.cpp
     app/WinMain.cpp
+    app/frmControl.cpp
 )
 
 # tests/: the doubles, then the tests by the program they end up in.
@@ -109,6 +113,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/LightBufferTest.cpp
     tests/unit/MemoryFileSystemTest.cpp
     tests/unit/ModeDispatchTest.cpp
+    tests/unit/PreviewCaptionTest.cpp
     tests/unit/RoundingTest.cpp
     tests/unit/StringFiguresTest.cpp
     tests/unit/TemporaryNameTest.cpp
