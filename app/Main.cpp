@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "app/PasswordChange.h"
+#include "app/frmControl.h"
 #include "app/model/ModeDispatch.h"
 #include "platform/FileSystem.h"
 #include "platform/TextConversion.h"
@@ -30,14 +31,20 @@ class Program : public Modes {
         screenSaver_ = std::make_unique<frmScreenSaver>(application_, EndMessageLoop);
         screenSaver_->Show();
     }
-    void LoadPreview() override {}
+    void LoadPreview() override {
+        preview_ = std::make_unique<frmControl>(application_, EndMessageLoop);
+        preview_->Load();
+    }
     void ChangePassword() override { ChangeScreenSaverPassword(application_.ParentWindow); }
 
-    [[nodiscard]] bool HasLoadedForms() const { return screenSaver_ != nullptr; }
+    [[nodiscard]] bool HasLoadedForms() const {
+        return screenSaver_ != nullptr || preview_ != nullptr;
+    }
 
   private:
     const Application& application_;
     std::unique_ptr<frmScreenSaver> screenSaver_;
+    std::unique_ptr<frmControl> preview_;
 };
 
 // The folder that the program file lies in, without a separator at its end.

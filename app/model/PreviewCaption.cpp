@@ -24,10 +24,9 @@ void PreviewCaption::Advance() {
 }
 
 std::wstring PreviewCaption::Shown() const {
-    const std::wstring padded =
-        std::wstring(kWindow, L' ') +
-        std::wstring(kSentence.substr(static_cast<std::size_t>(start_ - 1),
-                                      static_cast<std::size_t>(count_)));
+    const std::wstring padded = std::wstring(kWindow, L' ') +
+                                std::wstring(kSentence.substr(static_cast<std::size_t>(start_ - 1),
+                                                              static_cast<std::size_t>(count_)));
     return padded.substr(padded.size() - kWindow);
 }
 
