@@ -3,29 +3,38 @@
 
 # platform/: what every build has, then what only one of the two worlds has.
 set(PLATFORM_SOURCES
+    platform/BooleanText.cpp
     platform/DateTime.cpp
     platform/FileSystem.cpp
     platform/ForwardingFileSystem.cpp
     platform/Rounding.cpp
     platform/RuntimeError.cpp
     platform/TemporaryName.cpp
+    platform/Trim.cpp
     platform/Val.cpp
 )
 
 set(PLATFORM_HOST_SOURCES
+    platform/TextConversionHost.cpp
 )
 
 set(PLATFORM_WIN32_SOURCES
     platform/win32/BackBuffer.cpp
     platform/win32/MessageLoop.cpp
+    platform/win32/RegistrySettingsStore.cpp
     platform/win32/ResourceText.cpp
     platform/win32/RuntimeErrorBox.cpp
     platform/win32/ScreenTwips.cpp
     platform/win32/SystemLibrary.cpp
+    platform/win32/TextConversionWin32.cpp
+    platform/win32/Win32Clock.cpp
     platform/win32/Window.cpp
 )
 
 set(SETTINGS_SOURCES
+    settings/BackupSet.cpp
+    settings/GeneralOptions.cpp
+    settings/SetList.cpp
 )
 
 set(ENGINE_SOURCES
@@ -101,6 +110,7 @@ set(TEST_SUPPORT_SOURCES
 )
 
 set(UNIT_TEST_SOURCES
+    tests/unit/BackupSetTest.cpp
     tests/unit/ColourWalkTest.cpp
     tests/unit/CommandSwitchTest.cpp
     tests/unit/ContrastTest.cpp
@@ -109,14 +119,17 @@ set(UNIT_TEST_SOURCES
     tests/unit/EllipsisTest.cpp
     tests/unit/FrameAnimationTest.cpp
     tests/unit/FrameMotionTest.cpp
+    tests/unit/GeneralOptionsTest.cpp
     tests/unit/InputRulesTest.cpp
     tests/unit/LightBufferTest.cpp
     tests/unit/MemoryFileSystemTest.cpp
     tests/unit/ModeDispatchTest.cpp
     tests/unit/PreviewCaptionTest.cpp
     tests/unit/RoundingTest.cpp
+    tests/unit/SetListTest.cpp
     tests/unit/StringFiguresTest.cpp
     tests/unit/TemporaryNameTest.cpp
+    tests/unit/TextConversionTest.cpp
     tests/unit/ValTest.cpp
     tests/unit/WindingDownTest.cpp
 )
@@ -128,8 +141,10 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/BackBufferTest.cpp
     tests/unit/FormTimerTest.cpp
     tests/unit/PointerTest.cpp
+    tests/unit/RegistrySettingsStoreTest.cpp
     tests/unit/StatusPanelViewTest.cpp
     tests/unit/SystemLibraryTest.cpp
+    tests/unit/Win32ClockTest.cpp
     tests/unit/WindowTest.cpp
 )
 

@@ -1,0 +1,31 @@
+#include "settings/BackupSet.h"
+
+#include "platform/TextConversion.h"
+#include "settings/SettingKeys.h"
+
+namespace ambrio {
+
+std::optional<BackupSet> LoadBackupSet(SettingsStore& settings, const std::wstring& name) {
+    const auto isYes = [&](const wchar_t* key) {
+        return settings.GetSetting(name, key, L"") == kYes;
+    };
+    if (!BooleanFromText(settings.GetSetting(name, kSelectedKey, BooleanText(true)))) {
+        return std::nullopt;
+    }
+    BackupSet set;
+    set.Name = name;
+    set.rsSourceDir = settings.GetSetting(name, kSourceKey, L"");
+    set.rsDestnDir = settings.GetSetting(name, kDestinationKey, L"");
+    set.rbRecursive = isYes(kRecursiveKey);
+    set.rsCopyType = settings.GetSetting(name, kCopyTypeKey, kCopyTypeDateTime);
+    set.rbOverwriteReadOnly = isYes(kOverwriteReadOnlyKey);
+    if (set.rsCopyType == kCopyTypeArchiveBit) {
+        set.rbClearArchive = isYes(kClearArchiveBitKey);
+        set.rbDeleteCopy = isYes(kDeleteCopyArchiveBitKey);
+    } else if (set.rsCopyType == kCopyTypeReadOnly) {
+        set.rbDeleteCopy = isYes(kDeleteCopyReadOnlyKey);
+    }
+    return set;
+}
+
+}  // namespace ambrio
