@@ -9,6 +9,7 @@
 #include "platform/TextConversion.h"
 #include "platform/win32/MessageLoop.h"
 #include "platform/win32/ScreenTwips.h"
+#include "platform/win32/SystemFolders.h"
 #include "saver/frmScreenSaver.h"
 
 namespace ambrio {
@@ -47,25 +48,13 @@ class Program : public Modes {
     std::unique_ptr<frmControl> preview_;
 };
 
-// The folder that the program file lies in, without a separator at its end.
-std::wstring FolderOfProgram() {
-    std::wstring path(MAX_PATH, L'\0');
-    DWORD length = 0;
-    while ((length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()))) ==
-           path.size()) {
-        path.resize(2 * path.size());
-    }
-    path.resize(length);
-    const std::size_t separator = path.find_last_of(L'\\');
-    return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator);
-}
-
 // The values that every other part reads; set before any form exists.
 Application ReadApplication(const std::wstring& commandLine) {
     Application application;
     application.Title = kApplicationTitle;
     application.CommandLine = commandLine;
-    application.ProgramFolder = FolderOfProgram();
+    application.ProgramFolder = GetProgramFolder();
+    application.LocalDataFolder = GetLocalDataFolder();
     application.HelpFile =
         FileSystem::BuildPath(application.ProgramFolder, application.Title + L".HLP");
     const ScreenTwips twips = ReadScreenTwips();

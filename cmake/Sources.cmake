@@ -7,6 +7,8 @@ set(PLATFORM_SOURCES
     platform/DateTime.cpp
     platform/FileSystem.cpp
     platform/ForwardingFileSystem.cpp
+    platform/ProgramQuotes.cpp
+    platform/RegistryValue.cpp
     platform/Rounding.cpp
     platform/RuntimeError.cpp
     platform/TemporaryName.cpp
@@ -21,10 +23,14 @@ set(PLATFORM_HOST_SOURCES
 set(PLATFORM_WIN32_SOURCES
     platform/win32/BackBuffer.cpp
     platform/win32/MessageLoop.cpp
+    platform/win32/ReadRegistryValue.cpp
     platform/win32/RegistrySettingsStore.cpp
     platform/win32/ResourceText.cpp
     platform/win32/RuntimeErrorBox.cpp
     platform/win32/ScreenTwips.cpp
+    platform/win32/StartProgram.cpp
+    platform/win32/StayAwake.cpp
+    platform/win32/SystemFolders.cpp
     platform/win32/SystemLibrary.cpp
     platform/win32/TextConversionWin32.cpp
     platform/win32/Win32Clock.cpp
@@ -125,6 +131,8 @@ set(UNIT_TEST_SOURCES
     tests/unit/MemoryFileSystemTest.cpp
     tests/unit/ModeDispatchTest.cpp
     tests/unit/PreviewCaptionTest.cpp
+    tests/unit/ProgramQuotesTest.cpp
+    tests/unit/RegistryValueTest.cpp
     tests/unit/RoundingTest.cpp
     tests/unit/SetListTest.cpp
     tests/unit/StringFiguresTest.cpp
@@ -144,6 +152,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/RegistrySettingsStoreTest.cpp
     tests/unit/StatusPanelViewTest.cpp
     tests/unit/SystemLibraryTest.cpp
+    tests/unit/SystemServicesTest.cpp
     tests/unit/Win32ClockTest.cpp
     tests/unit/WindowTest.cpp
 )

@@ -10,6 +10,7 @@
 #include <commctrl.h>
 #include <oleauto.h>
 #include <shellapi.h>
+#include <shlobj.h>
 
 #undef CopyFile
 #undef CreateFile

@@ -1,0 +1,39 @@
+#include "platform/ProgramQuotes.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace ambrio {
+namespace {
+
+bool IsExtension(std::wstring_view text, std::wstring_view lower) {
+    return text.size() == lower.size() &&
+           std::equal(text.begin(), text.end(), lower.begin(), [](wchar_t c, wchar_t wanted) {
+               return (c >= L'A' && c <= L'Z' ? c - L'A' + L'a' : c) == wanted;
+           });
+}
+
+// Where the program's name ends, or 0.
+std::size_t ProgramEnd(std::wstring_view line) {
+    constexpr std::size_t kLength = 4;
+    for (std::size_t dot = line.find(L'.'); dot != std::wstring_view::npos;
+         dot = line.find(L'.', dot + 1)) {
+        const std::wstring_view extension = line.substr(dot, kLength);
+        const std::size_t end = dot + kLength;
+        if ((IsExtension(extension, L".scr") || IsExtension(extension, L".exe")) &&
+            (end == line.size() || line[end] == L' ')) {
+            return end;
+        }
+    }
+    return 0;
+}
+
+}  // namespace
+
+std::wstring WithQuotedProgram(const std::wstring& commandLine) {
+    const std::size_t end = commandLine.starts_with(L'"') ? 0 : ProgramEnd(commandLine);
+    return end == 0 ? commandLine
+                    : L'"' + commandLine.substr(0, end) + L'"' + commandLine.substr(end);
+}
+
+}  // namespace ambrio
