@@ -33,6 +33,8 @@ void frmScreenSaver::MakeWindow() {
     design.Width = area.right - area.left;
     design.Height = area.bottom - area.top;
     Create(design);
+    const auto icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_AMBRIO));
+    SendMessageW(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
     for (FormTimer* timer : {&tmrDoTheBiz_, &tmrKeepOnRunnin_, &tmrEnd_}) {
         timer->AttachTo(Handle());
     }
