@@ -71,6 +71,7 @@ set(SAVER_MODEL_SOURCES
 set(SAVER_WIN32_SOURCES
     saver/CopyFrame.cpp
     saver/FormLoad.cpp
+    saver/FormRunHost.cpp
     saver/FormTimer.cpp
     saver/FormUnload.cpp
     saver/LineCanvas.cpp

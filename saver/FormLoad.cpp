@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "platform/Twips.h"
+#include "platform/win32/ReadRegistryValue.h"
 #include "platform/win32/ResourceText.h"
 #include "resources/ResourceIds.h"
 #include "saver/Pointer.h"
@@ -49,6 +50,9 @@ void frmScreenSaver::Form_Load() {
         SetTopmost(true);
         SetMaxSize();
     }
+    desktop_ = ReadDesktopSettings([](const std::wstring& name) {
+        return ReadRegistryValue(HKEY_CURRENT_USER, L"Control Panel\\Desktop", name);
+    });
     platformId_ = GetPlatform();
     if (UsesPassword()) {
         TellScreenSaverRunning(true);

@@ -141,10 +141,6 @@ void frmScreenSaver::tmrKeepOnRunnin_Timer() {
     frame_->Present();
 }
 
-void frmScreenSaver::End() {
-    ExitProcess(0);
-}
-
 void frmScreenSaver::Paint() {
     PAINTSTRUCT paint;
     if (const HDC target = BeginPaint(Handle(), &paint); target != nullptr) {

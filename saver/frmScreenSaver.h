@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "engine/RunHost.h"
 #include "engine/RunState.h"
 #include "platform/Application.h"
 #include "platform/win32/ScreenTwips.h"
@@ -25,7 +26,7 @@ namespace ambrio {
 // The run works inside the tick of tmrDoTheBiz and lets events run in between, so input and even a
 // request to close arrive in the middle of it. They only set RunState::Interrupted then; the form
 // unloads when the run has returned.
-class frmScreenSaver : public Window {
+class frmScreenSaver : public Window, public RunHost {
   public:
     // Everything passed in must live longer than the form. `unloaded` is called once, on this
     // thread.
@@ -34,6 +35,18 @@ class frmScreenSaver : public Window {
 
     // Loads the form and shows it. Throws RuntimeError when a desktop setting is out of range.
     void Show();
+
+    // What the run asks of the form (FormRunHost.cpp).
+    void DoEvents() override;
+    void ShowMessage(const std::wstring& text, MessageIcon icon) override;
+    std::wstring WindowsFolder() override;
+    std::wstring SystemFolder() override;
+    bool StartProgram(const std::wstring& commandLine, WindowState state) override;
+    void ShowPointer() override;
+    void LeaveTopmost() override;
+    [[nodiscard]] bool IsEndTimerEnabled() const override { return tmrEnd_.IsEnabled(); }
+    void UnloadForm() override { Unload(); }
+    void End() override;
 
   protected:
     LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -54,6 +67,7 @@ class frmScreenSaver : public Window {
     void tmrDoTheBiz_Timer();
     void tmrKeepOnRunnin_Timer();
     void Paint();
+    void ShowBox(const std::wstring& text, const std::wstring& title, UINT icon);
     [[nodiscard]] bool IsRunning() const { return state_.RunStarted && !state_.RunFinished; }
 
     // Closing (FormUnload.cpp).
@@ -64,7 +78,6 @@ class frmScreenSaver : public Window {
     void CloseRequested();
     LRESULT AgreeToEndOfSession();
     void SessionEnds(bool ends);
-    void End();
 
     const Application& application_;
     std::function<void()> unloaded_;

@@ -1,15 +1,12 @@
 #include "platform/win32/SystemLibrary.h"
 
+#include "platform/FileSystem.h"
+#include "platform/win32/SystemFolders.h"
+
 namespace ambrio {
 
 SystemLibrary::SystemLibrary(const std::wstring& fileName) {
-    std::wstring path(MAX_PATH, L'\0');
-    const UINT length = GetSystemDirectoryW(path.data(), MAX_PATH);
-    if (length == 0 || length >= MAX_PATH) {
-        return;
-    }
-    path.resize(length);
-    library_.reset(LoadLibraryW((path + L"\\" + fileName).c_str()));
+    library_.reset(LoadLibraryW(FileSystem::BuildPath(GetSystemFolder(), fileName).c_str()));
 }
 
 void* SystemLibrary::Address(const char* name) const {
