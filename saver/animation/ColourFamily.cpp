@@ -33,16 +33,24 @@ double Share(double hue, double centre) {
 
 }  // namespace
 
-Colour LineColour(Colour frame, double place, double strength) {
+Colour LineColour(Colour frame, double place) {
     const int highest = std::max({frame.Red, frame.Green, frame.Blue});
     const int spread = highest - std::min({frame.Red, frame.Green, frame.Blue});
     const double hue = Hue(frame, highest, spread) + place * kHueReach / 60;
     const double richness = std::clamp(spread / std::max(highest * 1.0, 1.0), kPalest, kRichest);
     const auto component = [=](double centre) {
         const double value = 1 - richness * (1 - Share(hue, centre));
-        return static_cast<std::uint8_t>(std::lround(255 * std::clamp(value * strength, 0.0, 1.0)));
+        return static_cast<std::uint8_t>(std::lround(255 * value));
     };
     return {component(0), component(2), component(4)};
+}
+
+Colour Dimmed(Colour colour, double strength) {
+    const auto parts = static_cast<int>(strength * 256 + 0.5);
+    const auto dimmed = [=](std::uint8_t component) {
+        return static_cast<std::uint8_t>((component * parts + 128) / 256);
+    };
+    return {dimmed(colour.Red), dimmed(colour.Green), dimmed(colour.Blue)};
 }
 
 }  // namespace ambrio

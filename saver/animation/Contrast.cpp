@@ -1,6 +1,7 @@
 #include "saver/animation/Contrast.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace ambrio {
@@ -9,14 +10,22 @@ namespace {
 constexpr int kLightComponent = 128;
 constexpr int kLightSum = 384;
 
-double Linear(std::uint8_t component) {
-    const double value = component / 255.0;
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+// The light of each component value. A table, because a plate is found by trial.
+std::array<double, 256> MakeLinear() {
+    std::array<double, 256> linear{};
+    for (std::size_t component = 0; component < linear.size(); ++component) {
+        const double value = static_cast<double>(component) / 255;
+        linear[component] =
+            value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    }
+    return linear;
 }
 
+const std::array<double, 256> kLinear = MakeLinear();
+
 double Luminance(Colour colour) {
-    return 0.2126 * Linear(colour.Red) + 0.7152 * Linear(colour.Green) +
-           0.0722 * Linear(colour.Blue);
+    return 0.2126 * kLinear[colour.Red] + 0.7152 * kLinear[colour.Green] +
+           0.0722 * kLinear[colour.Blue];
 }
 
 bool IsLight(std::uint8_t component) {

@@ -10,10 +10,14 @@ namespace {
 
 constexpr int kTileShift = 5;
 constexpr int kTile = 1 << kTileShift;
-constexpr int kTileGap = 2;      // copying two unchanged tiles costs less than another copy call
-constexpr int kCoverages = 32;   // steps from untouched to covered
-constexpr int kOne = 1 << 16;    // of the walk's fixed point numbers
-constexpr int kRasterShift = 8;  // from the raster's measure to the walk's
+constexpr int kTileGap = 2;  // copying two unchanged tiles costs less than another copy call
+constexpr int kCoverageShift = 5;
+constexpr int kCoverages = 1 << kCoverageShift;  // steps from untouched to covered
+constexpr int kWalkShift = 16;                   // of the walk's fixed point numbers
+constexpr int kOne = 1 << kWalkShift;
+constexpr int kRasterShift = 8;  // of the lines' places; also from them to the walk's numbers
+constexpr int kRasterUnit = 1 << kRasterShift;
+constexpr int kFarthest = 16000 * kRasterUnit;  // what the walk's numbers can hold, and no screen
 constexpr std::size_t kTones = 1024;
 
 std::array<std::uint8_t, kTones> MakeTones() {
@@ -25,9 +29,10 @@ std::array<std::uint8_t, kTones> MakeTones() {
     return tones;
 }
 
+const std::array<std::uint8_t, kTones> kToneOf = MakeTones();
+
 std::uint32_t Tone(std::uint64_t component) {
-    static const std::array<std::uint8_t, kTones> tones = MakeTones();
-    return tones[std::min<std::size_t>(component & 0xFFFF, kTones - 1)];
+    return kToneOf[std::min<std::size_t>(component & 0xFFFF, kTones - 1)];
 }
 
 std::uint64_t Packed(Colour colour, std::uint32_t coverage) {
@@ -43,11 +48,11 @@ std::uint64_t Packed(Colour colour, std::uint32_t coverage) {
 struct LightBuffer::Walk {
     std::int32_t First;          // pixels along
     std::int32_t Last;           // including
-    std::int64_t Across;         // where the middle of the line is at First
-    std::int64_t AcrossPerStep;  // how much further at each next pixel
-    std::int64_t Reach;          // how far from the middle the line still leaves light, across
-    std::int64_t HalfWidth;      // the same measured at right angles to the line
-    std::int64_t Cosine;         // from across to right angles
+    std::int32_t Across;         // where the middle of the line is at First
+    std::int32_t AcrossPerStep;  // how much further at each next pixel
+    std::int32_t Reach;          // how far from the middle the line still leaves light, across
+    std::int32_t HalfWidth;      // the same measured at right angles to the line
+    std::int32_t Cosine;         // from across to right angles
 };
 
 LightBuffer::LightBuffer(std::int32_t width, std::int32_t height, std::uint32_t* pixels)
@@ -77,22 +82,21 @@ void LightBuffer::Touch(std::int32_t x, std::int32_t y, Sum change) {
 
 template <bool Steep>
 void LightBuffer::Draw(const Walk& walk, std::span<const Sum> changes) {
+    // Nothing but 32 bits in here: this loop is what a step of the animation costs.
+    constexpr int kLightShift = kWalkShift - kCoverageShift;
     const std::int32_t lastAcross = (Steep ? width_ : height_) - 1;
-    std::int64_t middle = walk.Across;
+    std::int32_t middle = walk.Across;
     for (std::int32_t along = walk.First; along <= walk.Last;
          ++along, middle += walk.AcrossPerStep) {
-        const auto from =
-            static_cast<std::int32_t>(std::max<std::int64_t>((middle - walk.Reach) / kOne, 0));
-        const auto to = static_cast<std::int32_t>(
-            std::min<std::int64_t>((middle + walk.Reach) / kOne, lastAcross));
+        const std::int32_t from = std::max((middle - walk.Reach) >> kWalkShift, 0);
+        const std::int32_t to = std::min((middle + walk.Reach) >> kWalkShift, lastAcross);
         for (std::int32_t across = from; across <= to; ++across) {
-            const std::int64_t centre = std::int64_t{across} * kOne + kOne / 2;
-            const std::int64_t distance = std::abs(centre - middle) * walk.Cosine / kOne;
-            const std::int64_t light = (walk.HalfWidth - distance) * kCoverages / kOne;
+            const std::int32_t apart = std::abs((across << kWalkShift) + kOne / 2 - middle);
+            const std::int32_t distance = (apart >> kRasterShift) * walk.Cosine >> kRasterShift;
+            const std::int32_t light = (walk.HalfWidth - distance) >> kLightShift;
             if (light > 0) {
-                const auto coverage = std::min<std::int64_t>(light, kCoverages);
                 Touch(Steep ? across : along, Steep ? along : across,
-                      changes[static_cast<std::size_t>(coverage)]);
+                      changes[static_cast<std::size_t>(std::min(light, kCoverages))]);
             }
         }
         if (from <= to) {
@@ -102,16 +106,35 @@ void LightBuffer::Draw(const Walk& walk, std::span<const Sum> changes) {
     }
 }
 
+LightBuffer::Walk LightBuffer::WalkAlong(std::int32_t along, std::int32_t across,
+                                         std::int32_t alongLength, std::int32_t acrossLength,
+                                         std::int32_t size) const {
+    constexpr int kHalf = kRasterUnit / 2;
+    Walk walk{};
+    walk.First = std::max((along + kHalf - 1) >> kRasterShift, 0);
+    walk.Last = std::min((along + alongLength - kHalf) >> kRasterShift, size - 1);
+    walk.AcrossPerStep = static_cast<std::int32_t>(std::int64_t{acrossLength} * kOne / alongLength);
+    const std::int64_t toFirst = (walk.First << kRasterShift) + kHalf - along;
+    walk.Across = (across << kRasterShift) +
+                  static_cast<std::int32_t>((walk.AcrossPerStep * toFirst) >> kRasterShift);
+    const double length = std::hypot(alongLength, acrossLength);
+    walk.Cosine = static_cast<std::int32_t>(std::lround(alongLength * (kOne / length)));
+    walk.HalfWidth = (thickness_ << (kRasterShift - 1)) + kOne / 2;
+    walk.Reach = static_cast<std::int32_t>(std::int64_t{walk.HalfWidth} * kOne / walk.Cosine);
+    return walk;
+}
+
 void LightBuffer::Change(const RasterLine& line, Colour from, Colour to) {
-    std::int64_t along = line.FromX;
-    std::int64_t across = line.FromY;
-    std::int64_t alongLength = line.ToX - along;
-    std::int64_t acrossLength = line.ToY - across;
-    const bool steep = std::abs(acrossLength) > std::abs(alongLength);
-    if (steep) {
-        std::swap(along, across);
-        std::swap(alongLength, acrossLength);
+    for (const std::int32_t place : {line.FromX, line.FromY, line.ToX, line.ToY}) {
+        if (std::abs(place) > kFarthest) {
+            return;
+        }
     }
+    const bool steep = std::abs(line.ToY - line.FromY) > std::abs(line.ToX - line.FromX);
+    std::int32_t along = steep ? line.FromY : line.FromX;
+    std::int32_t across = steep ? line.FromX : line.FromY;
+    std::int32_t alongLength = (steep ? line.ToY : line.ToX) - along;
+    std::int32_t acrossLength = (steep ? line.ToX : line.ToY) - across;
     if (alongLength == 0) {
         return;
     }
@@ -121,22 +144,7 @@ void LightBuffer::Change(const RasterLine& line, Colour from, Colour to) {
         alongLength = -alongLength;
         acrossLength = -acrossLength;
     }
-
-    constexpr int kHalf = kOne >> (kRasterShift + 1);  // half a pixel of the raster's
-    Walk walk{};
-    const std::int32_t size = steep ? height_ : width_;
-    walk.First =
-        static_cast<std::int32_t>(std::max<std::int64_t>((along + kHalf - 1) >> kRasterShift, 0));
-    walk.Last = static_cast<std::int32_t>(
-        std::min<std::int64_t>(((along + alongLength - kHalf) >> kRasterShift), size - 1));
-    walk.AcrossPerStep = acrossLength * kOne / alongLength;
-    const std::int64_t toFirst = (std::int64_t{walk.First} << kRasterShift) + kHalf - along;
-    walk.Across = (across << kRasterShift) + ((walk.AcrossPerStep * toFirst) >> kRasterShift);
-    const double length =
-        std::hypot(static_cast<double>(alongLength), static_cast<double>(acrossLength));
-    walk.Cosine = std::lround(static_cast<double>(alongLength) * kOne / length);
-    walk.HalfWidth = (std::int64_t{thickness_} << (kRasterShift - 1)) + kOne / 2;
-    walk.Reach = walk.HalfWidth * kOne / walk.Cosine;
+    const Walk walk = WalkAlong(along, across, alongLength, acrossLength, steep ? height_ : width_);
 
     std::array<Sum, kCoverages + 1> changes{};
     for (std::uint32_t coverage = 0; coverage <= kCoverages; ++coverage) {
@@ -149,27 +157,30 @@ void LightBuffer::Change(const RasterLine& line, Colour from, Colour to) {
     }
 }
 
+void LightBuffer::TakeChangesOf(std::int32_t row) {
+    const auto first = tiles_.begin() + std::ptrdiff_t{row} * tileColumns_;
+    const auto end = first + tileColumns_;
+    const std::int32_t top = row << kTileShift;
+    const std::int32_t bottom = std::min(top + kTile, height_);
+    std::ptrdiff_t lastChanged = -kTileGap - 2;
+    for (auto tile = std::find(first, end, 1); tile != end; tile = std::find(tile, end, 1)) {
+        *tile = 0;
+        const std::ptrdiff_t column = tile - first;
+        const auto left = static_cast<std::int32_t>(column << kTileShift);
+        const std::int32_t right = std::min(left + kTile, width_);
+        if (column - lastChanged <= kTileGap + 1) {
+            changes_.back().Right = right;
+        } else {
+            changes_.push_back({left, top, right, bottom});
+        }
+        lastChanged = column;
+    }
+}
+
 std::span<const PixelRect> LightBuffer::TakeChanges() {
     changes_.clear();
     for (std::int32_t row = 0; row < tileRows_; ++row) {
-        const std::int32_t top = row << kTileShift;
-        const std::int32_t bottom = std::min(top + kTile, height_);
-        std::int32_t lastChanged = -kTileGap - 2;
-        for (std::int32_t column = 0; column < tileColumns_; ++column) {
-            std::uint8_t& tile = tiles_[static_cast<std::size_t>(row * tileColumns_ + column)];
-            if (tile == 0) {
-                continue;
-            }
-            tile = 0;
-            const std::int32_t left = column << kTileShift;
-            const std::int32_t right = std::min(left + kTile, width_);
-            if (column - lastChanged <= kTileGap + 1) {
-                changes_.back().Right = right;
-            } else {
-                changes_.push_back({left, top, right, bottom});
-            }
-            lastChanged = column;
-        }
+        TakeChangesOf(row);
     }
     return changes_;
 }

@@ -41,7 +41,8 @@ class LightBuffer {
     // The thickness of lines put in from here on, in 256ths of a pixel. To be set before the first.
     void SetThickness(std::int32_t thickness);
 
-    // Replaces the light of a line: from black puts it in, to black takes it out.
+    // Replaces the light of a line: from black puts it in, to black takes it out. A line with an
+    // end more than 16,000 pixels away is not drawn.
     void Change(const RasterLine& line, Colour from, Colour to);
 
     // The parts of the picture that changed since the last call, without overlaps.
@@ -51,8 +52,11 @@ class LightBuffer {
     struct Walk;
     using Sum = std::uint64_t;  // red, green and blue in 16 bits each
 
+    [[nodiscard]] Walk WalkAlong(std::int32_t along, std::int32_t across, std::int32_t alongLength,
+                                 std::int32_t acrossLength, std::int32_t size) const;
     void Touch(std::int32_t x, std::int32_t y, Sum change);
     void MarkTile(std::int32_t x, std::int32_t y);
+    void TakeChangesOf(std::int32_t row);
     template <bool Steep>
     void Draw(const Walk& walk, std::span<const Sum> changes);
 

@@ -17,9 +17,9 @@ constexpr double kStringsPerStep = 1;
 
 constexpr double kStrength = 0.40;
 constexpr double kFreshStrength = 0.80;  // of the newest string
-constexpr double kFreshStrings = 8;      // how long it takes to calm down
+constexpr double kFreshStrings = 2;      // how long it takes to calm down
 constexpr double kFadeShare = 0.45;      // of a string's life that it spends fading
-constexpr int kFadeLevels = 10;          // each level is one redrawing of the string
+constexpr int kFadeLevels = 4;           // each level is one redrawing of the string
 
 }  // namespace
 
@@ -67,12 +67,10 @@ void StringFigure::Span(Colour frame) {
     const double angle = direction_ * kTurn * next_ / round_;
     const Point from = PointOf(pattern_.First, angle, 0);
     const Point to = PointOf(pattern_.Second, angle, offset_);
-    const Line line{static_cast<float>(from.X),
-                    static_cast<float>(from.Y),
-                    static_cast<float>(to.X),
-                    static_cast<float>(to.Y),
-                    {}};
-    strings_.push_back({line, frame, std::sin(angle + hueStart_), next_});
+    const Line line{static_cast<float>(from.X), static_cast<float>(from.Y),
+                    static_cast<float>(to.X), static_cast<float>(to.Y),
+                    LineColour(frame, std::sin(angle + hueStart_))};
+    strings_.push_back({line, next_});
     next_ += 1;
 }
 
@@ -96,8 +94,8 @@ double StringFigure::Strength(double age) const {
 
 void StringFigure::AppendTo(std::vector<Line>& lines) const {
     for (const String& string : strings_) {
-        Line line = string.Where;
-        line.Light = LineColour(string.Frame, string.Hue, Strength(progress_ - string.Laid));
+        Line line = string.Bright;
+        line.Light = Dimmed(line.Light, Strength(progress_ - string.Laid));
         lines.push_back(line);
     }
 }

@@ -45,9 +45,7 @@ class StringFigure {
         Hand Second;
     };
     struct String {
-        Line Where;
-        Colour Frame;
-        double Hue;
+        Line Bright;  // at full strength
         double Laid;  // the progress at which it was spanned
     };
     struct Point {

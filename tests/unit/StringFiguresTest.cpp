@@ -14,26 +14,30 @@ namespace {
 
 constexpr Colour kFrame{60, 120, 200};
 
-TEST(LineColour, IsBrightOnEveryFrameColourAndDimmedByStrength) {
+TEST(LineColour, IsBrightOnEveryFrameColour) {
     for (const Colour frame : {Colour{}, Colour{255, 255, 255}, Colour{0, 9, 0}, kFrame}) {
         for (const double place : {-1.0, 0.0, 1.0}) {
-            const Colour full = LineColour(frame, place, 1);
-            EXPECT_EQ(std::max({full.Red, full.Green, full.Blue}), 255);
-            const Colour half = LineColour(frame, place, 0.5);
-            EXPECT_EQ(std::max({half.Red, half.Green, half.Blue}), 128);
-            EXPECT_EQ(LineColour(frame, place, 0), Colour{});
+            const Colour line = LineColour(frame, place);
+            EXPECT_EQ(std::max({line.Red, line.Green, line.Blue}), 255);
+            EXPECT_LT(std::min({line.Red, line.Green, line.Blue}), 170);
         }
     }
 }
 
+TEST(LineColour, IsDimmedByStrength) {
+    EXPECT_EQ(Dimmed(kFrame, 1), kFrame);
+    EXPECT_EQ(Dimmed(kFrame, 0.5), (Colour{30, 60, 100}));
+    EXPECT_EQ(Dimmed(kFrame, 0), Colour{});
+}
+
 TEST(LineColour, KeepsToTheFramesHue) {
-    const Colour red = LineColour({200, 10, 10}, 0, 1);
+    const Colour red = LineColour({200, 10, 10}, 0);
     EXPECT_GT(red.Red, red.Green);
     EXPECT_EQ(red.Green, red.Blue);
-    const Colour blue = LineColour({10, 10, 90}, 0, 1);
+    const Colour blue = LineColour({10, 10, 90}, 0);
     EXPECT_GT(blue.Blue, blue.Red);
-    EXPECT_GT(LineColour({200, 10, 10}, 1, 1).Green, red.Green) << "towards yellow";
-    EXPECT_GT(LineColour({200, 10, 10}, -1, 1).Blue, red.Blue) << "towards magenta";
+    EXPECT_GT(LineColour({200, 10, 10}, 1).Green, red.Green) << "towards yellow";
+    EXPECT_GT(LineColour({200, 10, 10}, -1).Blue, red.Blue) << "towards magenta";
 }
 
 // The share of pixels that show any light, and how much light they show, both in percent.
