@@ -6,7 +6,11 @@
 namespace ambrio {
 
 SystemLibrary::SystemLibrary(const std::wstring& fileName) {
-    library_.reset(LoadLibraryW(FileSystem::BuildPath(GetSystemFolder(), fileName).c_str()));
+    const std::wstring folder = GetSystemFolder();
+    // The name alone would be looked for elsewhere.
+    if (!folder.empty()) {
+        library_.reset(LoadLibraryW(FileSystem::BuildPath(folder, fileName).c_str()));
+    }
 }
 
 void* SystemLibrary::Address(const char* name) const {
