@@ -5,15 +5,9 @@
 namespace ambrio {
 
 CopyFrame::CopyFrame(HWND parent, const RECT& place) : background_(CreateSolidBrush(colour_)) {
-    WindowDesign design;
-    design.ClassName = L"AmbrioCopyFrame";
+    WindowDesign design =
+        ChildDesign(L"AmbrioCopyFrame", parent, static_cast<int>(PanelControl::fraAni), place);
     design.Style = WS_CHILD | WS_CLIPCHILDREN;
-    design.Left = place.left;
-    design.Top = place.top;
-    design.Width = place.right - place.left;
-    design.Height = place.bottom - place.top;
-    design.Parent = parent;
-    design.ControlId = static_cast<int>(PanelControl::fraAni);
     Create(design);
 
     INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_ANIMATE_CLASS};

@@ -8,16 +8,8 @@ namespace ambrio {
 PanelLabelWindow::PanelLabelWindow(HWND parent, int controlId, const RECT& place, std::wstring text,
                                    const Panel& panel)
     : controlId_(controlId), text_(std::move(text)), panel_(panel) {
-    WindowDesign design;
-    design.ClassName = L"AmbrioPanelLabel";
+    WindowDesign design = ChildDesign(L"AmbrioPanelLabel", parent, controlId, place);
     design.Text = text_.c_str();
-    design.Style = WS_CHILD | WS_VISIBLE;
-    design.Left = place.left;
-    design.Top = place.top;
-    design.Width = place.right - place.left;
-    design.Height = place.bottom - place.top;
-    design.Parent = parent;
-    design.ControlId = controlId;
     Create(design);
 }
 
@@ -46,14 +38,9 @@ LRESULT PanelLabelWindow::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             return HTTRANSPARENT;
         case WM_ERASEBKGND:
             return 1;
-        case WM_PAINT: {
-            PAINTSTRUCT paint;
-            if (const HDC target = BeginPaint(Handle(), &paint); target != nullptr) {
-                panel_.Paint(controlId_, target);
-            }
-            EndPaint(Handle(), &paint);
+        case WM_PAINT:
+            Paint([this](HDC target, const RECT&) { panel_.Paint(controlId_, target); });
             return 0;
-        }
         // The text is kept here and not by the system, as it changes with every file and the
         // system's own keeping costs more than drawing it.
         case WM_SETTEXT:

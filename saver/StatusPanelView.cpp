@@ -31,18 +31,12 @@ StatusPanelView::StatusPanelView(HWND form, double twipsPerPixelX, double twipsP
     labelPanel_.Paint = [this](int controlId, HDC target) {
         painter_->Picture().CopyTo(target, 0, 0, PixelsOf(kPanelLabels[IndexOf(controlId)].Place));
     };
-    const RECT place = PixelsOf(place_);
-    WindowDesign design;
-    design.ClassName = L"AmbrioStatusPanel";
+    WindowDesign design = ChildDesign(L"AmbrioStatusPanel", form,
+                                      static_cast<int>(PanelControl::fraStatus), PixelsOf(place_));
     design.Text = kPanelDesignTitle;
-    // No WS_CLIPCHILDREN: the panel draws what its labels show.
+    // Not visible before there is something to show. No WS_CLIPCHILDREN: the panel draws what its
+    // labels show.
     design.Style = WS_CHILD;
-    design.Left = place.left;
-    design.Top = place.top;
-    design.Width = place.right - place.left;
-    design.Height = place.bottom - place.top;
-    design.Parent = form;
-    design.ControlId = static_cast<int>(PanelControl::fraStatus);
     Create(design);
     MakeLabels(slogan);
     painter_ = std::make_unique<PanelPainter>(twipsPerPixelX_, twipsPerPixelY_, texts_);
@@ -161,14 +155,9 @@ LRESULT StatusPanelView::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_ERASEBKGND:
             return 1;
-        case WM_PAINT: {
-            PAINTSTRUCT paint;
-            if (const HDC target = BeginPaint(Handle(), &paint); target != nullptr) {
-                CopyPicture(target, paint.rcPaint);
-            }
-            EndPaint(Handle(), &paint);
+        case WM_PAINT:
+            Paint([this](HDC target, const RECT& part) { CopyPicture(target, part); });
             return 0;
-        }
         case WM_PRINTCLIENT:
             CopyPicture(reinterpret_cast<HDC>(wParam), WholePicture());
             return 0;

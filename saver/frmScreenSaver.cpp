@@ -43,7 +43,7 @@ LRESULT frmScreenSaver::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ERASEBKGND:
             return 1;
         case WM_PAINT:
-            Paint();
+            Paint([this](HDC target, const RECT& part) { canvas_->Paint(target, part); });
             return 0;
         case WM_TIMER:
             TimerTick(wParam);
@@ -139,14 +139,6 @@ void frmScreenSaver::tmrKeepOnRunnin_Timer() {
     inputs.PixelTwipsY = application_.PixelTwipsY;
     animation_.Step(*frame_, inputs);
     frame_->Present();
-}
-
-void frmScreenSaver::Paint() {
-    PAINTSTRUCT paint;
-    if (const HDC target = BeginPaint(Handle(), &paint); target != nullptr) {
-        canvas_->Paint(target, paint.rcPaint);
-    }
-    EndPaint(Handle(), &paint);
 }
 
 }  // namespace ambrio

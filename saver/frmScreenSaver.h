@@ -66,7 +66,6 @@ class frmScreenSaver : public Window, public RunHost {
     void TimerTick(UINT_PTR timer);
     void tmrDoTheBiz_Timer();
     void tmrKeepOnRunnin_Timer();
-    void Paint();
     void ShowBox(const std::wstring& text, const std::wstring& title, UINT icon);
     [[nodiscard]] bool IsRunning() const { return state_.RunStarted && !state_.RunFinished; }
 

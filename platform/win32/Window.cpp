@@ -23,6 +23,19 @@ void RegisterWindowClass(const wchar_t* name, WNDPROC procedure) {
 
 }  // namespace
 
+WindowDesign ChildDesign(const wchar_t* className, HWND parent, int controlId, const RECT& place) {
+    WindowDesign design;
+    design.ClassName = className;
+    design.Style = WS_CHILD | WS_VISIBLE;
+    design.Left = place.left;
+    design.Top = place.top;
+    design.Width = place.right - place.left;
+    design.Height = place.bottom - place.top;
+    design.Parent = parent;
+    design.ControlId = controlId;
+    return design;
+}
+
 Window::~Window() {
     if (handle_ != nullptr) {
         // The derived part of the object is gone: it must hear of nothing any more.

@@ -18,6 +18,10 @@ struct WindowDesign {
     int ControlId = 0;
 };
 
+// The design of a visible child at a place of its parent.
+[[nodiscard]] WindowDesign ChildDesign(const wchar_t* className, HWND parent, int controlId,
+                                       const RECT& place);
+
 // A window of a class of our own. The object receives the messages of its window; when the window
 // is gone, Handle() is null and the object goes on living. A failure that leaves Receive ends the
 // program with its box, as no exception may pass through the system's code.
@@ -37,6 +41,16 @@ class Window {
     // Destroys the window, if there still is one. A derived class whose Receive does anything
     // calls this in its own destructor.
     void Destroy();
+
+    // The answer to WM_PAINT: has the part that needs it drawn.
+    template <typename Drawing>
+    void Paint(const Drawing& draw) {
+        PAINTSTRUCT paint;
+        if (const HDC target = BeginPaint(handle_, &paint); target != nullptr) {
+            draw(target, paint.rcPaint);
+        }
+        EndPaint(handle_, &paint);
+    }
 
     // Handles one message; what is not handled goes on to this one.
     virtual LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam);

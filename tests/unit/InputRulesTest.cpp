@@ -2,37 +2,40 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+#include <utility>
+#include <vector>
+
 namespace ambrio {
 namespace {
 
-TEST(MouseMoveRule, OnlyRecordsTheFirstMovement) {
+// How often each of the movements asks for the end.
+std::vector<int> Requests(std::initializer_list<std::pair<float, float>> movements) {
     MouseMoveRule rule;
-    EXPECT_EQ(0, rule.Move(150, 300));
-    EXPECT_EQ(0, rule.Move(150, 300));
+    std::vector<int> requests;
+    for (const auto& [x, y] : movements) {
+        requests.push_back(rule.Move(x, y));
+    }
+    return requests;
+}
+
+using Counts = std::vector<int>;
+
+TEST(MouseMoveRule, OnlyRecordsTheFirstMovement) {
+    EXPECT_EQ((Counts{0, 0}), Requests({{150, 300}, {150, 300}}));
 }
 
 TEST(MouseMoveRule, AsksOnceForEachCoordinateThatChanged) {
-    MouseMoveRule rule;
-    rule.Move(150, 300);
-    EXPECT_EQ(1, rule.Move(165, 300));
-    EXPECT_EQ(1, rule.Move(165, 285));
-    EXPECT_EQ(2, rule.Move(180, 300));
+    EXPECT_EQ((Counts{0, 1, 1, 2}), Requests({{150, 300}, {165, 300}, {165, 285}, {180, 300}}));
 }
 
 TEST(MouseMoveRule, KnowsNoThreshold) {
-    MouseMoveRule rule;
-    rule.Move(150, 300);
-    EXPECT_EQ(1, rule.Move(151, 300));
-    EXPECT_EQ(1, rule.Move(151, 300.5F));
+    EXPECT_EQ((Counts{0, 1, 1}), Requests({{150, 300}, {151, 300}, {151, 300.5F}}));
 }
 
 TEST(MouseMoveRule, NeverComparesACoordinateStoredAsZero) {
-    MouseMoveRule rule;
-    rule.Move(0, 300);
-    EXPECT_EQ(0, rule.Move(7500, 300));
-    EXPECT_EQ(1, rule.Move(0, 300));
-    EXPECT_EQ(1, rule.Move(7500, 0));
-    EXPECT_EQ(0, rule.Move(7500, 4500));
+    EXPECT_EQ((Counts{0, 0, 1, 1, 0}),
+              Requests({{0, 300}, {7500, 300}, {0, 300}, {7500, 0}, {7500, 4500}}));
 }
 
 TEST(InputRules, TakeSmallDForAnOrdinaryWindowWithoutAPointer) {
