@@ -25,3 +25,6 @@ target_link_libraries(Ambrio PRIVATE ambrio_app_model ambrio_saver)
 if(TARGET ambrio_config)
   target_link_libraries(Ambrio PRIVATE ambrio_config)
 endif()
+
+include(resources/clip/Clip.cmake)
+add_dependencies(Ambrio clip)
