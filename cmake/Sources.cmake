@@ -167,7 +167,6 @@ set(CONFORMANCE_TEST_WIN32_SOURCES
 
 # The end-to-end tests: what drives the real program from outside, then the tests.
 set(E2E_SUPPORT_SOURCES
-    tests/e2e/Main.cpp
     tests/e2e/support/Files.cpp
     tests/e2e/support/Handles.cpp
     tests/e2e/support/Input.cpp
@@ -188,8 +187,19 @@ set(E2E_SUPPORT_SOURCES
 )
 
 set(E2E_TEST_SOURCES
+    tests/e2e/BadSettingsTest.cpp
     tests/e2e/CommandLineTest.cpp
+    tests/e2e/FailuresTest.cpp
+    tests/e2e/InterruptTest.cpp
+    tests/e2e/LogPlaceTest.cpp
+    tests/e2e/PasswordTest.cpp
+    tests/e2e/RunTest.cpp
+    tests/e2e/SecondInstanceTest.cpp
+    tests/e2e/SecondarySaverTest.cpp
+    tests/e2e/StayResponsiveTest.cpp
     tests/e2e/SupportTest.cpp
+    tests/e2e/WideNamesTest.cpp
+    tests/e2e/WindowedModeTest.cpp
 )
 
 # Programs that stand in for what the real one meets on a user's machine.

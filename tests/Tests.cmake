@@ -40,8 +40,10 @@ else()
 endif()
 
 if(WIN32 AND E2E_TEST_SOURCES)
-  add_executable(e2e_tests ${E2E_SUPPORT_SOURCES} ${E2E_TEST_SOURCES})
-  target_link_libraries(e2e_tests PRIVATE ambrio_platform gtest)
+  # With the program's manifest: places are then real pixels, and what the system refuses is refused
+  # and not redirected.
+  add_executable(e2e_tests ${AMBRIO_RESOURCES} ${E2E_SUPPORT_SOURCES} ${E2E_TEST_SOURCES})
+  target_link_libraries(e2e_tests PRIVATE ambrio_platform gtest gtest_main)
 
   # What the tests put in place of another screen saver and of the system's password module.
   add_executable(StandInSaver WIN32 ${E2E_STANDIN_SAVER_SOURCES})
@@ -56,8 +58,5 @@ if(WIN32 AND E2E_TEST_SOURCES)
     target_link_options(StandInPassword PRIVATE -Wl,--enable-stdcall-fixup)
   endif()
   set_target_properties(StandInPassword PROPERTIES PREFIX "")
-  add_dependencies(e2e_tests StandInSaver StandInPassword)
-  if(TARGET Ambrio)
-    add_dependencies(e2e_tests Ambrio)
-  endif()
+  add_dependencies(e2e_tests StandInSaver StandInPassword Ambrio)
 endif()

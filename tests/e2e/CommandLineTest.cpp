@@ -29,6 +29,18 @@ INSTANTIATE_TEST_SUITE_P(WindowsThatDoNotExist, NothingTest,
                                          L"/p 2147483647.4"));
 INSTANTIATE_TEST_SUITE_P(PasswordChange, NothingTest, testing::Values(L"/a", L"/A 0", L"/a 12"));
 
+using SaverLineTest = CommandLineTest;
+
+TEST_P(SaverLineTest, ShowsTheSaver) {
+    WriteOneSet();
+    RunToTheEnd(GetParam());
+    EXPECT_TRUE(Saver().IsVisible());
+    EndByKey();
+}
+
+INSTANTIATE_TEST_SUITE_P(Switches, SaverLineTest,
+                         testing::Values(L"/s", L"/S", L"/Sxyz", L"/s /c", L"/D", L"/dx"));
+
 using OverflowTest = CommandLineTest;
 
 TEST_P(OverflowTest, ShowsTheRuntimesErrorAndEnds) {

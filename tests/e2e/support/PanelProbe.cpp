@@ -32,6 +32,10 @@ bool PanelProbe::IsVisible(PanelControl control) const {
     return window && window->IsVisible();
 }
 
+bool PanelProbe::ShowsTheEndOfTheRun() const {
+    return Caption(PanelControl::lblSet).starts_with(kAllSetsProcessed);
+}
+
 int PanelProbe::Number(PanelControl control) const {
     const std::wstring caption = Caption(control);
     wchar_t* end = nullptr;

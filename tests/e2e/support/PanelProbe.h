@@ -7,6 +7,8 @@
 
 namespace ambrio::e2e {
 
+inline constexpr const wchar_t* kAllSetsProcessed = L"<All sets processed>";
+
 // Looks at the panel in the saver's window.
 class PanelProbe {
   public:
@@ -20,6 +22,8 @@ class PanelProbe {
     [[nodiscard]] RECT Rectangle(PanelControl control = PanelControl::fraStatus) const;
     [[nodiscard]] POINT Centre() const;
     [[nodiscard]] bool IsVisible(PanelControl control) const;
+    // True when it says that all Sets are processed, with or without errors.
+    [[nodiscard]] bool ShowsTheEndOfTheRun() const;
     // The number that a label shows; -1 when it is none.
     [[nodiscard]] int Number(PanelControl control) const;
 

@@ -62,8 +62,10 @@ void ProgramTest::ExpectNothingLeft() {
     if (!program_) {
         return;
     }
-    EXPECT_TRUE(program_->WaitForEnd()) << "the program still runs";
-    EXPECT_TRUE(WaitUntil([this] { return program_->ProcessCount() == 0; }))
+    // A test that has failed already does not wait for what will not come.
+    const Milliseconds limit = HasFailure() ? Milliseconds(0) : kSoon;
+    EXPECT_TRUE(program_->WaitForEnd(limit)) << "the program still runs";
+    EXPECT_TRUE(WaitUntil([this] { return program_->ProcessCount() == 0; }, limit))
         << "something that the program has started still runs";
     program_->Kill();
     EXPECT_TRUE(TopLevelWindows(program_->ProcessId()).empty()) << "a window is left";

@@ -21,10 +21,7 @@ void SaverTest::RunToTheEnd(const std::wstring& arguments) {
     const PanelProbe panel = Panel();
     // The label is read by the thread that runs: when it answers with this text, nothing of the
     // run is left to be done that would let it answer.
-    if (!WaitUntil([&] {
-            return panel.Caption(PanelControl::lblSet).starts_with(kAllSetsProcessed) ||
-                   !Program().IsRunning();
-        })) {
+    if (!WaitUntil([&] { return panel.ShowsTheEndOfTheRun() || !Program().IsRunning(); })) {
         throw std::runtime_error("the run does not come to its end");
     }
 }
@@ -46,6 +43,12 @@ void SaverTest::EndByKey() {
         ADD_FAILURE() << "a box comes up";
         EXPECT_TRUE(box->Press());
     }
+    EXPECT_TRUE(Ends());
+}
+
+void SaverTest::EndByKeyAndBox() {
+    PressKey(VK_SPACE);
+    EXPECT_TRUE(WaitForBox().Press());
     EXPECT_TRUE(Ends());
 }
 

@@ -28,6 +28,8 @@ class SaverTest : public ProgramTest {
     void RunUntilFilesAreCopied(const std::wstring& arguments = L"/S");
     // Presses a key, which must end the program without any box.
     void EndByKey();
+    // Presses a key, which must bring up the summary of failures, and closes that.
+    void EndByKeyAndBox();
 
     // What the log of the program's folder says of the latest run; no lines without a log.
     [[nodiscard]] Lines LatestBlock() const;
@@ -37,6 +39,5 @@ class SaverTest : public ProgramTest {
 
 // The title of the saver's window.
 inline constexpr const wchar_t* kSaverTitle = L"Ambrio Screen Saver";
-inline constexpr const wchar_t* kAllSetsProcessed = L"<All sets processed>";
 
 }  // namespace ambrio::e2e
