@@ -85,6 +85,16 @@ set(SAVER_WIN32_SOURCES
 )
 
 set(CONFIG_MODEL_SOURCES
+    config/model/CentreForm.cpp
+    config/model/CopyRules.cpp
+    config/model/DialogOptions.cpp
+    config/model/DialogTexts.cpp
+    config/model/DirectoryTree.cpp
+    config/model/DriveText.cpp
+    config/model/RegistryText.cpp
+    config/model/SecondarySavers.cpp
+    config/model/SetListModel.cpp
+    config/model/SetProperties.cpp
 )
 
 set(CONFIG_WIN32_SOURCES
@@ -118,11 +128,16 @@ set(TEST_SUPPORT_SOURCES
 
 set(UNIT_TEST_SOURCES
     tests/unit/BackupSetTest.cpp
+    tests/unit/CentreFormTest.cpp
     tests/unit/ColourWalkTest.cpp
     tests/unit/CommandSwitchTest.cpp
     tests/unit/ContrastTest.cpp
+    tests/unit/CopyRulesTest.cpp
     tests/unit/DateTimeTest.cpp
     tests/unit/DesktopSettingsTest.cpp
+    tests/unit/DialogOptionsTest.cpp
+    tests/unit/DialogTextsTest.cpp
+    tests/unit/DirectoryTreeTest.cpp
     tests/unit/EllipsisTest.cpp
     tests/unit/FrameAnimationTest.cpp
     tests/unit/FrameMotionTest.cpp
@@ -133,9 +148,13 @@ set(UNIT_TEST_SOURCES
     tests/unit/ModeDispatchTest.cpp
     tests/unit/PreviewCaptionTest.cpp
     tests/unit/ProgramQuotesTest.cpp
+    tests/unit/RegistryTextTest.cpp
     tests/unit/RegistryValueTest.cpp
     tests/unit/RoundingTest.cpp
+    tests/unit/SecondarySaversTest.cpp
+    tests/unit/SetListModelTest.cpp
     tests/unit/SetListTest.cpp
+    tests/unit/SetPropertiesTest.cpp
     tests/unit/StringFiguresTest.cpp
     tests/unit/TemporaryNameTest.cpp
     tests/unit/TextConversionTest.cpp

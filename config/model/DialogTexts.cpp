@@ -1,0 +1,44 @@
+#include "config/model/DialogTexts.h"
+
+namespace ambrio {
+
+std::wstring ConfigurationCaption(const std::wstring& title) {
+    return title + L" Configuration";
+}
+
+std::wstring LogOnlyErrorsTooltip(const std::wstring& title) {
+    return L"Unless checked, a log (" + title +
+           L".log) is created in your Windows folder every time " + title + L" runs.";
+}
+
+std::wstring RemoveQuestion(const std::wstring& setName) {
+    return L"About to remove " + setName + L"\r\nfrom your list of backup sets.\r\nAre you sure?";
+}
+
+std::wstring NewSetCaption() {
+    return L"New Set Properties";
+}
+
+std::wstring SetCaption(const std::wstring& setName) {
+    return setName + L" Properties";
+}
+
+std::wstring BrowseCaption(const std::wstring& setName, std::int16_t browseIndex) {
+    return L"Choose " + setName +
+           (browseIndex != kBrowseSource ? L" destination folder" : L" source folder");
+}
+
+std::wstring FileSelectionCaption(const std::wstring& setName) {
+    return setName + L" properties - File selection";
+}
+
+std::wstring AboutCaption(const std::wstring& title) {
+    return L"About " + title;
+}
+
+std::wstring VersionText(int major, int minor, int revision) {
+    return L"Version " + std::to_wstring(major) + L"." + std::to_wstring(minor) + L"." +
+           std::to_wstring(revision);
+}
+
+}  // namespace ambrio

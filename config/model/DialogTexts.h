@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace ambrio {
+
+// The texts of the dialogs that are put together at run time. The others lie in the resources.
+
+// Which folder box the browse dialog fills.
+inline constexpr std::int16_t kBrowseSource = 0;
+inline constexpr std::int16_t kBrowseDestination = 1;
+
+[[nodiscard]] std::wstring ConfigurationCaption(const std::wstring& title);
+[[nodiscard]] std::wstring LogOnlyErrorsTooltip(const std::wstring& title);
+[[nodiscard]] std::wstring RemoveQuestion(const std::wstring& setName);
+
+[[nodiscard]] std::wstring NewSetCaption();
+[[nodiscard]] std::wstring SetCaption(const std::wstring& setName);
+
+// For a new Set the name is empty, and two blanks stand in a row.
+[[nodiscard]] std::wstring BrowseCaption(const std::wstring& setName, std::int16_t browseIndex);
+[[nodiscard]] std::wstring FileSelectionCaption(const std::wstring& setName);
+
+[[nodiscard]] std::wstring AboutCaption(const std::wstring& title);
+[[nodiscard]] std::wstring VersionText(int major, int minor, int revision);
+
+}  // namespace ambrio

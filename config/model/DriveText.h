@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+namespace ambrio {
+
+enum class DriveKind { Unknown, Removable, Fixed, Network, Compact, Memory };
+
+// The line of a drive in the drive list, such as "C: Local disk [System]". The label is the
+// volume's, or where a network drive leads; without one the brackets are left out.
+[[nodiscard]] std::wstring DriveText(wchar_t letter, DriveKind kind, const std::wstring& label);
+
+}  // namespace ambrio

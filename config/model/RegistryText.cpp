@@ -1,0 +1,51 @@
+#include "config/model/RegistryText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <system_error>
+
+namespace ambrio {
+namespace {
+
+std::wstring WideText(std::span<const std::uint8_t> bytes) {
+    std::wstring text;
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        text += static_cast<wchar_t>(bytes[i] | (bytes[i + 1] << 8));
+    }
+    return text;
+}
+
+// Wanted: a byte below 16 loses a digit.
+std::wstring NumberText(std::span<const std::uint8_t> bytes) {
+    char hexadecimal[16];
+    char* end = hexadecimal;
+    for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
+        end = std::to_chars(end, hexadecimal + sizeof hexadecimal, *byte, 16).ptr;
+    }
+    std::uint64_t number = 0;
+    std::from_chars(hexadecimal, end, number, 16);
+    return std::to_wstring(number);
+}
+
+}  // namespace
+
+std::wstring RegistryText(RegistryType type, std::span<const std::uint8_t> bytes) {
+    if (type == RegistryType::Number) {
+        constexpr std::size_t kBytesOfNumber = 4;
+        std::span<const std::uint8_t> number = bytes.first(std::min(bytes.size(), kBytesOfNumber));
+        // A NUL at the end goes, as it does for text; it is a digit 0 in front of the others.
+        if (!number.empty() && number.back() == 0) {
+            number = number.first(number.size() - 1);
+        }
+        return NumberText(number);
+    }
+    const bool isWide = type == RegistryType::Text || type == RegistryType::ExpandableText ||
+                        type == RegistryType::Texts;
+    std::wstring text = isWide ? WideText(bytes) : std::wstring(bytes.begin(), bytes.end());
+    if (!text.empty() && text.back() == L'\0') {
+        text.pop_back();
+    }
+    return text;
+}
+
+}  // namespace ambrio

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace ambrio {
+
+// The types of registry values, with the registry's own numbers.
+enum class RegistryType : std::uint32_t { Text = 1, ExpandableText = 2, Number = 4, Texts = 7 };
+
+// A registry value as text. The types of text are read as little-endian UTF-16, less one NUL at
+// their end. A number gives the hexadecimal digits of its bytes from the last to the first, each
+// byte without a leading zero, read as one hexadecimal number and written in decimal; so 0x0105
+// gives "21" and not "261". Other types give one character a byte, less one NUL at their end.
+[[nodiscard]] std::wstring RegistryText(RegistryType type, std::span<const std::uint8_t> bytes);
+
+}  // namespace ambrio
