@@ -117,12 +117,15 @@ set(APP_WIN32_SOURCES
 
 # tests/: the doubles, then the tests by the program they end up in.
 set(TEST_SUPPORT_SOURCES
+    tests/support/CountingFileSystem.cpp
+    tests/support/FailingFileSystem.cpp
     tests/support/MemoryFileSystem.cpp
     tests/support/MemoryFileSystemSetup.cpp
     tests/support/MemoryHandles.cpp
     tests/support/MemoryNode.cpp
     tests/support/MemoryPath.cpp
     tests/support/NameFolding.cpp
+    tests/support/ObservedFileSystem.cpp
     tests/support/TestCodePage.cpp
 )
 
@@ -139,6 +142,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/DialogTextsTest.cpp
     tests/unit/DirectoryTreeTest.cpp
     tests/unit/EllipsisTest.cpp
+    tests/unit/FileSystemDoublesTest.cpp
     tests/unit/FrameAnimationTest.cpp
     tests/unit/FrameMotionTest.cpp
     tests/unit/GeneralOptionsTest.cpp
