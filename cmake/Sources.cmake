@@ -196,6 +196,7 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/LogText.cpp
     tests/e2e/support/MessageBoxProbe.cpp
     tests/e2e/support/PanelProbe.cpp
+    tests/e2e/support/PreviewHost.cpp
     tests/e2e/support/ProgramFolder.cpp
     tests/e2e/support/ProgramTest.cpp
     tests/e2e/support/Registry.cpp
@@ -210,12 +211,14 @@ set(E2E_SUPPORT_SOURCES
 )
 
 set(E2E_TEST_SOURCES
+    tests/e2e/AnimationCostTest.cpp
     tests/e2e/BadSettingsTest.cpp
     tests/e2e/CommandLineTest.cpp
     tests/e2e/FailuresTest.cpp
     tests/e2e/InterruptTest.cpp
     tests/e2e/LogPlaceTest.cpp
     tests/e2e/PasswordTest.cpp
+    tests/e2e/PreviewTest.cpp
     tests/e2e/RunTest.cpp
     tests/e2e/SecondInstanceTest.cpp
     tests/e2e/SecondarySaverTest.cpp
@@ -228,6 +231,13 @@ set(E2E_TEST_SOURCES
 # Programs that stand in for what the real one meets on a user's machine.
 set(E2E_STANDIN_SAVER_SOURCES
     tests/e2e/standin/StandInSaver.cpp
+)
+
+set(E2E_PICTURE_SOURCES
+    tests/e2e/pictures/StepForPicture.cpp
+    tests/e2e/support/Handles.cpp
+    tests/e2e/support/RunningProgram.cpp
+    tests/e2e/support/Waiting.cpp
 )
 
 set(E2E_STANDIN_PASSWORD_SOURCES

@@ -58,5 +58,10 @@ if(WIN32 AND E2E_TEST_SOURCES)
     target_link_options(StandInPassword PRIVATE -Wl,--enable-stdcall-fixup)
   endif()
   set_target_properties(StandInPassword PROPERTIES PREFIX "")
+  # Brings the animation to a step of which a picture is wanted (scripts/screenshots).
+  add_executable(StepForPicture ${E2E_PICTURE_SOURCES})
+  target_link_libraries(StepForPicture PRIVATE ambrio_compiler_settings)
+  target_link_options(StepForPicture PRIVATE -municode)
+
   add_dependencies(e2e_tests StandInSaver StandInPassword Ambrio)
 endif()

@@ -8,6 +8,7 @@
 #include <windows.h>
 // The ones below need the first.
 #include <commctrl.h>
+#include <psapi.h>
 #include <oleauto.h>
 #include <shellapi.h>
 #include <shlobj.h>
