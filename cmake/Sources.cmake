@@ -22,6 +22,10 @@ set(PLATFORM_HOST_SOURCES
 
 set(PLATFORM_WIN32_SOURCES
     platform/win32/BackBuffer.cpp
+    platform/win32/CrashSafeCopy.cpp
+    platform/win32/ExtendedPath.cpp
+    platform/win32/FileEntryData.cpp
+    platform/win32/FileIdentity.cpp
     platform/win32/MessageLoop.cpp
     platform/win32/ReadRegistryValue.cpp
     platform/win32/RegistrySettingsStore.cpp
@@ -34,6 +38,10 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/SystemLibrary.cpp
     platform/win32/TextConversionWin32.cpp
     platform/win32/Win32Clock.cpp
+    platform/win32/Win32Error.cpp
+    platform/win32/Win32FileSystem.cpp
+    platform/win32/Win32FolderReader.cpp
+    platform/win32/Win32TextStream.cpp
     platform/win32/Window.cpp
 )
 

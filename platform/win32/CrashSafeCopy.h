@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "platform/FileSystem.h"
+
+namespace ambrio {
+
+// FileSystem::CopyFile between two extended paths. `temporaryName` is the name in the destination
+// folder under which the copy is made.
+void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
+                   const std::wstring& temporaryName, bool overwrite, const Yield& yield);
+
+}  // namespace ambrio

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+namespace ambrio {
+
+// The file system of the machine.
+class Win32FileSystem : public FileSystem {
+  public:
+    bool FileExists(const std::wstring& path) override;
+    bool FolderExists(const std::wstring& path) override;
+    // Describes what a link to a file leads to; a link that leads nowhere is described by itself.
+    FileEntry GetFile(const std::wstring& path) override;
+    std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) override;
+    std::optional<FolderIdentity> IdentityOf(const std::wstring& folder) override;
+    void CreateFolder(const std::wstring& path) override;
+    void SetAttributes(const std::wstring& path, FileAttributes attributes) override;
+    void DeleteFile(const std::wstring& path, bool force) override;
+    void CopyFile(const std::wstring& source, const std::wstring& destination, bool overwrite,
+                  const Yield& yield) override;
+    std::unique_ptr<TextStream> OpenForAppending(const std::wstring& path) override;
+    bool IsWritableFolder(const std::wstring& path) override;
+    [[nodiscard]] std::wstring FoldedName(const std::wstring& name) const override;
+};
+
+}  // namespace ambrio
