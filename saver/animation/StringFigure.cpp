@@ -15,8 +15,8 @@ constexpr double kFewestStrings = 64;
 constexpr double kMostStrings = 260;
 constexpr double kStringsPerStep = 1;
 
-constexpr double kStrength = 0.40;
-constexpr double kFreshStrength = 0.80;  // of the newest string
+constexpr double kStrength = 0.46;
+constexpr double kFreshStrength = 0.90;  // of the newest string
 constexpr double kFreshStrings = 2;      // how long it takes to calm down
 constexpr double kFadeShare = 0.45;      // of a string's life that it spends fading
 constexpr int kFadeLevels = 4;           // each level is one redrawing of the string
@@ -28,13 +28,15 @@ const StringFigure::Pattern& StringFigure::AnyPattern(Random& random) {
         {{1, 0, 0}, {2, 0, 0}},          // one cusp
         {{1, 0, 0}, {3, 0, 0}},          // two cusps
         {{1, 0, 0}, {4, 0, 0}},          // three
-        {{1, 0, 0}, {-2, 0, 0}},         // a triangle of curves
-        {{1, 0, 0}, {-3, 0, 0}},         // a star of four
-        {{2, 0, 0}, {-3, 0, 0}},         // a star of five
+        {{2, 0, 0}, {5, 0, 0}},          // three around a wide middle
+        {{1, 0, 0}, {1, 5, 0.30}},       // a whirl
         {{1, 7, 0.12}, {1, -5, 0.30}},   // a ribbon
         {{1, -3, 0.25}, {2, 5, 0.15}},   // a blossom
         {{1, -4, 0.30}, {1, -4, 0.30}},  // a woven rose
         {{1, 0, 0}, {1, -5, 0.45}},      // a wheel with a flower inside
+        {{1, -2, 0.33}, {1, -2, 0.33}},  // a star of three
+        {{1, 0, 0}, {-1, 2, 0.40}},      // a sail
+        {{2, 0, 0}, {3, 0, 0}},          // a snail
     };
     return kPatterns[random.Index(std::size(kPatterns))];
 }

@@ -9,7 +9,7 @@ namespace {
 constexpr double kSlotsPerAspect = 1.25;
 constexpr double kSmallestRadius = 0.34;  // of the form's smaller side
 constexpr double kLargestRadius = 0.47;
-constexpr double kStagger = 70;  // steps between the first figures
+constexpr double kStagger = 30;  // steps between the first figures
 constexpr double kPause = 20;    // steps from a figure's last string to the next figure's first
 
 }  // namespace
