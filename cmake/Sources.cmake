@@ -52,6 +52,20 @@ set(SETTINGS_SOURCES
 )
 
 set(ENGINE_SOURCES
+    engine/CopyRules.cpp
+    engine/DestinationFolder.cpp
+    engine/DestinationListing.cpp
+    engine/FileCopier.cpp
+    engine/FolderGuard.cpp
+    engine/FolderWalk.cpp
+    engine/LeftoverSweep.cpp
+    engine/LogPath.cpp
+    engine/RunDriver.cpp
+    engine/RunLog.cpp
+    engine/RunSummary.cpp
+    engine/SecondarySaver.cpp
+    engine/SetLoop.cpp
+    engine/SourceListing.cpp
 )
 
 # saver/animation/, saver/model/, config/model/ and app/model/: logic that knows no window and
@@ -126,6 +140,7 @@ set(APP_WIN32_SOURCES
 # tests/: the doubles, then the tests by the program they end up in.
 set(TEST_SUPPORT_SOURCES
     tests/support/CountingFileSystem.cpp
+    tests/support/EngineBench.cpp
     tests/support/FailingFileSystem.cpp
     tests/support/MemoryFileSystem.cpp
     tests/support/MemoryFileSystemSetup.cpp
@@ -163,6 +178,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/RegistryTextTest.cpp
     tests/unit/RegistryValueTest.cpp
     tests/unit/RoundingTest.cpp
+    tests/unit/RunDriverTest.cpp
     tests/unit/SecondarySaversTest.cpp
     tests/unit/SetListModelTest.cpp
     tests/unit/SetListTest.cpp

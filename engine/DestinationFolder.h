@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "platform/FileSystem.h"
+
+namespace ambrio {
+
+// Makes sure that the folder exists, with every missing level above it; true when it had to be
+// made. `action` becomes the word for what is being done. Throws RuntimeError when a level cannot
+// be made; levels made before stay. Ends for any text.
+bool MakeDestinationFolder(FileSystem& fileSystem, const std::wstring& rsDestnDir,
+                           std::wstring& action);
+
+}  // namespace ambrio

@@ -1,0 +1,87 @@
+#include "engine/DestinationListing.h"
+
+#include "engine/SourceListing.h"
+#include "platform/RuntimeError.h"
+#include "platform/TemporaryName.h"
+
+namespace ambrio {
+
+DestinationListing::DestinationListing(FileSystem& fileSystem, const std::wstring& rsSourceDir,
+                                       const std::wstring& rsDestnDir)
+    : fileSystem_(fileSystem), rsSourceDir_(rsSourceDir), rsDestnDir_(rsDestnDir) {}
+
+void DestinationListing::Fetch(RunHost& host, const RunState& state) {
+    try {
+        const std::unique_ptr<FolderReader> reader = fileSystem_.GetFolder(rsDestnDir_);
+        FileEntry entry;
+        for (int count = 1; reader->Next(entry); ++count) {
+            Add(entry);
+            if (count % kEntriesBetweenYields == 0) {
+                host.DoEvents();
+            }
+            if (state.Interrupted) {
+                Forget();
+                return;
+            }
+        }
+        isListed_ = true;
+    } catch (const RuntimeError&) {
+        Forget();
+    }
+}
+
+void DestinationListing::Add(const FileEntry& entry) {
+    if (entry.IsFolder()) {
+        return;
+    }
+    copies_[fileSystem_.FoldedName(entry.Name)] = {entry.Attributes, entry.DateLastModified};
+    if (IsTemporaryName(entry.Name)) {
+        leftovers_.push_back(entry.Name);
+    }
+}
+
+void DestinationListing::Forget() {
+    copies_.clear();
+    leftovers_.clear();
+}
+
+std::wstring DestinationListing::PathOf(const std::wstring& name) const {
+    return FileSystem::BuildPath(rsDestnDir_, name);
+}
+
+std::optional<FileEntry> DestinationListing::Listed(const std::wstring& name) const {
+    const auto copy = copies_.find(fileSystem_.FoldedName(name));
+    if (copy == copies_.end()) {
+        return std::nullopt;
+    }
+    FileEntry entry;
+    entry.Name = name;
+    entry.Attributes = copy->second.Attributes;
+    entry.DateLastModified = copy->second.DateLastModified;
+    return entry;
+}
+
+bool DestinationListing::MayHold(const std::wstring& name) const {
+    return !isListed_ || copies_.contains(fileSystem_.FoldedName(name));
+}
+
+std::optional<FileEntry> DestinationListing::Ask(const std::wstring& name) const {
+    const std::wstring path = PathOf(name);
+    if (!fileSystem_.FileExists(path)) {
+        return std::nullopt;
+    }
+    return fileSystem_.GetFile(path);
+}
+
+bool DestinationListing::IsSourceItself() {
+    if (!isSourceItself_) {
+        const auto source = fileSystem_.IdentityOf(rsSourceDir_);
+        const auto destination = fileSystem_.IdentityOf(rsDestnDir_);
+        isSourceItself_ = source && destination ? *source == *destination
+                                                : fileSystem_.FoldedName(rsSourceDir_) ==
+                                                      fileSystem_.FoldedName(rsDestnDir_);
+    }
+    return *isSourceItself_;
+}
+
+}  // namespace ambrio

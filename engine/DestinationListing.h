@@ -1,0 +1,58 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/RunHost.h"
+#include "engine/RunState.h"
+#include "platform/FileSystem.h"
+
+namespace ambrio {
+
+// The copies that a destination folder holds, for the source files of one folder. Listed once, so
+// that a copy that needs nothing costs no call; whoever is about to change a copy asks afresh.
+class DestinationListing {
+  public:
+    DestinationListing(FileSystem& fileSystem, const std::wstring& rsSourceDir,
+                       const std::wstring& rsDestnDir);
+
+    // For a folder that was just made.
+    void KnowEmpty() { isListed_ = true; }
+    // Lists the folder. When that fails or the run is interrupted meanwhile, each copy is asked for
+    // by itself from then on. Lets events run now and then.
+    void Fetch(RunHost& host, const RunState& state);
+
+    // The names of temporary files that killed copies left behind, as far as listed.
+    [[nodiscard]] const std::vector<std::wstring>& Leftovers() const { return leftovers_; }
+
+    [[nodiscard]] std::wstring PathOf(const std::wstring& name) const;
+    // The copy as it was when the folder was listed; nothing when there was none or no listing.
+    [[nodiscard]] std::optional<FileEntry> Listed(const std::wstring& name) const;
+    // False when the folder was listed without it.
+    [[nodiscard]] bool MayHold(const std::wstring& name) const;
+    // The copy as it is now; nothing when there is none. Throws RuntimeError.
+    [[nodiscard]] std::optional<FileEntry> Ask(const std::wstring& name) const;
+    // True when a copy in it would be the source file itself. Asks the file system once.
+    [[nodiscard]] bool IsSourceItself();
+
+  private:
+    struct Copy {
+        FileAttributes Attributes = 0;
+        FileSeconds DateLastModified = 0;
+    };
+
+    void Add(const FileEntry& entry);
+    void Forget();
+
+    FileSystem& fileSystem_;
+    const std::wstring& rsSourceDir_;
+    const std::wstring& rsDestnDir_;
+    bool isListed_ = false;
+    std::unordered_map<std::wstring, Copy> copies_;  // by folded name
+    std::vector<std::wstring> leftovers_;
+    std::optional<bool> isSourceItself_;
+};
+
+}  // namespace ambrio

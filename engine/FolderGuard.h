@@ -1,0 +1,57 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/FileSystem.h"
+
+namespace ambrio {
+
+// Knows the folders on the way from a Set's source folder to the one being walked, and keeps the
+// walk out of subfolders in which it would never end or which nobody may list: the Set's own
+// destination, links that lead back to a folder being walked or filled, and the system's own
+// compatibility junctions. The file system is asked for identities only where they can matter.
+class FolderGuard {
+  public:
+    explicit FolderGuard(FileSystem& fileSystem) : fileSystem_(fileSystem) {}
+
+    // One folder on the way, for as long as it is walked. The texts must live as long.
+    class Level {
+      public:
+        Level(FolderGuard& guard, const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
+              bool isLink);
+        ~Level();
+        Level(const Level&) = delete;
+        Level& operator=(const Level&) = delete;
+
+      private:
+        FolderGuard& guard_;
+    };
+
+    // Whether a subfolder of the innermost folder may be walked. Its destination must exist.
+    [[nodiscard]] bool MayEnter(const FileEntry& subfolder, const std::wstring& path);
+
+  private:
+    // An identity that is asked for once.
+    struct Folder {
+        const std::wstring* Path;
+        bool WasAsked = false;
+        std::optional<FolderIdentity> Identity;
+    };
+    struct Step {
+        Folder Source;
+        Folder Destination;
+        std::size_t VolumeStep;  // the step that tells the volume: the last link, or the first
+        bool IsUnidentifiedLink = false;
+    };
+
+    const std::optional<FolderIdentity>& IdentityOf(Folder& folder);
+    bool MayEnterLink(const std::wstring& path);
+    bool MayEnterOrdinary(const std::wstring& path);
+
+    FileSystem& fileSystem_;
+    std::vector<Step> steps_;
+};
+
+}  // namespace ambrio

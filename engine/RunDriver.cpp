@@ -1,0 +1,146 @@
+#include "engine/RunDriver.h"
+
+#include <new>
+
+#include "ProductVersion.h"
+#include "engine/EngineTexts.h"
+#include "engine/RunSummary.h"
+#include "engine/SecondarySaver.h"
+#include "platform/TextConversion.h"
+#include "settings/GeneralOptions.h"
+
+namespace ambrio {
+
+RunDriver::RunDriver(const Application& application, FileSystem& fileSystem,
+                     SettingsStore& settings, Clock& clock, StatusPanel& panel, RunHost& host,
+                     RunState& state)
+    : application_(application),
+      fileSystem_(fileSystem),
+      settings_(settings),
+      clock_(clock),
+      panel_(panel),
+      host_(host),
+      state_(state),
+      log_(fileSystem, application, state),
+      copier_(fileSystem, log_, panel, host, state),
+      walk_(fileSystem, copier_, log_, panel, host, state),
+      sets_(settings, walk_, log_, panel, state) {}
+
+void RunDriver::DoTheBiz() {
+    ResetState();
+    RunUntilSetsEnd();
+    TryWriteClosingBlock();
+    CloseDisplay();
+    if (EndWord_ == kCompleted &&
+        StartSecondarySaver(fileSystem_, host_, ReadSecondarySaver(settings_), EndWord_) ==
+            HandOver::Ended) {
+        return;
+    }
+    if (!state_.FatalErrorText.empty()) {
+        host_.ShowMessage(state_.FatalErrorText, MessageIcon::CriticalStop);
+    }
+    if (!host_.IsEndTimerEnabled() && state_.Interrupted) {
+        host_.UnloadForm();
+    }
+}
+
+// What the form has set, input before the run included, stays.
+void RunDriver::ResetState() {
+    RunState fresh;
+    fresh.Interrupted = state_.Interrupted;
+    fresh.RunStarted = state_.RunStarted;
+    fresh.RunFinished = state_.RunFinished;
+    state_ = fresh;
+    EndWord_.clear();
+}
+
+void RunDriver::RunUntilSetsEnd() {
+    try {
+        Prepare();
+        ClearLogOnNewDay();
+        sets_.RunAllSets();
+    } catch (const RuntimeError& failure) {
+        KeepFatalError(failure);
+    } catch (const std::bad_alloc&) {
+        KeepFatalError(RuntimeError(ErrorNumber::OutOfMemory));
+    }
+}
+
+void RunDriver::Prepare() {
+    panel_.SetTitle(application_.Title + L" v" + std::to_wstring(AMBRIO_VERSION_MAJOR) + L"." +
+                    std::to_wstring(AMBRIO_VERSION_MINOR));
+    state_.LogOnlyErrors = ReadLogOnlyErrors(settings_);
+    panel_.OpenClip(application_.ProgramFolder + kClipName);
+    state_.RunStartLine = application_.Title + kStartWord + GeneralDateText(clock_.Now());
+}
+
+// Wanted: whatever "ClearLogDaily" holds.
+void RunDriver::ClearLogOnNewDay() {
+    const DateTime lastRun = ReadLastRun(settings_);
+    const DateTime now = clock_.Now();
+    SaveLastRun(settings_, now);
+    if (DayDifference(lastRun, now) > 0) {
+        log_.DeleteLog();
+    }
+}
+
+// A failure that nobody below could place ends the Sets but not the closing steps.
+void RunDriver::KeepFatalError(const RuntimeError& failure) {
+    std::wstring text = failure.LogText();
+    if (!sets_.CurrentSet().empty() && dynamic_cast<const LogFailure*>(&failure) == nullptr) {
+        text += kWhileProcessingSet + PathLine(sets_.CurrentSet());
+    }
+    AddFatalErrorText(text);
+    state_.Interrupted = true;
+    try {
+        log_.WriteLog(text, false);
+    } catch (const LogFailure&) {
+        return;  // the text is shown in a box anyway
+    }
+}
+
+void RunDriver::AddFatalErrorText(const std::wstring& text) {
+    std::wstring& all = state_.FatalErrorText;
+    if (all.find(text) == std::wstring::npos) {
+        all += all.empty() ? text : kLineBreak + text;
+    }
+}
+
+void RunDriver::TryWriteClosingBlock() {
+    try {
+        WriteClosingBlock();
+    } catch (const LogFailure& failure) {
+        // A run whose log nobody can read has not completed.
+        AddFatalErrorText(failure.LogText());
+        if (EndWord_ == kCompleted) {
+            EndWord_ = kEnded;
+        }
+    }
+}
+
+// Wanted: a run without failures under LogOnlyErrors leaves EndWord empty, and with it the
+// secondary screen saver alone.
+void RunDriver::WriteClosingBlock() {
+    if (state_.LogOnlyErrors && !state_.HasFailures()) {
+        return;
+    }
+    log_.WriteLog(SummarySentence(state_), true);
+    if (state_.FolderErrors > 0) {
+        log_.WriteLog(UnprocessableFolders(state_), true);
+    }
+    EndWord_ = EndWordOf(state_);
+    log_.WriteLog(application_.Title + EndWord_ + GeneralDateText(clock_.Now()), true);
+    log_.WriteLog(kSeparatorLine, false);
+}
+
+void RunDriver::CloseDisplay() {
+    panel_.CloseClip();
+    host_.ShowPointer();
+    host_.LeaveTopmost();
+}
+
+std::wstring RunDriver::FailureSummary() {
+    return state_.HasFailures() ? FailureSummaryText(state_, log_.Path()) : std::wstring();
+}
+
+}  // namespace ambrio

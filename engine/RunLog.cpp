@@ -1,0 +1,59 @@
+#include "engine/RunLog.h"
+
+#include "engine/EngineTexts.h"
+#include "engine/LogPath.h"
+
+namespace ambrio {
+
+LogFailure::LogFailure(const RuntimeError& cause, const std::wstring& action,
+                       const std::wstring& path)
+    : RuntimeError(cause.Number(), cause.Description() + action + PathLine(path)) {}
+
+RunLog::RunLog(FileSystem& fileSystem, const Application& application, const RunState& state)
+    : fileSystem_(fileSystem), application_(application), state_(state) {}
+
+const std::wstring& RunLog::Path() {
+    if (!path_) {
+        path_ = LogPath(application_, fileSystem_);
+    }
+    return *path_;
+}
+
+void RunLog::WriteLog(const std::wstring& rsText, bool rbKeepOpen) {
+    const std::wstring& path = Path();
+    try {
+        if (!LogStream_) {
+            LogStream_ = fileSystem_.OpenForAppending(path);
+        }
+        WriteLines(rsText);
+    } catch (const RuntimeError& failure) {
+        LogStream_.reset();
+        throw LogFailure(failure, kWhileWriting, path);
+    }
+    // Closed around each single line, so that the file is whole when the program is killed.
+    if (!rbKeepOpen) {
+        LogStream_.reset();
+    }
+}
+
+void RunLog::WriteLines(const std::wstring& rsText) {
+    if (!HeaderWritten_) {
+        LogStream_->WriteLine(kSeparatorLine);
+        LogStream_->WriteLine(state_.RunStartLine);
+        HeaderWritten_ = true;
+    }
+    LogStream_->WriteLine(rsText);
+}
+
+void RunLog::DeleteLog() {
+    const std::wstring& path = Path();
+    try {
+        if (fileSystem_.FileExists(path)) {
+            fileSystem_.DeleteFile(path, false);
+        }
+    } catch (const RuntimeError& failure) {
+        throw LogFailure(failure, kWhileDeleting, path);
+    }
+}
+
+}  // namespace ambrio

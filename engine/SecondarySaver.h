@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "engine/RunHost.h"
+#include "platform/FileSystem.h"
+
+namespace ambrio {
+
+// What became of the program.
+enum class HandOver { Stayed, Ended };
+
+// Starts the screen saver of that name, which is found by the system's search path: hidden when it
+// lies in the Windows folder, in a normal window when only the System folder holds it. When it
+// started, shows `EndWord` in a box, which waits behind it, and ends the program. Otherwise says
+// what is wrong and unloads the form. An empty name is no screen saver; nothing happens then.
+[[nodiscard]] HandOver StartSecondarySaver(FileSystem& fileSystem, RunHost& host,
+                                           const std::wstring& name, const std::wstring& EndWord);
+
+}  // namespace ambrio

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "engine/FolderWalk.h"
+#include "engine/RunLog.h"
+#include "engine/RunState.h"
+#include "engine/StatusPanel.h"
+#include "platform/SettingsStore.h"
+
+namespace ambrio {
+
+// Runs the user's Sets in their order. What it is given must live longer.
+class SetLoop {
+  public:
+    SetLoop(SettingsStore& settings, FolderWalk& walk, RunLog& log, StatusPanel& panel,
+            const RunState& state);
+
+    // Stops after the Set during which the run was interrupted. Throws RuntimeError when a Set's
+    // settings cannot be read, and LogFailure.
+    void RunAllSets();
+
+    // The Set in hand; empty between Sets.
+    [[nodiscard]] const std::wstring& CurrentSet() const { return currentSet_; }
+
+  private:
+    void RunSet(const std::wstring& Name);
+    void ShowEndOfList();
+    void LogSetLine(const std::wstring& Name, const wchar_t* word);
+
+    SettingsStore& settings_;
+    FolderWalk& walk_;
+    RunLog& log_;
+    StatusPanel& panel_;
+    const RunState& state_;
+    std::wstring currentSet_;
+};
+
+}  // namespace ambrio

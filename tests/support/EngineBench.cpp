@@ -1,0 +1,54 @@
+#include "tests/support/EngineBench.h"
+
+#include "settings/SettingKeys.h"
+
+namespace ambrio {
+
+EngineBench::EngineBench() {
+    App.Title = L"Ambrio";
+    App.ProgramFolder = L"C:\\Ambrio";
+    App.LocalDataFolder = L"C:\\Users\\me\\Local";
+    Files.MakeFolder(App.ProgramFolder);
+    Files.MakeFolder(App.LocalDataFolder);
+}
+
+void EngineBench::AddSet(const std::wstring& name, const std::wstring& source,
+                         const std::wstring& destination) {
+    std::wstring& sets = Settings.Values[{kGeneralSection, kSetsKey}];
+    sets += (sets.empty() ? L"" : L",") + name;
+    Set(name, kSourceKey, source);
+    Set(name, kDestinationKey, destination);
+    Set(name, kRecursiveKey, kYes);
+}
+
+void EngineBench::Set(const std::wstring& section, const std::wstring& key,
+                      const std::wstring& value) {
+    Settings.Values[{section, key}] = value;
+}
+
+void EngineBench::Run(FileSystem& fileSystem, SettingsStore& settings) {
+    const bool interrupted = State.Interrupted;
+    State = RunState();
+    State.Interrupted = interrupted;
+    RunDriver driver(App, fileSystem, settings, Time, Panel, Host, State);
+    driver.DoTheBiz();
+    FailureSummary = driver.FailureSummary();
+}
+
+std::vector<std::wstring> EngineBench::Log() {
+    std::vector<std::wstring> lines;
+    if (!Files.FileExists(LogFile())) {
+        return lines;
+    }
+    const std::string content = Files.Content(LogFile());
+    for (std::size_t start = 0; start < content.size();) {
+        const std::size_t end = content.find("\r\n", start);
+        const std::size_t stop = end == std::string::npos ? content.size() : end;
+        lines.emplace_back(content.begin() + static_cast<std::ptrdiff_t>(start),
+                           content.begin() + static_cast<std::ptrdiff_t>(stop));
+        start = stop + 2;
+    }
+    return lines;
+}
+
+}  // namespace ambrio

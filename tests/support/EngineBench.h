@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "engine/RunDriver.h"
+#include "engine/RunState.h"
+#include "platform/Application.h"
+#include "tests/support/ManualClock.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/MemorySettingsStore.h"
+#include "tests/support/RecordingHost.h"
+#include "tests/support/RecordingPanel.h"
+
+namespace ambrio {
+
+// Everything a run needs, in memory: the program lies in "C:\Ambrio", which exists.
+class EngineBench {
+  public:
+    EngineBench();
+
+    // Adds a Set that copies `source` to `destination`, and appends it to the list of Sets.
+    void AddSet(const std::wstring& name, const std::wstring& source,
+                const std::wstring& destination);
+    void Set(const std::wstring& section, const std::wstring& key, const std::wstring& value);
+
+    // One run of a form of its own: a new state, but for `State.Interrupted`, a new driver.
+    void Run() { Run(Files, Settings); }
+    void Run(FileSystem& fileSystem, SettingsStore& settings);
+
+    // The lines of the log without their line ends; none when there is no log.
+    [[nodiscard]] std::vector<std::wstring> Log();
+    [[nodiscard]] static std::wstring LogFile() { return L"C:\\Ambrio\\Ambrio.log"; }
+
+    Application App;
+    MemoryFileSystem Files;
+    MemorySettingsStore Settings;
+    ManualClock Time{DateTime{2026, 11, 21, 15, 49, 46}};
+    RecordingPanel Panel;
+    RecordingHost Host;
+    RunState State;
+    std::wstring FailureSummary;  // what the form would show after the last run
+};
+
+}  // namespace ambrio
