@@ -22,10 +22,17 @@ set(PLATFORM_HOST_SOURCES
 
 set(PLATFORM_WIN32_SOURCES
     platform/win32/BackBuffer.cpp
+    platform/win32/CheckListBox.cpp
     platform/win32/CrashSafeCopy.cpp
+    platform/win32/Dialog.cpp
+    platform/win32/DialogTemplate.cpp
+    platform/win32/Drives.cpp
     platform/win32/ExtendedPath.cpp
     platform/win32/FileEntryData.cpp
     platform/win32/FileIdentity.cpp
+    platform/win32/FolderIcons.cpp
+    platform/win32/FullPath.cpp
+    platform/win32/ListDrawing.cpp
     platform/win32/MessageLoop.cpp
     platform/win32/ReadRegistryValue.cpp
     platform/win32/RegistrySettingsStore.cpp
@@ -37,6 +44,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/SystemFolders.cpp
     platform/win32/SystemLibrary.cpp
     platform/win32/TextConversionWin32.cpp
+    platform/win32/Tooltips.cpp
     platform/win32/Win32Clock.cpp
     platform/win32/Win32Error.cpp
     platform/win32/Win32FileSystem.cpp
@@ -120,6 +128,16 @@ set(CONFIG_MODEL_SOURCES
 )
 
 set(CONFIG_WIN32_SOURCES
+    config/ConfigurationMode.cpp
+    config/DirectoryListBox.cpp
+    config/Form.cpp
+    config/SystemInformation.cpp
+    config/WebLink.cpp
+    config/frmAbout.cpp
+    config/frmBrowse.cpp
+    config/frmConfiguration.cpp
+    config/frmIncludeExclude.cpp
+    config/frmProperties.cpp
 )
 
 set(APP_MODEL_SOURCES
@@ -195,14 +213,20 @@ set(UNIT_TEST_HOST_SOURCES
 
 set(UNIT_TEST_WIN32_SOURCES
     tests/unit/BackBufferTest.cpp
+    tests/unit/CheckListBoxTest.cpp
+    tests/unit/FormTextsTest.cpp
     tests/unit/FormTimerTest.cpp
     tests/unit/PointerTest.cpp
     tests/unit/RegistrySettingsStoreTest.cpp
     tests/unit/StatusPanelViewTest.cpp
+    tests/unit/SystemInformationTest.cpp
     tests/unit/SystemLibraryTest.cpp
     tests/unit/SystemServicesTest.cpp
     tests/unit/Win32ClockTest.cpp
     tests/unit/WindowTest.cpp
+    tests/unit/frmBrowseTest.cpp
+    tests/unit/frmConfigurationTest.cpp
+    tests/unit/frmPropertiesTest.cpp
 )
 
 # One suite for every FileSystem, built into the unit tests.

@@ -28,6 +28,10 @@ std::wstring BrowseCaption(const std::wstring& setName, std::int16_t browseIndex
            (browseIndex != kBrowseSource ? L" destination folder" : L" source folder");
 }
 
+std::wstring DriveFailureText(wchar_t letter, const std::wstring& reason) {
+    return L"Drive " + std::wstring(1, letter) + L": cannot be opened.\r\n" + reason;
+}
+
 std::wstring FileSelectionCaption(const std::wstring& setName) {
     return setName + L" properties - File selection";
 }

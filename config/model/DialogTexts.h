@@ -20,6 +20,9 @@ inline constexpr std::int16_t kBrowseDestination = 1;
 
 // For a new Set the name is empty, and two blanks stand in a row.
 [[nodiscard]] std::wstring BrowseCaption(const std::wstring& setName, std::int16_t browseIndex);
+// Why a drive was not opened, `reason` being the failure's description.
+[[nodiscard]] std::wstring DriveFailureText(wchar_t letter, const std::wstring& reason);
+
 [[nodiscard]] std::wstring FileSelectionCaption(const std::wstring& setName);
 
 [[nodiscard]] std::wstring AboutCaption(const std::wstring& title);

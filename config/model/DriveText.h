@@ -2,9 +2,9 @@
 
 #include <string>
 
-namespace ambrio {
+#include "platform/DriveKind.h"
 
-enum class DriveKind { Unknown, Removable, Fixed, Network, Compact, Memory };
+namespace ambrio {
 
 // The line of a drive in the drive list, such as "C: Local disk [System]". The label is the
 // volume's, or where a network drive leads; without one the brackets are left out.

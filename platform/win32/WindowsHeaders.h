@@ -12,6 +12,9 @@
 #include <oleauto.h>
 #include <shellapi.h>
 #include <shlobj.h>
+#include <uxtheme.h>
+#include <vsstyle.h>
+#include <winnetwk.h>
 
 #undef CopyFile
 #undef CreateFile

@@ -17,6 +17,8 @@ TEST(DialogTexts, AreToTheLetter) {
     EXPECT_EQ(L"S Properties", SetCaption(L"S"));
     EXPECT_EQ(L"Choose S source folder", BrowseCaption(L"S", 0));
     EXPECT_EQ(L"Choose  destination folder", BrowseCaption(L"", 1));
+    EXPECT_EQ(L"Drive D: cannot be opened.\r\nDisk not ready",
+              DriveFailureText(L'D', L"Disk not ready"));
     EXPECT_EQ(L"S properties - File selection", FileSelectionCaption(L"S"));
     EXPECT_EQ(L"About T", AboutCaption(L"T"));
     EXPECT_EQ(L"Version 2.1.7", VersionText(2, 1, 7));

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <vector>
+
+#include "config/model/DirectoryTree.h"
+#include "platform/win32/FolderIcons.h"
+#include "platform/win32/WindowsHeaders.h"
+
+namespace ambrio {
+
+// Shows the rows of a directory tree in an owner-drawn list box (LBS_OWNERDRAWFIXED,
+// LBS_HASSTRINGS), whose entries are the directories' names and whose item data is their depth.
+// Enter on another entry than the open one acts as a double-click; on the open one it is left to
+// the dialog. The object must live until the list box is gone.
+class DirectoryListBox {
+  public:
+    DirectoryListBox() = default;
+    DirectoryListBox(const DirectoryListBox&) = delete;
+    DirectoryListBox& operator=(const DirectoryListBox&) = delete;
+
+    // To be called once, when the list box has its font.
+    void Attach(HWND listBox);
+
+    // Fills the list and highlights the open row, which comes into view with what is below it.
+    void Show(const std::vector<DirectoryRow>& rows, std::size_t openRow);
+
+    // To be called for the list box's WM_DRAWITEM.
+    void Draw(const DRAWITEMSTRUCT& item, const std::vector<DirectoryRow>& rows) const;
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam,
+                                      UINT_PTR id, DWORD_PTR data);
+    LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam);
+    [[nodiscard]] bool TakesEnter() const;
+    [[nodiscard]] int TextLeft(int depth) const;
+    void SetScrollWidth(const std::vector<DirectoryRow>& rows);
+
+    HWND listBox_ = nullptr;
+    FolderIcons icons_;
+    int iconSize_ = 0;
+    LRESULT openRow_ = 0;
+};
+
+}  // namespace ambrio

@@ -1,0 +1,50 @@
+#include "config/Form.h"
+
+#include "config/model/CentreForm.h"
+#include "platform/Twips.h"
+#include "platform/win32/ResourceText.h"
+#include "platform/win32/ScreenTwips.h"
+
+namespace ambrio {
+namespace {
+
+constexpr int kTooltipUnits = 200;
+
+FormPlace PlaceOf(HWND window, const ScreenTwips& twips) {
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return {static_cast<float>(place.left * twips.X), static_cast<float>(place.top * twips.Y),
+            static_cast<float>((place.right - place.left) * twips.X),
+            static_cast<float>((place.bottom - place.top) * twips.Y)};
+}
+
+}  // namespace
+
+void Form::OnFailure(const RuntimeError& error) {
+    Ask(error.LogText(), context_.App.Title, MB_OK | MB_ICONEXCLAMATION);
+}
+
+void Form::SetTooltip(int control, const std::wstring& text) {
+    tooltips_.Set(Control(control), text, PixelsOfUnits(kTooltipUnits, 0).cx);
+}
+
+void Form::SetTooltips(std::span<const Tip> tips) {
+    for (const Tip& tip : tips) {
+        SetTooltip(tip.Control, ResourceText(tip.TextId));
+    }
+}
+
+void Form::CentreOver(HWND parent) {
+    const ScreenTwips twips = ReadScreenTwips();
+    FormPlace place = PlaceOf(Handle(), twips);
+    CentreForm(place, PlaceOf(parent, twips));
+    SetWindowPos(Handle(), nullptr, PixelsFromTwips(place.Left, twips.X),
+                 PixelsFromTwips(place.Top, twips.Y), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+int Form::Ask(const std::wstring& text, const std::wstring& title, UINT style) {
+    return MessageBoxW(Handle(), text.c_str(), title.c_str(), style);
+}
+
+}  // namespace ambrio

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "config/DialogContext.h"
+#include "platform/win32/Dialog.h"
+#include "platform/win32/Tooltips.h"
+
+namespace ambrio {
+
+// What the five dialogs have in common.
+class Form : public Dialog {
+  public:
+    // For whoever compares the tooltips.
+    [[nodiscard]] HWND TooltipWindow() const { return tooltips_.Handle(); }
+
+  protected:
+    struct Tip {
+        int Control;
+        unsigned TextId;
+    };
+
+    Form(DialogContext& context, int templateId)
+        : Dialog(context.Instance, templateId), context_(context) {}
+
+    void OnFailure(const RuntimeError& error) override;
+
+    [[nodiscard]] DialogContext& Context() const { return context_; }
+    void SetTooltip(int control, const std::wstring& text);
+    void SetTooltips(std::span<const Tip> tips);
+    // Puts the dialog over the middle of the one that opened it.
+    void CentreOver(HWND parent);
+    // A message box over this dialog; returns the button's id.
+    int Ask(const std::wstring& text, const std::wstring& title, UINT style);
+
+  private:
+    DialogContext& context_;
+    Tooltips tooltips_;
+};
+
+}  // namespace ambrio

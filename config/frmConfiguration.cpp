@@ -1,0 +1,215 @@
+#include "config/frmConfiguration.h"
+
+#include <array>
+
+#include "config/frmAbout.h"
+#include "config/frmProperties.h"
+#include "config/model/DialogOptions.h"
+#include "config/model/DialogTexts.h"
+#include "config/model/SecondarySavers.h"
+#include "platform/win32/StartProgram.h"
+#include "platform/win32/SystemFolders.h"
+#include "resources/DialogIds.h"
+#include "settings/GeneralOptions.h"
+
+namespace ambrio {
+namespace {
+
+std::wstring ComboEntry(HWND combo, std::size_t entry) {
+    const LRESULT length = SendMessageW(combo, CB_GETLBTEXTLEN, entry, 0);
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    SendMessageW(combo, CB_GETLBTEXT, entry, reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+std::vector<std::wstring> ComboEntries(HWND combo) {
+    std::vector<std::wstring> entries;
+    const LRESULT count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+        entries.push_back(ComboEntry(combo, static_cast<std::size_t>(i)));
+    }
+    return entries;
+}
+
+std::vector<std::wstring> SaverFolders() {
+    return {GetWindowsFolder(), GetSystemFolder()};
+}
+
+}  // namespace
+
+frmConfiguration::frmConfiguration(DialogContext& context) : Form(context, IDD_CONFIGURATION) {}
+
+void frmConfiguration::Form_Load() {
+    static constexpr std::array<Tip, 9> kTips = {{
+        {IDC_LST_SETS, IDS_TIP_SETS},
+        {IDC_CMD_UP, IDS_TIP_UP},
+        {IDC_CMD_DOWN, IDS_TIP_DOWN},
+        {IDC_CMD_NEW, IDS_TIP_NEW},
+        {IDC_CMD_REMOVE, IDS_TIP_REMOVE},
+        {IDC_CMD_PROPERTIES, IDS_TIP_PROPERTIES},
+        {IDC_CHK_CLEAR_LOG_DAILY, IDS_TIP_CLEAR_LOG_DAILY},
+        {IDOK, IDS_TIP_CONFIGURATION_OK},
+        {IDC_CMD_ABOUT, IDS_TIP_ABOUT},
+    }};
+    const std::wstring& title = Context().App.Title;
+    lstSets_.Attach(Control(IDC_LST_SETS));
+    SetTooltips(kTips);
+
+    SetCaption(ConfigurationCaption(title));
+    const std::wstring sets = ambrio::ReadSets(Context().Settings);
+    const DialogOptions options = LoadDialogOptions(Context().Settings);
+    Tick(IDC_CHK_LOG_ONLY_ERRORS, options.LogOnlyErrors);
+    Tick(IDC_CHK_CLEAR_LOG_DAILY, options.ClearLogDaily);
+    SetTooltip(IDC_CHK_LOG_ONLY_ERRORS, LogOnlyErrorsTooltip(title));
+    SetListModel list;
+    list.BuildList(Context().Settings, sets);
+    ShowSets(list);
+    FillSavers();
+    const auto saver = SaverToSelect(ComboEntries(Control(IDC_CBO_SS)), options.SecondarySaver);
+    Send(IDC_CBO_SS, CB_SETCURSEL, saver ? *saver : static_cast<WPARAM>(-1));
+}
+
+void frmConfiguration::FillSavers() {
+    const auto add = [this](const std::wstring& name) {
+        Send(IDC_CBO_SS, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+    };
+    // A saver that lies in both folders stands in the list twice.
+    for (const std::wstring& folder : SaverFolders()) {
+        for (const std::wstring& name : SaversIn(Context().Files, folder)) {
+            add(name);
+        }
+    }
+    add(kNoSaver);
+}
+
+void frmConfiguration::OnCommand(int control, int notification) {
+    if (notification == BN_CLICKED) {
+        Click(control);
+    }
+}
+
+void frmConfiguration::Click(int button) {
+    switch (button) {
+        case IDC_CMD_UP:
+            return cmdMove_Click(&SetListModel::MoveUp);
+        case IDC_CMD_DOWN:
+            return cmdMove_Click(&SetListModel::MoveDown);
+        case IDC_CMD_NEW:
+            return cmdNew_Click();
+        case IDC_CMD_REMOVE:
+            return cmdRemove_Click();
+        case IDC_CMD_PROPERTIES:
+            return cmdProperties_Click();
+        case IDC_CMD_SETTINGS:
+            return cmdSettings_Click();
+        case IDC_CMD_HELP:
+            return cmdHelp_Click();
+        case IDC_CMD_ABOUT:
+            return cmdAbout_Click();
+        case IDOK:
+            return cmdOk_Click();
+        default:
+            return;
+    }
+}
+
+void frmConfiguration::OnDrawItem(const DRAWITEMSTRUCT& item) {
+    lstSets_.Draw(item);
+}
+
+void frmConfiguration::cmdMove_Click(bool (SetListModel::*move)()) {
+    SetListModel sets = ReadSets();
+    if ((sets.*move)()) {
+        ShowSets(sets);
+    } else {
+        MessageBeep(MB_OK);
+    }
+}
+
+void frmConfiguration::cmdNew_Click() {
+    Context().CurrentSetName.clear();
+    ShowProperties();
+    SetListModel sets = ReadSets();
+    if (!Context().CurrentSetName.empty()) {
+        sets.Add(Context().CurrentSetName);
+    }
+    // Also when nothing was added.
+    sets.MakeLastCurrent();
+    ShowSets(sets);
+}
+
+void frmConfiguration::cmdProperties_Click() {
+    Context().CurrentSetName = ReadSets().CurrentName();
+    ShowProperties();
+}
+
+void frmConfiguration::ShowProperties() {
+    frmProperties properties(Context());
+    properties.Load(Handle());
+    properties.ShowModal();
+}
+
+void frmConfiguration::cmdRemove_Click() {
+    SetListModel sets = ReadSets();
+    if (!sets.Current()) {
+        MessageBeep(MB_OK);
+        return;
+    }
+    if (Ask(RemoveQuestion(sets.CurrentName()), Context().App.Title,
+            MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES) {
+        sets.RemoveCurrent();
+        ShowSets(sets);
+    }
+}
+
+void frmConfiguration::cmdSettings_Click() {
+    const auto path = SaverPath(Context().Files, SaverFolders(), Text(IDC_CBO_SS));
+    if (path && !StartProgram(SettingsCommandLine(*path), StartedWindow::MinimisedFocus)) {
+        throw RuntimeError(ErrorNumber::FileNotFound);
+    }
+}
+
+void frmConfiguration::cmdHelp_Click() {
+    WinHelpW(Handle(), Context().App.HelpFile.c_str(), HELP_CONTENTS, 0);
+}
+
+void frmConfiguration::cmdAbout_Click() {
+    frmAbout about(Context());
+    about.Load(Handle());
+    about.ShowModal();
+}
+
+void frmConfiguration::cmdOk_Click() {
+    ReadSets().Save(Context().Settings);
+    SaveDialogOptions(Context().Settings, {IsTicked(IDC_CHK_LOG_ONLY_ERRORS),
+                                           IsTicked(IDC_CHK_CLEAR_LOG_DAILY), Text(IDC_CBO_SS)});
+    Unload();
+}
+
+SetListModel frmConfiguration::ReadSets() const {
+    std::vector<SetEntry> entries;
+    for (int i = 0; i < lstSets_.Count(); ++i) {
+        entries.push_back({lstSets_.Name(i), lstSets_.IsTicked(i)});
+    }
+    const int current = lstSets_.Current();
+    return {std::move(entries),
+            current < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(current))};
+}
+
+void frmConfiguration::ShowSets(const SetListModel& sets) {
+    const LRESULT top = Send(IDC_LST_SETS, LB_GETTOPINDEX);
+    Send(IDC_LST_SETS, WM_SETREDRAW, FALSE);
+    lstSets_.Clear();
+    for (const SetEntry& entry : sets.Entries()) {
+        lstSets_.Add(entry.Name, entry.IsTicked);
+    }
+    Send(IDC_LST_SETS, LB_SETTOPINDEX, static_cast<WPARAM>(top));
+    Send(IDC_LST_SETS, WM_SETREDRAW, TRUE);
+    if (sets.Current()) {
+        lstSets_.SetCurrent(static_cast<int>(*sets.Current()));
+    }
+    InvalidateRect(Control(IDC_LST_SETS), nullptr, TRUE);
+}
+
+}  // namespace ambrio

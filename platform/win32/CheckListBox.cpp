@@ -1,0 +1,148 @@
+#include "platform/win32/CheckListBox.h"
+
+#include <algorithm>
+#include <memory>
+#include <type_traits>
+
+#include "platform/win32/GdiHandles.h"
+#include "platform/win32/ListDrawing.h"
+
+namespace ambrio {
+namespace {
+
+constexpr int kMarginParts = 8;  // the margin is this part of an entry's height
+
+struct CloseTheme {
+    void operator()(HTHEME theme) const { CloseThemeData(theme); }
+};
+using UniqueTheme = std::unique_ptr<std::remove_pointer_t<HTHEME>, CloseTheme>;
+
+}  // namespace
+
+void CheckListBox::Attach(HWND listBox) {
+    listBox_ = listBox;
+    boxSize_ = FitEntryHeight(listBox);
+    SetWindowSubclass(listBox, Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+}
+
+void CheckListBox::Add(const std::wstring& name, bool ticked) {
+    const LRESULT entry =
+        SendMessageW(listBox_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+    SendMessageW(listBox_, LB_SETITEMDATA, static_cast<WPARAM>(entry), ticked ? 1 : 0);
+}
+
+void CheckListBox::Clear() {
+    SendMessageW(listBox_, LB_RESETCONTENT, 0, 0);
+}
+
+int CheckListBox::Count() const {
+    return static_cast<int>(SendMessageW(listBox_, LB_GETCOUNT, 0, 0));
+}
+
+std::wstring CheckListBox::Name(int entry) const {
+    return ListEntryText(listBox_, entry);
+}
+
+bool CheckListBox::IsTicked(int entry) const {
+    return SendMessageW(listBox_, LB_GETITEMDATA, static_cast<WPARAM>(entry), 0) == 1;
+}
+
+int CheckListBox::Current() const {
+    return static_cast<int>(SendMessageW(listBox_, LB_GETCURSEL, 0, 0));
+}
+
+void CheckListBox::SetCurrent(int entry) {
+    SendMessageW(listBox_, LB_SETCURSEL, static_cast<WPARAM>(entry), 0);
+}
+
+LRESULT CALLBACK CheckListBox::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam,
+                                         UINT_PTR id, DWORD_PTR data) {
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(handle, Procedure, id);
+        return DefSubclassProc(handle, message, wParam, lParam);
+    }
+    return reinterpret_cast<CheckListBox*>(data)->Receive(message, wParam, lParam);
+}
+
+LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = message == WM_CHAR && wParam == L' '
+                               ? 0
+                               : DefSubclassProc(listBox_, message, wParam, lParam);
+    switch (message) {
+        case WM_CHAR:
+            // A blank ticks; it does not look for an entry that begins with one.
+            if (wParam == L' ') {
+                Toggle(Current());
+            }
+            break;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            Toggle(BoxAt(lParam));
+            break;
+        case LB_SETITEMDATA: {
+            RECT place;
+            if (SendMessageW(listBox_, LB_GETITEMRECT, wParam, reinterpret_cast<LPARAM>(&place)) !=
+                LB_ERR) {
+                InvalidateRect(listBox_, &place, TRUE);
+            }
+            break;
+        }
+        default:
+            break;
+    }
+    return result;
+}
+
+void CheckListBox::Toggle(int entry) {
+    if (entry >= 0 && entry < Count()) {
+        SendMessageW(listBox_, LB_SETITEMDATA, static_cast<WPARAM>(entry), IsTicked(entry) ? 0 : 1);
+        NotifyWinEvent(EVENT_OBJECT_STATECHANGE, listBox_, OBJID_CLIENT, entry + 1);
+    }
+}
+
+// The entry whose check box lies there; -1 for none.
+int CheckListBox::BoxAt(LPARAM position) const {
+    const LRESULT found = SendMessageW(listBox_, LB_ITEMFROMPOINT, 0, position);
+    const POINT point = {static_cast<short>(LOWORD(position)),
+                         static_cast<short>(HIWORD(position))};
+    RECT place = {};
+    if (HIWORD(found) != 0 || SendMessageW(listBox_, LB_GETITEMRECT, LOWORD(found),
+                                           reinterpret_cast<LPARAM>(&place)) == LB_ERR) {
+        return -1;
+    }
+    const RECT box = BoxOf(place);
+    const bool isInside = point.x < box.right && PtInRect(&place, point) != FALSE;
+    return isInside ? LOWORD(found) : -1;
+}
+
+RECT CheckListBox::BoxOf(const RECT& entry) const {
+    const LONG height = entry.bottom - entry.top;
+    const LONG left = entry.left + std::max<LONG>(2, height / kMarginParts);
+    const LONG top = entry.top + (height - boxSize_) / 2;
+    return {left, top, left + boxSize_, top + boxSize_};
+}
+
+void CheckListBox::Draw(const DRAWITEMSTRUCT& item) const {
+    if (static_cast<int>(item.itemID) < 0) {
+        return;
+    }
+    const RECT box = BoxOf(item.rcItem);
+    RECT text = item.rcItem;
+    text.left = box.right + (box.left - item.rcItem.left);
+    FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_WINDOW));
+    DrawBox(item.hDC, box, item.itemData == 1);
+    DrawListText(item, text, Name(static_cast<int>(item.itemID)));
+}
+
+void CheckListBox::DrawBox(HDC dc, RECT box, bool ticked) const {
+    const UniqueTheme theme(OpenThemeData(listBox_, L"BUTTON"));
+    if (theme != nullptr) {
+        DrawThemeBackground(theme.get(), dc, BP_CHECKBOX,
+                            ticked ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL, &box, nullptr);
+        return;
+    }
+    const UINT state = DFCS_BUTTONCHECK | (ticked ? DFCS_CHECKED : 0U);
+    DrawFrameControl(dc, &box, DFC_BUTTON, state);
+}
+
+}  // namespace ambrio

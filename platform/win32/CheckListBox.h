@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+
+#include "platform/win32/WindowsHeaders.h"
+
+namespace ambrio {
+
+// Gives an owner-drawn list box (LBS_OWNERDRAWFIXED, LBS_HASSTRINGS) a check box in front of each
+// entry, which the mouse and the space bar tick. The entry's item data is its tick: 1 or 0. So the
+// list is filled, read and driven with the ordinary messages of list boxes. The object must live
+// until the list box is gone.
+class CheckListBox {
+  public:
+    CheckListBox() = default;
+    CheckListBox(const CheckListBox&) = delete;
+    CheckListBox& operator=(const CheckListBox&) = delete;
+
+    // To be called once, when the list box has its font.
+    void Attach(HWND listBox);
+
+    void Add(const std::wstring& name, bool ticked);
+    void Clear();
+    [[nodiscard]] int Count() const;
+    [[nodiscard]] std::wstring Name(int entry) const;
+    [[nodiscard]] bool IsTicked(int entry) const;
+    // -1 for none.
+    [[nodiscard]] int Current() const;
+    // Scrolls the entry into view.
+    void SetCurrent(int entry);
+
+    // To be called for the list box's WM_DRAWITEM.
+    void Draw(const DRAWITEMSTRUCT& item) const;
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam,
+                                      UINT_PTR id, DWORD_PTR data);
+    LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam);
+    void Toggle(int entry);
+    [[nodiscard]] int BoxAt(LPARAM position) const;
+    [[nodiscard]] RECT BoxOf(const RECT& entry) const;
+    void DrawBox(HDC dc, RECT box, bool ticked) const;
+
+    HWND listBox_ = nullptr;
+    int boxSize_ = 0;
+};
+
+}  // namespace ambrio

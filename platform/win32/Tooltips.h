@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "platform/win32/WindowsHeaders.h"
+
+namespace ambrio {
+
+// The tooltips of one dialog. Their window belongs to the dialog's and goes with it.
+class Tooltips {
+  public:
+    // Nothing is made before the first Add. `longestLine` is in pixels; longer texts are wrapped.
+    Tooltips() = default;
+
+    // Gives the control a text, or another text than it has. A combo box's edit part gets the same.
+    void Set(HWND control, const std::wstring& text, int longestLine);
+
+    // The tooltip control, to be asked for its texts; null before the first Set.
+    [[nodiscard]] HWND Handle() const { return handle_; }
+
+  private:
+    void SetOne(HWND control, const std::wstring& text);
+
+    HWND handle_ = nullptr;
+};
+
+// The text that a tooltip control shows over a control; empty when it shows none.
+[[nodiscard]] std::wstring TooltipOf(HWND tooltips, HWND control);
+
+}  // namespace ambrio
