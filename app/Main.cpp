@@ -5,11 +5,14 @@
 #include "app/PasswordChange.h"
 #include "app/frmControl.h"
 #include "app/model/ModeDispatch.h"
+#include "config/ConfigurationMode.h"
 #include "platform/FileSystem.h"
 #include "platform/TextConversion.h"
 #include "platform/win32/MessageLoop.h"
+#include "platform/win32/RegistrySettingsStore.h"
 #include "platform/win32/ScreenTwips.h"
 #include "platform/win32/SystemFolders.h"
+#include "platform/win32/Win32FileSystem.h"
 #include "saver/frmScreenSaver.h"
 
 namespace ambrio {
@@ -24,7 +27,11 @@ class Program : public Modes {
   public:
     explicit Program(const Application& application) : application_(application) {}
 
-    void ShowConfiguration() override {}
+    void ShowConfiguration() override {
+        Win32FileSystem fileSystem;
+        RegistrySettingsStore settings(application_.Title);
+        ambrio::ShowConfiguration(application_, fileSystem, settings, GetModuleHandleW(nullptr));
+    }
     bool IsNotRunning(const std::wstring& title) override {
         return FindWindowW(nullptr, title.c_str()) == nullptr;
     }
