@@ -2,7 +2,7 @@
 
 BUILD_PACKAGES=(cmake ninja-build g++ googletest g++-mingw-w64-i686 g++-mingw-w64-x86-64)
 CHECK_PACKAGES=(clang clang-format clang-tidy)
-RUN_PACKAGES=(wine wine64 xvfb xauth imagemagick x11-apps procps util-linux)
+RUN_PACKAGES=(wine wine64 xvfb xauth imagemagick procps util-linux)
 
 is_installed() { [ "$(dpkg-query -W -f='${db:Status-Abbrev}' "$1" 2>/dev/null)" = "ii " ]; }
 
