@@ -176,6 +176,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/ColourWalkTest.cpp
     tests/unit/CommandSwitchTest.cpp
     tests/unit/ContrastTest.cpp
+    tests/unit/CopyRuleTableTest.cpp
     tests/unit/CopyRulesTest.cpp
     tests/unit/DateTimeTest.cpp
     tests/unit/DesktopSettingsTest.cpp

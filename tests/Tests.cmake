@@ -25,6 +25,12 @@ foreach(room platform settings engine saver_animation saver_model app_model save
   endif()
 endforeach()
 
+# The table of copy rules goes into the test program.
+set(copy_rules ${CMAKE_SOURCE_DIR}/tests/unit/copy-rules.txt)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${copy_rules})
+file(READ ${copy_rules} COPY_RULE_TABLE)
+configure_file(tests/unit/CopyRuleTable.h.in generated/CopyRuleTable.h @ONLY)
+
 function(ambrio_test_program name)
   add_executable(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE ambrio_test_support gtest gtest_main)
