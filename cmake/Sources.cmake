@@ -198,9 +198,11 @@ set(UNIT_TEST_SOURCES
     tests/unit/RegistryValueTest.cpp
     tests/unit/RoundingTest.cpp
     tests/unit/RunDriverTest.cpp
+    tests/unit/RunLogTest.cpp
     tests/unit/SecondarySaversTest.cpp
     tests/unit/SetListModelTest.cpp
     tests/unit/SetListTest.cpp
+    tests/unit/SetLoopTest.cpp
     tests/unit/SetPropertiesTest.cpp
     tests/unit/StringFiguresTest.cpp
     tests/unit/TemporaryNameTest.cpp

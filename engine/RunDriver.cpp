@@ -5,7 +5,6 @@
 #include "ProductVersion.h"
 #include "engine/EngineTexts.h"
 #include "engine/RunSummary.h"
-#include "engine/SecondarySaver.h"
 #include "platform/TextConversion.h"
 #include "settings/GeneralOptions.h"
 
@@ -31,9 +30,7 @@ void RunDriver::DoTheBiz() {
     RunUntilSetsEnd();
     TryWriteClosingBlock();
     CloseDisplay();
-    if (EndWord_ == kCompleted &&
-        StartSecondarySaver(fileSystem_, host_, ReadSecondarySaver(settings_), EndWord_) ==
-            HandOver::Ended) {
+    if (HandOverToSecondarySaver() == HandOver::Ended) {
         return;
     }
     if (!state_.FatalErrorText.empty()) {
@@ -137,6 +134,19 @@ void RunDriver::CloseDisplay() {
     panel_.CloseClip();
     host_.ShowPointer();
     host_.LeaveTopmost();
+}
+
+// Never after a failure, an interruption, or a clean run that was not to be logged.
+HandOver RunDriver::HandOverToSecondarySaver() {
+    if (EndWord_ != kCompleted) {
+        return HandOver::Stayed;
+    }
+    try {
+        return StartSecondarySaver(fileSystem_, host_, ReadSecondarySaver(settings_), EndWord_);
+    } catch (const RuntimeError& failure) {
+        AddFatalErrorText(failure.LogText());
+        return HandOver::Stayed;
+    }
 }
 
 std::wstring RunDriver::FailureSummary() {

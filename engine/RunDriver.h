@@ -7,6 +7,7 @@
 #include "engine/RunHost.h"
 #include "engine/RunLog.h"
 #include "engine/RunState.h"
+#include "engine/SecondarySaver.h"
 #include "engine/SetLoop.h"
 #include "engine/StatusPanel.h"
 #include "platform/Application.h"
@@ -44,6 +45,7 @@ class RunDriver {
     void KeepFatalError(const RuntimeError& failure);
     void AddFatalErrorText(const std::wstring& text);
     void CloseDisplay();
+    HandOver HandOverToSecondarySaver();
 
     const Application& application_;
     FileSystem& fileSystem_;

@@ -1,5 +1,7 @@
 #include "tests/support/EngineBench.h"
 
+#include <algorithm>
+
 #include "settings/SettingKeys.h"
 
 namespace ambrio {
@@ -49,6 +51,19 @@ std::vector<std::wstring> EngineBench::Log() {
         start = stop + 2;
     }
     return lines;
+}
+
+bool EngineBench::HasLog(const std::vector<std::wstring>& lines) {
+    const std::vector<std::wstring> log = Log();
+    return std::search(log.begin(), log.end(), lines.begin(), lines.end()) != log.end();
+}
+
+void EngineBench::InterruptAtEvent(int n) {
+    Host.OnDoEvents = [this, n](int count) {
+        if (count == n) {
+            State.Interrupted = true;
+        }
+    };
 }
 
 }  // namespace ambrio

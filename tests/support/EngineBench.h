@@ -30,6 +30,10 @@ class EngineBench {
 
     // The lines of the log without their line ends; none when there is no log.
     [[nodiscard]] std::vector<std::wstring> Log();
+    // Whether it holds the lines, one after the other.
+    [[nodiscard]] bool HasLog(const std::vector<std::wstring>& lines);
+    // Interrupts the run at the n-th time that it lets events run.
+    void InterruptAtEvent(int n);
     [[nodiscard]] static std::wstring LogFile() { return L"C:\\Ambrio\\Ambrio.log"; }
 
     Application App;
