@@ -94,6 +94,10 @@ void Win32FileSystem::CreateFolder(const std::wstring& path) {
     if (code == ERROR_ACCESS_DENIED && AttributesOf(path)) {
         throw RuntimeError(ErrorNumber::FileAlreadyExists);
     }
+    // What is not found while something is made is the way to it: so it is with a missing drive.
+    if (code == ERROR_FILE_NOT_FOUND) {
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    }
     ThrowWin32(code);
 }
 
