@@ -32,8 +32,10 @@ std::size_t ProgramEnd(std::wstring_view line) {
 
 std::wstring WithQuotedProgram(const std::wstring& commandLine) {
     const std::size_t end = commandLine.starts_with(L'"') ? 0 : ProgramEnd(commandLine);
-    return end == 0 ? commandLine
-                    : L'"' + commandLine.substr(0, end) + L'"' + commandLine.substr(end);
+    if (commandLine.find(L' ') >= end) {
+        return commandLine;
+    }
+    return L'"' + commandLine.substr(0, end) + L'"' + commandLine.substr(end);
 }
 
 }  // namespace ambrio

@@ -5,12 +5,12 @@
 namespace ambrio {
 namespace {
 
-TEST(ProgramQuotes, StandAroundTheProgramAlone) {
+TEST(ProgramQuotes, StandAroundAProgramWithBlanks) {
     const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-        {L"Ribbons.scr /S", L"\"Ribbons.scr\" /S"},
+        {L"Ribbons.scr /S", L"Ribbons.scr /S"},
         {L"Rock & Roll.scr /S", L"\"Rock & Roll.scr\" /S"},
         {L"C:\\My Savers\\a.b.SCR /c", L"\"C:\\My Savers\\a.b.SCR\" /c"},
-        {L"C:\\x.screens\\a.exe", L"\"C:\\x.screens\\a.exe\""},
+        {L"C:\\x.screens\\a.exe", L"C:\\x.screens\\a.exe"},
         {L"\"C:\\a b.scr\" /c", L"\"C:\\a b.scr\" /c"},
         {L"program /S", L"program /S"},
         {L"a.sc", L"a.sc"},
