@@ -108,8 +108,10 @@ TEST_F(FailuresTest, ADestinationOnADriveThatDoesNotExistLeavesTheFilesAlone) {
     RunToTheEnd();
     EXPECT_EQ(Panel().Caption(PanelControl::lblChecked), L"0");
     EndAndExpectSummary({L"1 folders (and their sub-folders) were unprocessable."});
-    EXPECT_TRUE(Log().Contains(L"Error 76 - Path not found while creating folder "));
-    EXPECT_TRUE(Log().Contains(L"      <" + nowhere + L">"));
+    EXPECT_EQ(LatestBlock(), SetBlock({L"Error 76 - Path not found while creating folder ",
+                                       L"      <" + nowhere + L">"},
+                                      {L"Of 0 files checked, 0 were copied; 0 copies were removed.",
+                                       L"1 folders (and their sub-folders) were unprocessable."}));
 }
 
 TEST_F(FailuresTest, ACopyThatCannotBeRemovedIsCountedAndStays) {
