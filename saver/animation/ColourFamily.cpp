@@ -46,7 +46,7 @@ Colour LineColour(Colour frame, double place) {
 }
 
 Colour Dimmed(Colour colour, double strength) {
-    const auto parts = static_cast<int>(strength * 256 + 0.5);
+    const auto parts = static_cast<int>(std::lround(strength * 256));
     const auto dimmed = [=](std::uint8_t component) {
         return static_cast<std::uint8_t>((component * parts + 128) / 256);
     };

@@ -69,7 +69,8 @@ void LightBuffer::SetThickness(std::int32_t thickness) {
 }
 
 void LightBuffer::MarkTile(std::int32_t x, std::int32_t y) {
-    tiles_[static_cast<std::size_t>((y >> kTileShift) * tileColumns_ + (x >> kTileShift))] = 1;
+    const std::int32_t tile = (y >> kTileShift) * tileColumns_ + (x >> kTileShift);
+    tiles_[static_cast<std::size_t>(tile)] = 1;
 }
 
 void LightBuffer::Touch(std::int32_t x, std::int32_t y, Sum change) {

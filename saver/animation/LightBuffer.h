@@ -1,9 +1,9 @@
 #pragma once
 
 #include <array>
-#include <compare>
 #include <cstdint>
 #include <span>
+#include <tuple>
 #include <vector>
 
 #include "saver/animation/Colour.h"
@@ -18,7 +18,11 @@ struct RasterLine {
     std::int32_t ToX;
     std::int32_t ToY;
 
-    auto operator<=>(const RasterLine&) const = default;
+    bool operator==(const RasterLine&) const = default;
+    bool operator<(const RasterLine& other) const {
+        return std::tie(FromX, FromY, ToX, ToY) <
+               std::tie(other.FromX, other.FromY, other.ToX, other.ToY);
+    }
 };
 
 // Pixels: right and bottom are the first ones outside.

@@ -16,7 +16,8 @@ auto Key(Colour colour) {
 }  // namespace
 
 LineSet::LineSet(std::int16_t pixelTwipsX, std::int16_t pixelTwipsY)
-    : scaleX_(kRasterUnits / pixelTwipsX), scaleY_(kRasterUnits / pixelTwipsY) {}
+    : scaleX_(kRasterUnits / static_cast<float>(pixelTwipsX)),
+      scaleY_(kRasterUnits / static_cast<float>(pixelTwipsY)) {}
 
 bool LineSet::Precedes(const Entry& one, const Entry& other) {
     if (one.Place != other.Place) {

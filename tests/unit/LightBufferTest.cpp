@@ -22,14 +22,18 @@ class LightBufferTest : public testing::Test {
     static constexpr std::int32_t kWidth = 200;
     static constexpr std::int32_t kHeight = 100;
 
+    [[nodiscard]] static std::size_t IndexOf(std::int32_t x, std::int32_t y) {
+        const std::int32_t index = y * kWidth + x;
+        return static_cast<std::size_t>(index);
+    }
     [[nodiscard]] std::uint32_t At(std::int32_t x, std::int32_t y) const {
-        return pixels_[static_cast<std::size_t>(y * kWidth + x)];
+        return pixels_[IndexOf(x, y)];
     }
     [[nodiscard]] bool IsBlack() const {
         return std::all_of(pixels_.begin(), pixels_.end(), [](auto pixel) { return pixel == 0; });
     }
 
-    std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(kWidth * kHeight);
+    std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(std::size_t{kWidth} * kHeight);
     LightBuffer buffer_{kWidth, kHeight, pixels_.data()};
 };
 
@@ -83,7 +87,7 @@ TEST_F(LightBufferTest, ToldAboutChangesCoversEveryChangedPixelOnce) {
     for (const PixelRect& part : buffer_.TakeChanges()) {
         for (std::int32_t y = part.Top; y < part.Bottom; ++y) {
             for (std::int32_t x = part.Left; x < part.Right; ++x) {
-                ++covered.at(static_cast<std::size_t>(y * kWidth + x));
+                ++covered.at(IndexOf(x, y));
             }
         }
     }
