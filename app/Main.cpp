@@ -12,6 +12,7 @@
 #include "platform/win32/RegistrySettingsStore.h"
 #include "platform/win32/ScreenTwips.h"
 #include "platform/win32/SystemFolders.h"
+#include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32FileSystem.h"
 #include "saver/frmScreenSaver.h"
 
@@ -25,18 +26,20 @@ void EndMessageLoop() {
 // The faces of the program, and the forms that are loaded.
 class Program : public Modes {
   public:
-    explicit Program(const Application& application) : application_(application) {}
+    // Nothing is owned; everything must live longer.
+    Program(const Application& application, FileSystem& fileSystem, SettingsStore& settings,
+            Clock& clock)
+        : application_(application), fileSystem_(fileSystem), settings_(settings), clock_(clock) {}
 
     void ShowConfiguration() override {
-        Win32FileSystem fileSystem;
-        RegistrySettingsStore settings(application_.Title);
-        ambrio::ShowConfiguration(application_, fileSystem, settings, GetModuleHandleW(nullptr));
+        ambrio::ShowConfiguration(application_, fileSystem_, settings_, GetModuleHandleW(nullptr));
     }
     bool IsNotRunning(const std::wstring& title) override {
         return FindWindowW(nullptr, title.c_str()) == nullptr;
     }
     void ShowScreenSaver() override {
-        screenSaver_ = std::make_unique<frmScreenSaver>(application_, EndMessageLoop);
+        screenSaver_ = std::make_unique<frmScreenSaver>(application_, fileSystem_, settings_,
+                                                        clock_, EndMessageLoop);
         screenSaver_->Show();
     }
     void LoadPreview() override {
@@ -51,6 +54,9 @@ class Program : public Modes {
 
   private:
     const Application& application_;
+    FileSystem& fileSystem_;
+    SettingsStore& settings_;
+    Clock& clock_;
     std::unique_ptr<frmScreenSaver> screenSaver_;
     std::unique_ptr<frmControl> preview_;
 };
@@ -73,8 +79,11 @@ Application ReadApplication(const std::wstring& commandLine) {
 }  // namespace
 
 void Main(HINSTANCE, const std::wstring& commandLine) {
+    Win32FileSystem fileSystem;
     Application application = ReadApplication(commandLine);
-    Program program(application);
+    RegistrySettingsStore settings(application.Title);
+    Win32Clock clock;
+    Program program(application, fileSystem, settings, clock);
     EnterMode(application, program);
     if (program.HasLoadedForms()) {
         RunMessageLoop();

@@ -1,11 +1,6 @@
 # The product. It is named Ambrio.scr, as the display settings look for that ending.
-set(saver_links ambrio_saver_model)
-foreach(room saver_animation engine)
-  if(TARGET ambrio_${room})
-    list(APPEND saver_links ambrio_${room})
-  endif()
-endforeach()
-ambrio_room(saver SOURCES ${SAVER_WIN32_SOURCES} LINKS ${saver_links})
+ambrio_room(saver SOURCES ${SAVER_WIN32_SOURCES}
+            LINKS ambrio_saver_model ambrio_saver_animation ambrio_engine)
 if(CONFIG_WIN32_SOURCES)
   ambrio_room(config SOURCES ${CONFIG_WIN32_SOURCES} LINKS ambrio_config_model)
 endif()

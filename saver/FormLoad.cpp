@@ -42,6 +42,8 @@ void frmScreenSaver::MakeWindow() {
     canvas_ = std::make_unique<LineCanvas>(Handle());
     panel_ = std::make_unique<StatusPanelView>(Handle(), twips_.X, twips_.Y,
                                                ResourceText(IDS_SLOGAN), [this] { InputRule(); });
+    run_ = std::make_unique<RunDriver>(application_, fileSystem_, settings_, clock_, *panel_, *this,
+                                       state_);
     frame_ = std::make_unique<PanelFrame>(Handle(), *panel_, *canvas_, twips_, application_);
 }
 

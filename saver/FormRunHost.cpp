@@ -34,7 +34,9 @@ void frmScreenSaver::ShowPointer() {
     ShowPointerSurely();
 }
 
+// The last step of the run before its boxes, which may wait for hours; the system may sleep then.
 void frmScreenSaver::LeaveTopmost() {
+    awake_.reset();
     SetTopmost(false);
 }
 

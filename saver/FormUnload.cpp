@@ -1,5 +1,6 @@
 // frmScreenSaver: how it closes.
 
+#include "engine/EngineTexts.h"
 #include "saver/Pointer.h"
 #include "saver/Windows9x.h"
 #include "saver/frmScreenSaver.h"
@@ -30,7 +31,16 @@ bool frmScreenSaver::Form_QueryUnload() {
         }
         return false;
     }
+    ShowFailureSummary();
     return true;
+}
+
+// Nothing is shown after a run without failures.
+void frmScreenSaver::ShowFailureSummary() {
+    const std::wstring text = run_->FailureSummary();
+    if (!text.empty()) {
+        ShowBox(text, kFailureSummaryTitle, MB_ICONEXCLAMATION);
+    }
 }
 
 void frmScreenSaver::Form_Unload() {

@@ -19,8 +19,13 @@ int YOf(LPARAM position) {
 
 }  // namespace
 
-frmScreenSaver::frmScreenSaver(const Application& application, std::function<void()> unloaded)
+frmScreenSaver::frmScreenSaver(const Application& application, FileSystem& fileSystem,
+                               SettingsStore& settings, Clock& clock,
+                               std::function<void()> unloaded)
     : application_(application),
+      fileSystem_(fileSystem),
+      settings_(settings),
+      clock_(clock),
       unloaded_(std::move(unloaded)),
       twips_(ReadScreenTwips()),
       tmrDoTheBiz_(kDoTheBizTimer, kDoTheBizInterval),
@@ -126,6 +131,9 @@ void frmScreenSaver::tmrDoTheBiz_Timer() {
     tmrDoTheBiz_.SetEnabled(false);
     tmrKeepOnRunnin_.SetEnabled(true);
     state_.RunStarted = true;
+    awake_ = std::make_unique<StayAwake>();
+    run_->DoTheBiz();
+    awake_.reset();
     state_.RunFinished = true;
 }
 

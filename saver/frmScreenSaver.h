@@ -5,10 +5,15 @@
 #include <memory>
 #include <string>
 
+#include "engine/RunDriver.h"
 #include "engine/RunHost.h"
 #include "engine/RunState.h"
 #include "platform/Application.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/SettingsStore.h"
 #include "platform/win32/ScreenTwips.h"
+#include "platform/win32/StayAwake.h"
 #include "platform/win32/Window.h"
 #include "saver/FormTimer.h"
 #include "saver/LineCanvas.h"
@@ -30,7 +35,8 @@ class frmScreenSaver : public Window, public RunHost {
   public:
     // Everything passed in must live longer than the form. `unloaded` is called once, on this
     // thread.
-    frmScreenSaver(const Application& application, std::function<void()> unloaded);
+    frmScreenSaver(const Application& application, FileSystem& fileSystem, SettingsStore& settings,
+                   Clock& clock, std::function<void()> unloaded);
     ~frmScreenSaver() override;
 
     // Loads the form and shows it. Throws RuntimeError when a desktop setting is out of range.
@@ -72,6 +78,7 @@ class frmScreenSaver : public Window, public RunHost {
     // Closing (FormUnload.cpp).
     void Unload();
     bool Form_QueryUnload();
+    void ShowFailureSummary();
     void Form_Unload();
     void Destroyed();
     void CloseRequested();
@@ -79,6 +86,9 @@ class frmScreenSaver : public Window, public RunHost {
     void SessionEnds(bool ends);
 
     const Application& application_;
+    FileSystem& fileSystem_;
+    SettingsStore& settings_;
+    Clock& clock_;
     std::function<void()> unloaded_;
     ScreenTwips twips_;
     RunState state_;
@@ -91,9 +101,11 @@ class frmScreenSaver : public Window, public RunHost {
     std::unique_ptr<LineCanvas> canvas_;
     std::unique_ptr<StatusPanelView> panel_;
     std::unique_ptr<PanelFrame> frame_;
+    std::unique_ptr<RunDriver> run_;
     FrameAnimation animation_;
-    bool isClosing_ = false;        // an unload is under way
-    bool isSessionEnding_ = false;  // nobody is there to answer
+    std::unique_ptr<StayAwake> awake_;  // while the run is at work
+    bool isClosing_ = false;            // an unload is under way
+    bool isSessionEnding_ = false;      // nobody is there to answer
 };
 
 }  // namespace ambrio
