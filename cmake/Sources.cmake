@@ -23,6 +23,7 @@ set(PLATFORM_HOST_SOURCES
 set(PLATFORM_WIN32_SOURCES
     platform/win32/BackBuffer.cpp
     platform/win32/CheckListBox.cpp
+    platform/win32/CopyWithYield.cpp
     platform/win32/CrashSafeCopy.cpp
     platform/win32/Dialog.cpp
     platform/win32/DialogTemplate.cpp
@@ -217,6 +218,7 @@ set(UNIT_TEST_HOST_SOURCES
 set(UNIT_TEST_WIN32_SOURCES
     tests/unit/BackBufferTest.cpp
     tests/unit/CheckListBoxTest.cpp
+    tests/unit/ExtendedPathTest.cpp
     tests/unit/FormTextsTest.cpp
     tests/unit/FormTimerTest.cpp
     tests/unit/PointerTest.cpp
@@ -234,9 +236,19 @@ set(UNIT_TEST_WIN32_SOURCES
 
 # One suite for every FileSystem, built into the unit tests.
 set(CONFORMANCE_TEST_SOURCES
+    tests/conformance/CopyConformance.cpp
+    tests/conformance/FileConformance.cpp
+    tests/conformance/FileSystemConformance.cpp
+    tests/conformance/FileSystemWorlds.cpp
+    tests/conformance/FolderConformance.cpp
+    tests/conformance/LogConformance.cpp
+    tests/conformance/MemoryWorld.cpp
+    tests/conformance/NameConformance.cpp
 )
 
 set(CONFORMANCE_TEST_WIN32_SOURCES
+    tests/conformance/win32/Junction.cpp
+    tests/conformance/win32/Win32World.cpp
 )
 
 # The end-to-end tests: what drives the real program from outside, then the tests.

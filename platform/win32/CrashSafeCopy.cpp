@@ -1,6 +1,7 @@
 #include "platform/win32/CrashSafeCopy.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/win32/CopyWithYield.h"
 #include "platform/win32/ExtendedPath.h"
 #include "platform/win32/FileEntryData.h"
 #include "platform/win32/FileIdentity.h"
@@ -8,34 +9,6 @@
 
 namespace ambrio {
 namespace {
-
-constexpr ULONGLONG kYieldInterval = 50;  // ms
-
-// What the progress routine knows of the copy under way.
-struct CopyProgress {
-    const Yield& Callback;
-    ULONGLONG LastYield = 0;
-};
-
-DWORD CALLBACK OnProgress(LARGE_INTEGER total, LARGE_INTEGER transferred, LARGE_INTEGER,
-                          LARGE_INTEGER, DWORD, DWORD, HANDLE, HANDLE, LPVOID data) {
-    auto& progress = *static_cast<CopyProgress*>(data);
-    const bool inTheMiddle = transferred.QuadPart > 0 && transferred.QuadPart < total.QuadPart;
-    const ULONGLONG now = GetTickCount64();
-    if (inTheMiddle && now - progress.LastYield >= kYieldInterval) {
-        progress.Callback();
-        progress.LastYield = GetTickCount64();
-    }
-    return PROGRESS_CONTINUE;
-}
-
-DWORD CopyUnder(const std::wstring& source, const std::wstring& temporary, const Yield& yield) {
-    CopyProgress progress{yield};
-    return CopyFileExW(source.c_str(), temporary.c_str(), yield ? OnProgress : nullptr, &progress,
-                       nullptr, COPY_FILE_FAIL_IF_EXISTS) != 0
-               ? ERROR_SUCCESS
-               : GetLastError();
-}
 
 bool NameIsTaken(DWORD code) {
     return code == ERROR_FILE_EXISTS || code == ERROR_ALREADY_EXISTS;
@@ -84,7 +57,7 @@ void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
                    const std::wstring& temporaryName, bool overwrite, const Yield& yield) {
     WIN32_FILE_ATTRIBUTE_DATA sourceData;
     if (const DWORD code = ReadFileData(source, sourceData); code != ERROR_SUCCESS) {
-        ThrowWin32(code);
+        ThrowForPath(code, source);
     }
     if ((sourceData.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
         throw RuntimeError(ErrorNumber::FileNotFound);
@@ -92,11 +65,13 @@ void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
     RequireReplaceable(source, sourceData, destination, overwrite);
 
     const std::wstring temporary = FolderOfExtended(destination) + temporaryName;
-    DWORD code = CopyUnder(source, temporary, yield);
+    const std::uint64_t size =
+        (static_cast<std::uint64_t>(sourceData.nFileSizeHigh) << 32U) | sourceData.nFileSizeLow;
+    DWORD code = CopyWithYield(source, temporary, size, yield);
     if (NameIsTaken(code)) {
         // A run was killed here whose process had the number that this one has.
         RemoveTemporary(temporary);
-        code = CopyUnder(source, temporary, yield);
+        code = CopyWithYield(source, temporary, size, yield);
     }
     if (NameIsTaken(code)) {
         ThrowWin32(code);
@@ -107,7 +82,7 @@ void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
     }
     if (code != ERROR_SUCCESS) {
         RemoveTemporary(temporary);
-        ThrowWin32(code);
+        ThrowForPath(code, temporary);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/win32/Win32Error.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/win32/ExtendedPath.h"
 
 namespace ambrio {
 
@@ -10,6 +11,17 @@ void ThrowWin32(DWORD code) {
 
 void ThrowLastError() {
     ThrowWin32(GetLastError());
+}
+
+void ThrowForPath(DWORD code, const std::wstring& extended) {
+    if (code == ERROR_FILE_NOT_FOUND) {
+        // Not every system tells a missing drive from a missing file.
+        const DWORD folder = GetFileAttributesW(FolderOfExtended(extended).c_str());
+        if (folder == INVALID_FILE_ATTRIBUTES || (folder & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+            throw RuntimeError(ErrorNumber::PathNotFound);
+        }
+    }
+    ThrowWin32(code);
 }
 
 }  // namespace ambrio

@@ -34,7 +34,7 @@ bool IsDirectory(DWORD attributes) {
 WIN32_FILE_ATTRIBUTE_DATA RequireFile(const std::wstring& extended) {
     WIN32_FILE_ATTRIBUTE_DATA data;
     if (const DWORD code = ReadFileData(extended, data); code != ERROR_SUCCESS) {
-        ThrowWin32(code);
+        ThrowForPath(code, extended);
     }
     if (IsDirectory(data.dwFileAttributes)) {
         throw RuntimeError(ErrorNumber::FileNotFound);
@@ -94,16 +94,13 @@ void Win32FileSystem::CreateFolder(const std::wstring& path) {
     if (code == ERROR_ACCESS_DENIED && AttributesOf(path)) {
         throw RuntimeError(ErrorNumber::FileAlreadyExists);
     }
-    // What is not found while something is made is the way to it: so it is with a missing drive.
-    if (code == ERROR_FILE_NOT_FOUND) {
-        throw RuntimeError(ErrorNumber::PathNotFound);
-    }
-    ThrowWin32(code);
+    ThrowForPath(code, extended);
 }
 
 void Win32FileSystem::SetAttributes(const std::wstring& path, FileAttributes attributes) {
-    if (SetFileAttributesW(ExtendedPath(path).c_str(), SettableAttributes(attributes)) == 0) {
-        ThrowLastError();
+    const std::wstring extended = ExtendedPath(path);
+    if (SetFileAttributesW(extended.c_str(), SettableAttributes(attributes)) == 0) {
+        ThrowForPath(GetLastError(), extended);
     }
 }
 

@@ -9,11 +9,6 @@
 namespace ambrio {
 namespace {
 
-bool IsFolder(const std::wstring& extended) {
-    const DWORD attributes = GetFileAttributesW(extended.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
-
 UniqueFindHandle OpenListing(const std::wstring& pattern, WIN32_FIND_DATAW& data) {
     const auto open = [&](DWORD flags) {
         return MakeHandle<UniqueFindHandle>(FindFirstFileExW(
@@ -36,10 +31,13 @@ Win32FolderReader::Win32FolderReader(const std::wstring& extendedFolder)
     }
     const DWORD code = GetLastError();
     const bool nothingFound = code == ERROR_FILE_NOT_FOUND || code == ERROR_NO_MORE_FILES;
-    if (nothingFound && IsFolder(extendedFolder)) {
+    const DWORD attributes = GetFileAttributesW(extendedFolder.c_str());
+    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+    const bool isFolder = exists && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (nothingFound && isFolder) {
         return;  // the root of an empty volume has not even "."
     }
-    if (nothingFound || code == ERROR_DIRECTORY) {
+    if (nothingFound || (exists && !isFolder)) {
         throw RuntimeError(ErrorNumber::PathNotFound);
     }
     ThrowWin32(code);

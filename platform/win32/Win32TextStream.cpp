@@ -33,7 +33,7 @@ Win32TextStream::Win32TextStream(const std::wstring& extendedPath)
           extendedPath.c_str(), FILE_APPEND_DATA | SYNCHRONIZE, FILE_SHARE_READ | FILE_SHARE_WRITE,
           nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))) {
     if (!file_) {
-        ThrowLastError();
+        ThrowForPath(GetLastError(), extendedPath);
     }
 }
 

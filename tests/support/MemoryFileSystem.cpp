@@ -236,27 +236,31 @@ MemoryNode::Pointer MemoryFileSystem::RootOf(const MemoryPath& path) const {
     return roots_.at(volume->second->Id);
 }
 
-MemoryNode::Pointer MemoryFileSystem::Find(const std::wstring& path, LastLink last,
+MemoryNode::Pointer MemoryFileSystem::Find(const std::wstring& path, LastLink last) const {
+    return Walk(MemoryPath::Parse(path, L"C:\\"), last);
+}
+
+MemoryNode::Pointer MemoryFileSystem::Walk(const MemoryPath& path, LastLink last,
                                            int linksFollowed) const {
     if (linksFollowed > kMostLinks) {
         Fail(ErrorNumber::PathFileAccessError);
     }
-    const MemoryPath parsed = MemoryPath::Parse(path, L"C:\\");
-    MemoryNode::Pointer node = RootOf(parsed);
-    for (std::size_t i = 0; i < parsed.Names.size(); ++i) {
-        const bool isLast = i + 1 == parsed.Names.size();
+    MemoryNode::Pointer node = RootOf(path);
+    for (std::size_t i = 0; i < path.Names.size(); ++i) {
+        const bool isLast = i + 1 == path.Names.size();
         if (!node->IsFolder()) {
             Fail(ErrorNumber::PathNotFound);
         }
-        if (!IsPossibleName(parsed.Names[i])) {
+        if (!IsPossibleName(path.Names[i])) {
             Fail(ErrorNumber::BadFileNameOrNumber);
         }
-        node = node->Child(parsed.Names[i]);
+        node = node->Child(path.Names[i]);
         if (!node) {
             Fail(isLast ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
         }
         if (node->IsLink() && (!isLast || last == LastLink::Follow)) {
-            node = Find(node->LinkTarget, LastLink::Follow, linksFollowed + 1);
+            node = Walk(MemoryPath::Parse(node->LinkTarget, L"C:\\"), LastLink::Follow,
+                        linksFollowed + 1);
         }
     }
     return node;
@@ -283,24 +287,25 @@ MemoryNode::Pointer MemoryFileSystem::FindFile(const std::wstring& path) const {
 
 MemoryFileSystem::Place MemoryFileSystem::PlaceOf(const std::wstring& path) const {
     MemoryPath parsed = MemoryPath::Parse(path, L"C:\\");
-    MemoryNode::Pointer root = RootOf(parsed);
     if (parsed.Names.empty()) {
-        Fail(ErrorNumber::PermissionDenied);
+        Fail(parsed.Root.empty() ? ErrorNumber::PathNotFound : ErrorNumber::PermissionDenied);
     }
     const std::wstring name = parsed.Names.back();
     parsed.Names.pop_back();
-    std::wstring folder = parsed.Root + L'\\';
-    for (const std::wstring& level : parsed.Names) {
-        folder = BuildPath(folder, level);
+    MemoryNode::Pointer folder;
+    try {
+        folder = Walk(parsed, LastLink::Follow);
+    } catch (const RuntimeError& error) {
+        Fail(error.Number() == ErrorNumber::FileNotFound ? ErrorNumber::PathNotFound
+                                                         : error.Number());
     }
-    const MemoryNode::Pointer node = FindIfThere(folder, LastLink::Follow);
-    if (!node || !node->IsFolder()) {
+    if (!folder->IsFolder()) {
         Fail(ErrorNumber::PathNotFound);
     }
     if (!IsPossibleName(name)) {
         Fail(ErrorNumber::BadFileNameOrNumber);
     }
-    return {node, name};
+    return {folder, name};
 }
 
 }  // namespace ambrio

@@ -91,7 +91,8 @@ class MemoryFileSystem : public FileSystem {
     MemoryNode::Pointer NewNode(MemoryVolume& volume, const std::wstring& name,
                                 FileAttributes attributes);
     MemoryNode::Pointer RootOf(const MemoryPath& path) const;
-    MemoryNode::Pointer Find(const std::wstring& path, LastLink last, int linksFollowed = 0) const;
+    MemoryNode::Pointer Find(const std::wstring& path, LastLink last) const;
+    MemoryNode::Pointer Walk(const MemoryPath& path, LastLink last, int linksFollowed = 0) const;
     // The same, but nothing when only the last name is missing.
     MemoryNode::Pointer FindIfThere(const std::wstring& path, LastLink last) const;
     MemoryNode::Pointer FindFile(const std::wstring& path) const;

@@ -1,0 +1,129 @@
+#include "tests/conformance/FileSystemConformance.h"
+
+namespace ambrio {
+namespace {
+
+TEST_P(FileSystemConformance, CreateFolderMakesOneLevel) {
+    EXPECT_EQ(std::nullopt, Creating(At(L"a")));
+    EXPECT_TRUE(Files().FolderExists(At(L"A")));
+    EXPECT_FALSE(Files().FileExists(At(L"a")));
+    EXPECT_EQ(ErrorNumber::PathNotFound, Creating(At(L"b\\c")));
+    EXPECT_EQ(std::nullopt, Creating(At(L"b\\")));
+    EXPECT_EQ(std::nullopt, Creating(At(L"b\\c")));
+}
+
+TEST_P(FileSystemConformance, CreateFolderRefusesWhatExists) {
+    NewFolder(L"folder");
+    NewFile(L"file");
+    EXPECT_EQ(ErrorNumber::FileAlreadyExists, Creating(At(L"FOLDER")));
+    EXPECT_EQ(ErrorNumber::FileAlreadyExists, Creating(At(L"file")));
+    EXPECT_EQ(ErrorNumber::FileAlreadyExists, Creating(World().Root().substr(0, 3)));
+}
+
+TEST_P(FileSystemConformance, CreateFolderNamesWhatIsWrongWithAPath) {
+    NewFile(L"file");
+    EXPECT_EQ(ErrorNumber::PathNotFound, Creating(At(L"file\\below")));
+    EXPECT_EQ(ErrorNumber::BadFileNameOrNumber, Creating(At(L"a?b")));
+    EXPECT_EQ(ErrorNumber::PathNotFound, Creating(World().AbsentDrive() + L"\\a"));
+    for (const wchar_t* nothing : {L"", L"\\", L"\\\\", L"/", L"\\\\server", L"\\\\server\\"}) {
+        EXPECT_EQ(ErrorNumber::PathNotFound, Creating(nothing));
+    }
+}
+
+TEST_P(FileSystemConformance, ListingGivesNamesAttributesSizesAndTimes) {
+    World().SetTime(NewFile(L"plain", "four"), 13'000'000'000, 0);
+    AddAttributes(NewFile(L"hidden", ""), kAttributeHidden | kAttributeSystem);
+    NewFolder(L"folder");
+    NewFile(L"folder\\inside");
+    const auto entries = List(World().Root());
+    ASSERT_EQ(3U, entries.size());
+    EXPECT_FALSE(entries.at(L"plain").IsFolder());
+    EXPECT_EQ(4U, entries.at(L"plain").Size);
+    EXPECT_EQ(13'000'000'000, entries.at(L"plain").DateLastModified);
+    EXPECT_EQ(0U, entries.at(L"hidden").Size);
+    EXPECT_NE(0U, entries.at(L"hidden").Attributes & kAttributeHidden);
+    EXPECT_NE(0U, entries.at(L"hidden").Attributes & kAttributeSystem);
+    EXPECT_TRUE(entries.at(L"folder").IsFolder());
+    EXPECT_FALSE(entries.at(L"folder").IsLink());
+    EXPECT_EQ(0U, entries.at(L"folder").Size);
+}
+
+TEST_P(FileSystemConformance, ListingAgreesWithGetFile) {
+    AddAttributes(NewFile(L"a", "12345"), kAttributeReadOnly | kAttributeHidden);
+    World().SetTime(NewFile(L"b"), 13'100'000'000, 9'999'999);
+    for (const auto& [name, listed] : List(World().Root())) {
+        const FileEntry got = Files().GetFile(At(name));
+        EXPECT_EQ(name, got.Name);
+        EXPECT_EQ(listed.Attributes, got.Attributes);
+        EXPECT_EQ(listed.DateLastModified, got.DateLastModified);
+        EXPECT_EQ(listed.Size, got.Size);
+    }
+}
+
+TEST_P(FileSystemConformance, AnEmptyFolderIsListedAndAnAbsentOneIsNot) {
+    EXPECT_TRUE(HasOnly(World().Root(), {}));
+    EXPECT_EQ(ErrorNumber::PathNotFound, Listing(At(L"absent")));
+    EXPECT_EQ(ErrorNumber::PathNotFound, Listing(At(L"absent\\below")));
+    EXPECT_EQ(ErrorNumber::PathNotFound, Listing(NewFile(L"file")));
+    EXPECT_EQ(ErrorNumber::PathNotFound, Listing(World().AbsentDrive() + L"\\"));
+    EXPECT_EQ(ErrorNumber::PathNotFound, Listing(L""));
+}
+
+TEST_P(FileSystemConformance, ExistenceIsAnsweredForAnyText) {
+    const std::wstring file = NewFile(L"file");
+    EXPECT_TRUE(Files().FileExists(file));
+    EXPECT_FALSE(Files().FolderExists(file));
+    EXPECT_TRUE(Files().FolderExists(World().Root().substr(0, 3)));
+    for (const std::wstring& text :
+         {std::wstring(), std::wstring(L"\\"), std::wstring(L"*?"), At(L"a:b:c"), At(L"absent\\x"),
+          At(L"file\\x"), World().AbsentDrive(), std::wstring(40'000, L'x'),
+          At(std::wstring(40'000, L'x')), std::wstring(L"\\\\.\\nothing")}) {
+        EXPECT_FALSE(Files().FileExists(text));
+    }
+    EXPECT_FALSE(Files().FolderExists(L""));
+    EXPECT_FALSE(Files().FolderExists(World().AbsentDrive() + L"\\"));
+}
+
+TEST_P(FileSystemConformance, IdentityIsThatOfTheFolderAndNotOfItsSpelling) {
+    const std::wstring a = NewFolder(L"Folder");
+    const auto identity = Files().IdentityOf(a);
+    ASSERT_TRUE(identity);
+    EXPECT_EQ(identity, Files().IdentityOf(At(L"FOLDER\\")));
+    EXPECT_EQ(identity, Files().IdentityOf(At(L".\\x\\..\\folder")));
+    EXPECT_NE(identity, Files().IdentityOf(NewFolder(L"other")));
+    EXPECT_EQ(std::nullopt, Files().IdentityOf(At(L"absent")));
+    EXPECT_EQ(std::nullopt, Files().IdentityOf(NewFile(L"file")));
+    EXPECT_EQ(std::nullopt, Files().IdentityOf(L""));
+}
+
+TEST_P(FileSystemConformance, AFolderIsTriedForWritingWithoutATrace) {
+    EXPECT_TRUE(Files().IsWritableFolder(World().Root()));
+    EXPECT_TRUE(HasOnly(World().Root(), {}));
+    EXPECT_FALSE(Files().IsWritableFolder(At(L"absent")));
+    EXPECT_FALSE(Files().IsWritableFolder(NewFile(L"file")));
+    EXPECT_FALSE(Files().IsWritableFolder(L""));
+}
+
+TEST_P(FileSystemConformance, LinksToFoldersAreFollowedAndMarked) {
+    NewFile(L"inside", "x");
+    const std::wstring target = NewFolder(L"target");
+    NewFile(L"target\\inside", "x");
+    if (!World().MakeLink(At(L"link"), target, FileSystemWorld::LinkKind::ToFolder) ||
+        !World().MakeLink(At(L"mount"), target, FileSystemWorld::LinkKind::MountPoint)) {
+        GTEST_SKIP() << "this user may not make links";
+    }
+    const auto entries = List(World().Root());
+    EXPECT_TRUE(entries.at(L"link").IsFolder() && entries.at(L"link").IsLink());
+    EXPECT_FALSE(entries.at(L"link").IsMountPoint);
+    EXPECT_TRUE(entries.at(L"mount").IsFolder() && entries.at(L"mount").IsMountPoint);
+    EXPECT_EQ(Files().IdentityOf(target), Files().IdentityOf(At(L"link")));
+    EXPECT_EQ(Files().IdentityOf(target), Files().IdentityOf(At(L"mount")));
+    EXPECT_TRUE(HasOnly(At(L"link"), {L"inside"}));
+    EXPECT_EQ(1U, Files().GetFile(At(L"mount\\inside")).Size);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryWorld, FileSystemConformance, testing::ValuesIn(FileSystemWorlds()),
+                         WorldName);
+
+}  // namespace
+}  // namespace ambrio
