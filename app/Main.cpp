@@ -27,12 +27,16 @@ void EndMessageLoop() {
 class Program : public Modes {
   public:
     // Nothing is owned; everything must live longer.
-    Program(const Application& application, FileSystem& fileSystem, SettingsStore& settings,
-            Clock& clock)
-        : application_(application), fileSystem_(fileSystem), settings_(settings), clock_(clock) {}
+    Program(HINSTANCE instance, const Application& application, FileSystem& fileSystem,
+            SettingsStore& settings, Clock& clock)
+        : instance_(instance),
+          application_(application),
+          fileSystem_(fileSystem),
+          settings_(settings),
+          clock_(clock) {}
 
     void ShowConfiguration() override {
-        ambrio::ShowConfiguration(application_, fileSystem_, settings_, GetModuleHandleW(nullptr));
+        ambrio::ShowConfiguration(application_, fileSystem_, settings_, instance_);
     }
     bool IsNotRunning(const std::wstring& title) override {
         return FindWindowW(nullptr, title.c_str()) == nullptr;
@@ -53,6 +57,7 @@ class Program : public Modes {
     }
 
   private:
+    HINSTANCE instance_;
     const Application& application_;
     FileSystem& fileSystem_;
     SettingsStore& settings_;
@@ -78,12 +83,12 @@ Application ReadApplication(const std::wstring& commandLine) {
 
 }  // namespace
 
-void Main(HINSTANCE, const std::wstring& commandLine) {
+void Main(HINSTANCE instance, const std::wstring& commandLine) {
     Win32FileSystem fileSystem;
     Application application = ReadApplication(commandLine);
     RegistrySettingsStore settings(application.Title);
     Win32Clock clock;
-    Program program(application, fileSystem, settings, clock);
+    Program program(instance, application, fileSystem, settings, clock);
     EnterMode(application, program);
     if (program.HasLoadedForms()) {
         RunMessageLoop();

@@ -1,8 +1,15 @@
 #include "saver/CopyFrame.h"
 
+#include "resources/clip/ClipTiming.h"
 #include "saver/PanelControls.h"
 
 namespace ambrio {
+
+namespace {
+
+constexpr UINT_PTR kPictureTimer = 1;
+
+}  // namespace
 
 CopyFrame::CopyFrame(HWND parent, const RECT& place) : background_(CreateSolidBrush(colour_)) {
     WindowDesign design =
@@ -12,10 +19,9 @@ CopyFrame::CopyFrame(HWND parent, const RECT& place) : background_(CreateSolidBr
 
     INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_ANIMATE_CLASS};
     InitCommonControlsEx(&classes);
-    // Without ACS_TIMER the control would play from a thread that waits for this one.
     animation_ = CreateWindowExW(
-        0, ANIMATE_CLASSW, L"", WS_CHILD | WS_VISIBLE | ACS_TRANSPARENT | ACS_CENTER | ACS_TIMER, 0,
-        0, design.Width, design.Height, Handle(),
+        0, ANIMATE_CLASSW, L"", WS_CHILD | WS_VISIBLE | ACS_TRANSPARENT | ACS_CENTER, 0, 0,
+        design.Width, design.Height, Handle(),
         reinterpret_cast<HMENU>(static_cast<INT_PTR>(PanelControl::Animation1)),
         GetModuleHandleW(nullptr), nullptr);
 }
@@ -25,20 +31,35 @@ CopyFrame::~CopyFrame() {
 }
 
 void CopyFrame::OpenClip(const std::wstring& path) {
-    SendMessageW(animation_, ACM_OPENW, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    path_ = path;
+    picture_ = 0;
+    SendMessageW(animation_, ACM_OPENW, 0, reinterpret_cast<LPARAM>(path_.c_str()));
 }
 
 void CopyFrame::PlayClip() {
-    // From the first picture to the last, again and again.
-    SendMessageW(animation_, ACM_PLAY, static_cast<WPARAM>(-1), MAKELPARAM(0, -1));
+    SetTimer(Handle(), kPictureTimer, kClipMicroseconds / 1000, nullptr);
 }
 
 void CopyFrame::StopClip() {
-    SendMessageW(animation_, ACM_STOP, 0, 0);
+    KillTimer(Handle(), kPictureTimer);
 }
 
 void CopyFrame::CloseClip() {
+    StopClip();
+    path_.clear();
     SendMessageW(animation_, ACM_OPENW, 0, 0);
+}
+
+bool CopyFrame::ShowPicture(int picture) {
+    picture_ = picture;
+    return SendMessageW(animation_, ACM_PLAY, 1, MAKELPARAM(picture, picture)) != FALSE;
+}
+
+void CopyFrame::NextPicture() {
+    // A clip that somebody else made may have fewer.
+    if (!ShowPicture((picture_ + 1) % kClipPictures)) {
+        ShowPicture(0);
+    }
 }
 
 void CopyFrame::Show(bool visible) {
@@ -59,7 +80,10 @@ void CopyFrame::SetBackColor(COLORREF colour) {
     colour_ = colour;
     background_.reset(CreateSolidBrush(colour));
     InvalidateRect(Handle(), nullptr, TRUE);
-    InvalidateRect(animation_, nullptr, TRUE);
+    if (!path_.empty()) {
+        SendMessageW(animation_, ACM_OPENW, 0, reinterpret_cast<LPARAM>(path_.c_str()));
+        ShowPicture(picture_);
+    }
 }
 
 LRESULT CopyFrame::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -75,7 +99,11 @@ LRESULT CopyFrame::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_CTLCOLORSTATIC:  // what the clip's transparent parts show
             SetBkColor(reinterpret_cast<HDC>(wParam), colour_);
             return reinterpret_cast<LRESULT>(background_.get());
+        case WM_TIMER:
+            NextPicture();
+            return 0;
         case WM_DESTROY:
+            StopClip();
             animation_ = nullptr;
             return 0;
         default:

@@ -90,8 +90,10 @@ void StatusPanelView::PlayClip() {
 void StatusPanelView::StopClip() {
     copyFrame_->StopClip();
 }
+// Nothing is copied any more, so the frame goes with the clip.
 void StatusPanelView::CloseClip() {
     copyFrame_->CloseClip();
+    ShowCopyFrame(false);
 }
 
 void StatusPanelView::ShowCopyFrame(bool visible) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "AviFile.h"
+#include "ClipTiming.h"
 #include "Picture.h"
 
 namespace {
@@ -24,8 +25,6 @@ using clip::Turned;
 // The size of the copy frame at 96 dpi.
 constexpr int kWidth = 276;
 constexpr int kHeight = 55;
-constexpr int kPictures = 30;
-constexpr std::uint32_t kMicroseconds = 50000;
 // How many sheets are on their way at a time. After one round of the clip each has taken the place
 // of the next, so that the end meets the beginning.
 constexpr int kSheets = 3;
@@ -149,11 +148,11 @@ int main(int argc, char** argv) {
         return 2;
     }
     std::vector<Picture> pictures;
-    for (int i = 0; i < kPictures; ++i) {
-        pictures.push_back(PictureAt(static_cast<double>(i) / kPictures));
+    for (int i = 0; i < kClipPictures; ++i) {
+        pictures.push_back(PictureAt(static_cast<double>(i) / kClipPictures));
     }
     std::ofstream file(argv[1], std::ios::binary);
-    file << clip::AviFile(pictures, kMicroseconds);
+    file << clip::AviFile(pictures, kClipMicroseconds);
     file.close();
     if (!file) {
         std::cerr << "MakeClip: cannot write " << argv[1] << '\n';

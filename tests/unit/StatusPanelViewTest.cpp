@@ -226,6 +226,13 @@ TEST(StatusPanelView, ShowsTheCopyFrameInTheColourItWasMatchedWith) {
     EXPECT_FALSE(isVisible());
 }
 
+TEST(StatusPanelView, HidesTheCopyFrameWithItsClip) {
+    const Panel panel;
+    panel.View->ShowCopyFrame(true);
+    panel.View->CloseClip();
+    EXPECT_EQ(0, GetWindowLongW(panel.Control(PanelControl::fraAni), GWL_STYLE) & WS_VISIBLE);
+}
+
 TEST(StatusPanelView, DoesWithoutAClip) {
     const Panel panel;
     EXPECT_NE(nullptr, panel.Control(PanelControl::Animation1));
