@@ -181,11 +181,15 @@ set(UNIT_TEST_SOURCES
     tests/unit/CopyRulesTest.cpp
     tests/unit/DateTimeTest.cpp
     tests/unit/DesktopSettingsTest.cpp
+    tests/unit/DestinationFolderTest.cpp
     tests/unit/DialogOptionsTest.cpp
     tests/unit/DialogTextsTest.cpp
     tests/unit/DirectoryTreeTest.cpp
     tests/unit/EllipsisTest.cpp
+    tests/unit/FileCopierTest.cpp
     tests/unit/FileSystemDoublesTest.cpp
+    tests/unit/FolderGuardTest.cpp
+    tests/unit/FolderWalkTest.cpp
     tests/unit/FrameAnimationTest.cpp
     tests/unit/FrameMotionTest.cpp
     tests/unit/GeneralOptionsTest.cpp

@@ -20,13 +20,13 @@ void DestinationListing::Fetch(RunHost& host, const RunState& state) {
                 host.DoEvents();
             }
             if (state.Interrupted) {
-                Forget();
+                ForgetAll();
                 return;
             }
         }
         isListed_ = true;
     } catch (const RuntimeError&) {
-        Forget();
+        ForgetAll();
     }
 }
 
@@ -40,7 +40,7 @@ void DestinationListing::Add(const FileEntry& entry) {
     }
 }
 
-void DestinationListing::Forget() {
+void DestinationListing::ForgetAll() {
     copies_.clear();
     leftovers_.clear();
 }

@@ -30,6 +30,8 @@ class DestinationListing {
     [[nodiscard]] std::wstring PathOf(const std::wstring& name) const;
     // The copy as it was when the folder was listed; nothing when there was none or no listing.
     [[nodiscard]] std::optional<FileEntry> Listed(const std::wstring& name) const;
+    // What the listing said of the copy holds no longer.
+    void Forget(const std::wstring& name) { copies_.erase(fileSystem_.FoldedName(name)); }
     // False when the folder was listed without it.
     [[nodiscard]] bool MayHold(const std::wstring& name) const;
     // The copy as it is now; nothing when there is none. Throws RuntimeError.
@@ -44,7 +46,7 @@ class DestinationListing {
     };
 
     void Add(const FileEntry& entry);
-    void Forget();
+    void ForgetAll();
 
     FileSystem& fileSystem_;
     const std::wstring& rsSourceDir_;

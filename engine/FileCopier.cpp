@@ -99,6 +99,7 @@ void FileCopier::RemoveCopy(const Task& task) {
         failure = error;
         ++state_.RemoveErrors;
     }
+    task.Destination.Forget(task.Source.Name);
     ++state_.CopiesRemoved;  // attempts; the failed ones are subtracted where they are shown
     panel_.SetCaption(PanelLabel::lblRemoved,
                       std::to_wstring(state_.CopiesRemoved - state_.RemoveErrors));

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/RuntimeError.h"
+
 namespace ambrio {
 namespace {
 
@@ -19,10 +21,7 @@ FolderGuard::Level::Level(FolderGuard& guard, const std::wstring& rsSourceDir,
     : guard_(guard) {
     std::vector<Step>& steps = guard.steps_;
     const std::size_t volumeStep = isLink || steps.empty() ? steps.size() : steps.back().VolumeStep;
-    steps.push_back({{&rsSourceDir, false, {}}, {&rsDestnDir, false, {}}, volumeStep, false});
-    if (isLink) {
-        steps.back().IsUnidentifiedLink = !guard.IdentityOf(steps.back().Source);
-    }
+    steps.push_back({{&rsSourceDir, false, {}}, {&rsDestnDir, false, {}}, volumeStep});
 }
 
 FolderGuard::Level::~Level() {
@@ -41,31 +40,30 @@ bool FolderGuard::MayEnter(const FileEntry& subfolder, const std::wstring& path)
     if (IsCompatibilityJunction(subfolder)) {
         return false;
     }
-    return subfolder.IsLink() ? MayEnterLink(path) : MayEnterOrdinary(path);
+    return subfolder.IsLink() ? !LeadsBack(path) : !IsDestination(path);
 }
 
-bool FolderGuard::MayEnterLink(const std::wstring& path) {
+bool FolderGuard::LeadsBack(const std::wstring& path) {
     const std::optional<FolderIdentity> target = fileSystem_.IdentityOf(path);
     if (!target) {
-        // A broken link is entered, so that it is reported; links whose target cannot be told could
-        // go round for ever, so there is one at most on the way.
-        return std::none_of(steps_.begin(), steps_.end(),
-                            [](const Step& step) { return step.IsUnidentifiedLink; });
+        static_cast<void>(fileSystem_.GetFolder(path));  // a broken link fails with its own reason
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
-    return std::none_of(steps_.begin(), steps_.end(), [&](Step& step) {
+    return std::any_of(steps_.begin(), steps_.end(), [&](Step& step) {
         return IdentityOf(step.Source) == target || IdentityOf(step.Destination) == target;
     });
 }
 
-bool FolderGuard::MayEnterOrdinary(const std::wstring& path) {
+// Where no identities are to be had the spelling decides.
+bool FolderGuard::IsDestination(const std::wstring& path) {
     const auto& volume = IdentityOf(steps_[steps_.back().VolumeStep].Source);
     const auto& destination = IdentityOf(steps_.front().Destination);
     if (volume && destination && volume->Volume != destination->Volume) {
-        return true;
+        return false;
     }
     const auto folder = destination ? fileSystem_.IdentityOf(path) : std::nullopt;
-    return folder ? folder != destination
-                  : fileSystem_.FoldedName(path) !=
+    return folder ? folder == destination
+                  : fileSystem_.FoldedName(path) ==
                         fileSystem_.FoldedName(*steps_.front().Destination.Path);
 }
 

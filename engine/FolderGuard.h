@@ -29,7 +29,9 @@ class FolderGuard {
         FolderGuard& guard_;
     };
 
-    // Whether a subfolder of the innermost folder may be walked. Its destination must exist.
+    // Whether a subfolder of the innermost folder may be walked, whose destination must exist.
+    // Throws RuntimeError for a link that leads nowhere or to where nobody can tell: what lies
+    // there is not backed up.
     [[nodiscard]] bool MayEnter(const FileEntry& subfolder, const std::wstring& path);
 
   private:
@@ -43,12 +45,11 @@ class FolderGuard {
         Folder Source;
         Folder Destination;
         std::size_t VolumeStep;  // the step that tells the volume: the last link, or the first
-        bool IsUnidentifiedLink = false;
     };
 
     const std::optional<FolderIdentity>& IdentityOf(Folder& folder);
-    bool MayEnterLink(const std::wstring& path);
-    bool MayEnterOrdinary(const std::wstring& path);
+    bool LeadsBack(const std::wstring& path);
+    bool IsDestination(const std::wstring& path);
 
     FileSystem& fileSystem_;
     std::vector<Step> steps_;

@@ -129,13 +129,24 @@ void FolderWalk::WalkSubFolders(const std::wstring& rsSourceDir, const std::wstr
     for (const FileEntry& subFolder : subFolders) {
         ClearFsoStatus();
         const std::wstring path = FileSystem::BuildPath(rsSourceDir, subFolder.Name);
-        if (guard_.MayEnter(subFolder, path)) {
+        if (MayEnter(subFolder, path)) {
             WalkFolder(path, FileSystem::BuildPath(rsDestnDir, subFolder.Name), rules.rbRecursive,
                        rules.rsCopyType, rules.rbClearArchive, rules.rbDeleteCopy,
                        rules.rbOverwriteReadOnly, subFolder.IsLink());
         }
     }
     panel_.SetCaption(PanelLabel::lblfsoStatus, L"");
+}
+
+bool FolderWalk::MayEnter(const FileEntry& subFolder, const std::wstring& path) {
+    std::optional<RuntimeError> failure;
+    try {
+        return guard_.MayEnter(subFolder, path);
+    } catch (const RuntimeError& error) {
+        failure = error;
+    }
+    ReportFolder(*failure, kAccessing, path);
+    return false;
 }
 
 void FolderWalk::ReportFolder(const RuntimeError& failure, const std::wstring& action,

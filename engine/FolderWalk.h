@@ -51,6 +51,7 @@ class FolderWalk {
                          bool isNew, const std::vector<std::wstring>& files, const Rules& rules);
     void WalkSubFolders(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
                         const std::vector<FileEntry>& subFolders, const Rules& rules);
+    bool MayEnter(const FileEntry& subFolder, const std::wstring& path);
     void ReportFolder(const RuntimeError& failure, const std::wstring& action,
                       const std::wstring& folder);
     void ClearFsoStatus();

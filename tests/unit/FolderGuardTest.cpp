@@ -1,0 +1,133 @@
+#include "engine/FolderGuard.h"
+
+#include <gtest/gtest.h>
+
+#include "settings/SettingKeys.h"
+#include "tests/support/CountingFileSystem.h"
+#include "tests/support/EngineBench.h"
+#include "tests/support/FailingFileSystem.h"
+
+namespace ambrio {
+namespace {
+
+using enum MemoryFileSystem::LinkKind;
+
+// Whole runs over trees in which a careless walk would never end.
+class FolderGuardTest : public testing::Test {
+  protected:
+    void Run(const std::wstring& source, const std::wstring& destination) {
+        Bench.AddSet(L"S", source, destination);
+        Bench.Run();
+        EXPECT_FALSE(Bench.State.HasFailures());
+    }
+    void File(const std::wstring& path) { Bench.Files.WriteFile(path, "x"); }
+    [[nodiscard]] bool Exists(const std::wstring& path) {
+        return Bench.Files.FileExists(path) || Bench.Files.FolderExists(path);
+    }
+
+    EngineBench Bench;
+};
+
+TEST_F(FolderGuardTest, ADestinationInsideTheSourceIsNotWalked) {
+    File(L"C:\\Data\\a");
+    File(L"C:\\Data\\Sub\\b");
+    for (int run = 0; run < 2; ++run) {
+        Run(L"C:\\Data", L"c:\\data\\sub\\BACKUP");
+        EXPECT_TRUE(Exists(L"C:\\Data\\Sub\\Backup\\a"));
+        EXPECT_TRUE(Exists(L"C:\\Data\\Sub\\Backup\\Sub\\b"));
+        EXPECT_FALSE(Exists(L"C:\\Data\\Sub\\Backup\\Sub\\Backup"));
+    }
+}
+
+TEST_F(FolderGuardTest, ADestinationThatALinkLeadsToIsNotWalked) {
+    File(L"C:\\Data\\a");
+    Bench.Files.MakeFolder(L"C:\\Backup");
+    Bench.Files.MakeLink(L"C:\\Data\\Link", L"C:\\Backup", MountPoint);
+    Run(L"C:\\Data", L"C:\\Backup");
+    EXPECT_TRUE(Exists(L"C:\\Backup\\a"));
+    EXPECT_FALSE(Exists(L"C:\\Backup\\Link"));
+}
+
+TEST_F(FolderGuardTest, ALinkToAFolderBeingFilledIsNotWalked) {
+    Bench.Files.MakeFolder(L"C:\\Data\\Sub");
+    Bench.Files.MakeFolder(L"C:\\Backup\\Sub");
+    Bench.Files.MakeLink(L"C:\\Data\\Sub\\Link", L"C:\\Backup\\Sub", ToFolder);
+    Run(L"C:\\Data", L"C:\\Backup");
+    EXPECT_FALSE(Exists(L"C:\\Backup\\Sub\\Link"));
+}
+
+TEST_F(FolderGuardTest, ALinkThatLeadsBackToAFolderBeingWalkedIsNotWalked) {
+    File(L"C:\\Data\\Sub\\a");
+    Bench.Files.MakeLink(L"C:\\Data\\Sub\\Up", L"C:\\Data", MountPoint);
+    Bench.Files.MakeLink(L"C:\\Data\\Sub\\Here", L"C:\\Data\\Sub", ToFolder);
+    Run(L"C:\\Data", L"C:\\Backup");
+    EXPECT_TRUE(Exists(L"C:\\Backup\\Sub\\a"));
+    EXPECT_FALSE(Exists(L"C:\\Backup\\Sub\\Up") || Exists(L"C:\\Backup\\Sub\\Here"));
+}
+
+TEST_F(FolderGuardTest, OtherLinksToFoldersAreFollowed) {
+    File(L"C:\\Other\\a");
+    Bench.Files.MakeFolder(L"C:\\Data");
+    Bench.Files.MakeLink(L"C:\\Data\\One", L"C:\\Other", MountPoint);
+    Bench.Files.MakeLink(L"C:\\Data\\Two", L"C:\\Other", ToFolder, kAttributeHidden);
+    Run(L"C:\\Data", L"C:\\Backup");
+    EXPECT_TRUE(Exists(L"C:\\Backup\\One\\a") && Exists(L"C:\\Backup\\Two\\a"));
+}
+
+TEST_F(FolderGuardTest, TheSystemsCompatibilityJunctionsAreNotWalked) {
+    File(L"C:\\Music\\a");
+    Bench.Files.MakeFolder(L"C:\\Data");
+    Bench.Files.MakeLink(L"C:\\Data\\My Music", L"C:\\Music", MountPoint,
+                         kAttributeHidden | kAttributeSystem);
+    Run(L"C:\\Data", L"C:\\Backup");
+    EXPECT_FALSE(Exists(L"C:\\Backup\\My Music"));
+}
+
+TEST_F(FolderGuardTest, ABrokenLinkIsReported) {
+    Bench.Files.MakeFolder(L"C:\\Data");
+    Bench.Files.MakeLink(L"C:\\Data\\Gone", L"C:\\Nowhere", ToFolder);
+    Bench.AddSet(L"S", L"C:\\Data", L"C:\\Backup");
+    Bench.Run();
+    EXPECT_TRUE(Bench.HasLog(
+        {L"Error 76 - Path not found while accessing folder ", L"      <C:\\Data\\Gone>"}));
+    EXPECT_EQ(Bench.State.FolderErrors, 1);
+}
+
+TEST_F(FolderGuardTest, AWalkEndsAlsoWhereIdentitiesCannotBeTold) {
+    File(L"C:\\Data\\a");
+    Bench.Files.MakeFolder(L"C:\\Data\\Backup");
+    Bench.Files.MakeLink(L"C:\\Data\\Up", L"C:\\Data", MountPoint);
+    Bench.AddSet(L"S", L"C:\\Data", L"C:\\Data\\Backup");
+    FailingFileSystem files(Bench.Files, {.Kind = FileOperation::IdentityOf, .AndAllAfter = true});
+    Bench.Run(files, Bench.Settings);
+    EXPECT_TRUE(Exists(L"C:\\Data\\Backup\\a"));
+    EXPECT_FALSE(Exists(L"C:\\Data\\Backup\\Backup"));
+    EXPECT_FALSE(Exists(L"C:\\Data\\Backup\\Up"));
+    EXPECT_TRUE(Bench.HasLog(
+        {L"Error 75 - Path/File access error while accessing folder ", L"      <C:\\Data\\Up>"}));
+}
+
+TEST_F(FolderGuardTest, AsksForNoIdentityBelowTheRootsOnDifferentVolumes) {
+    Bench.Files.SetVolume(L"D:", true);
+    for (int i = 0; i < 20; ++i) {
+        File(L"C:\\Data\\" + std::to_wstring(i) + L"\\a");
+    }
+    Bench.AddSet(L"S", L"C:\\Data", L"D:\\Backup");
+    CountingFileSystem counting(Bench.Files);
+    Bench.Run(counting, Bench.Settings);
+    EXPECT_EQ(counting.CallsOf(FileOperation::IdentityOf), 2);
+}
+
+TEST_F(FolderGuardTest, ALinkToTheDestinationsVolumeIsWalkedUpToTheDestination) {
+    Bench.Files.SetVolume(L"D:", true);
+    File(L"D:\\Store\\a");
+    Bench.Files.MakeFolder(L"D:\\Store\\Backup");
+    Bench.Files.MakeFolder(L"C:\\Data");
+    Bench.Files.MakeLink(L"C:\\Data\\Link", L"D:\\Store", MountPoint);
+    Run(L"C:\\Data", L"D:\\Store\\Backup");
+    EXPECT_TRUE(Exists(L"D:\\Store\\Backup\\Link\\a"));
+    EXPECT_FALSE(Exists(L"D:\\Store\\Backup\\Link\\Backup"));
+}
+
+}  // namespace
+}  // namespace ambrio
