@@ -257,6 +257,7 @@ set(CONFORMANCE_TEST_WIN32_SOURCES
 
 # The end-to-end tests: what drives the real program from outside, then the tests.
 set(E2E_SUPPORT_SOURCES
+    tests/e2e/support/DialogTest.cpp
     tests/e2e/support/Files.cpp
     tests/e2e/support/Handles.cpp
     tests/e2e/support/Input.cpp
@@ -278,14 +279,18 @@ set(E2E_SUPPORT_SOURCES
 )
 
 set(E2E_TEST_SOURCES
+    tests/e2e/AboutTest.cpp
     tests/e2e/AnimationCostTest.cpp
     tests/e2e/BadSettingsTest.cpp
     tests/e2e/CommandLineTest.cpp
+    tests/e2e/ConfigurationTest.cpp
     tests/e2e/FailuresTest.cpp
     tests/e2e/InterruptTest.cpp
+    tests/e2e/KeyboardTest.cpp
     tests/e2e/LogPlaceTest.cpp
     tests/e2e/PasswordTest.cpp
     tests/e2e/PreviewTest.cpp
+    tests/e2e/PropertiesTest.cpp
     tests/e2e/RunTest.cpp
     tests/e2e/SecondInstanceTest.cpp
     tests/e2e/SecondarySaverTest.cpp
@@ -305,6 +310,10 @@ set(E2E_PICTURE_SOURCES
     tests/e2e/support/Handles.cpp
     tests/e2e/support/RunningProgram.cpp
     tests/e2e/support/Waiting.cpp
+)
+
+set(E2E_DIALOG_PICTURE_SOURCES
+    tests/e2e/pictures/DialogForPicture.cpp
 )
 
 set(E2E_STANDIN_PASSWORD_SOURCES

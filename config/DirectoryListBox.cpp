@@ -17,6 +17,12 @@ bool IsEnter(LPARAM message) {
 
 }  // namespace
 
+DirectoryListBox::~DirectoryListBox() {
+    if (listBox_ != nullptr) {
+        RemoveWindowSubclass(listBox_, Procedure, 0);
+    }
+}
+
 void DirectoryListBox::Attach(HWND listBox) {
     listBox_ = listBox;
     iconSize_ = GetSystemMetrics(SM_CXSMICON);
@@ -68,6 +74,7 @@ LRESULT CALLBACK DirectoryListBox::Procedure(HWND handle, UINT message, WPARAM w
                                              LPARAM lParam, UINT_PTR id, DWORD_PTR data) {
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(handle, Procedure, id);
+        reinterpret_cast<DirectoryListBox*>(data)->listBox_ = nullptr;
         return DefSubclassProc(handle, message, wParam, lParam);
     }
     return reinterpret_cast<DirectoryListBox*>(data)->Receive(message, wParam, lParam);

@@ -11,10 +11,11 @@ namespace ambrio {
 // Shows the rows of a directory tree in an owner-drawn list box (LBS_OWNERDRAWFIXED,
 // LBS_HASSTRINGS), whose entries are the directories' names and whose item data is their depth.
 // Enter on another entry than the open one acts as a double-click; on the open one it is left to
-// the dialog. The object must live until the list box is gone.
+// the dialog. When the object goes, the list box, if it is still there, is an ordinary one again.
 class DirectoryListBox {
   public:
     DirectoryListBox() = default;
+    ~DirectoryListBox();
     DirectoryListBox(const DirectoryListBox&) = delete;
     DirectoryListBox& operator=(const DirectoryListBox&) = delete;
 

@@ -10,6 +10,7 @@
 #include "platform/win32/StartProgram.h"
 #include "platform/win32/SystemFolders.h"
 #include "resources/DialogIds.h"
+#include "resources/ResourceIds.h"
 #include "settings/GeneralOptions.h"
 
 namespace ambrio {
@@ -56,6 +57,7 @@ void frmConfiguration::Form_Load() {
     lstSets_.Attach(Control(IDC_LST_SETS));
     SetTooltips(kTips);
 
+    SetProgramIcon();
     SetCaption(ConfigurationCaption(title));
     const std::wstring sets = ambrio::ReadSets(Context().Settings);
     const DialogOptions options = LoadDialogOptions(Context().Settings);
@@ -68,6 +70,17 @@ void frmConfiguration::Form_Load() {
     FillSavers();
     const auto saver = SaverToSelect(ComboEntries(Control(IDC_CBO_SS)), options.SecondarySaver);
     Send(IDC_CBO_SS, CB_SETCURSEL, saver ? *saver : static_cast<WPARAM>(-1));
+}
+
+// For the task bar; shared icons are the system's to free.
+void frmConfiguration::SetProgramIcon() {
+    const auto icon = [this](int size) {
+        return reinterpret_cast<LPARAM>(LoadImageW(Instance(), MAKEINTRESOURCEW(IDI_AMBRIO),
+                                                   IMAGE_ICON, GetSystemMetrics(size),
+                                                   GetSystemMetrics(size), LR_SHARED));
+    };
+    SendMessageW(Handle(), WM_SETICON, ICON_BIG, icon(SM_CXICON));
+    SendMessageW(Handle(), WM_SETICON, ICON_SMALL, icon(SM_CXSMICON));
 }
 
 void frmConfiguration::FillSavers() {

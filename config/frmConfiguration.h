@@ -18,6 +18,7 @@ class frmConfiguration : public Form {
     void OnDrawItem(const DRAWITEMSTRUCT& item) override;
 
   private:
+    void SetProgramIcon();
     void FillSavers();
     void Click(int button);
     void cmdMove_Click(bool (SetListModel::*move)());

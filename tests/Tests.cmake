@@ -69,5 +69,10 @@ if(WIN32 AND E2E_TEST_SOURCES)
   target_link_libraries(StepForPicture PRIVATE ambrio_compiler_settings)
   target_link_options(StepForPicture PRIVATE -municode)
 
+  # Shows a dialog of which a picture is wanted (scripts/dialog-screenshots).
+  add_executable(DialogForPicture ${AMBRIO_RESOURCES} ${E2E_DIALOG_PICTURE_SOURCES})
+  target_link_libraries(DialogForPicture PRIVATE ambrio_config)
+  target_link_options(DialogForPicture PRIVATE -municode)
+
   add_dependencies(e2e_tests StandInSaver StandInPassword Ambrio)
 endif()

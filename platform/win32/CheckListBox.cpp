@@ -19,6 +19,12 @@ using UniqueTheme = std::unique_ptr<std::remove_pointer_t<HTHEME>, CloseTheme>;
 
 }  // namespace
 
+CheckListBox::~CheckListBox() {
+    if (listBox_ != nullptr) {
+        RemoveWindowSubclass(listBox_, Procedure, 0);
+    }
+}
+
 void CheckListBox::Attach(HWND listBox) {
     listBox_ = listBox;
     boxSize_ = FitEntryHeight(listBox);
@@ -59,6 +65,7 @@ LRESULT CALLBACK CheckListBox::Procedure(HWND handle, UINT message, WPARAM wPara
                                          UINT_PTR id, DWORD_PTR data) {
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(handle, Procedure, id);
+        reinterpret_cast<CheckListBox*>(data)->listBox_ = nullptr;
         return DefSubclassProc(handle, message, wParam, lParam);
     }
     return reinterpret_cast<CheckListBox*>(data)->Receive(message, wParam, lParam);

@@ -8,11 +8,12 @@ namespace ambrio {
 
 // Gives an owner-drawn list box (LBS_OWNERDRAWFIXED, LBS_HASSTRINGS) a check box in front of each
 // entry, which the mouse and the space bar tick. The entry's item data is its tick: 1 or 0. So the
-// list is filled, read and driven with the ordinary messages of list boxes. The object must live
-// until the list box is gone.
+// list is filled, read and driven with the ordinary messages of list boxes. When the object goes,
+// the list box, if it is still there, is an ordinary one again.
 class CheckListBox {
   public:
     CheckListBox() = default;
+    ~CheckListBox();
     CheckListBox(const CheckListBox&) = delete;
     CheckListBox& operator=(const CheckListBox&) = delete;
 

@@ -7,6 +7,10 @@
 namespace ambrio {
 
 Dialog::~Dialog() {
+    if (handle_ != nullptr) {
+        // The derived part is gone; no message may reach it any more.
+        SetWindowLongPtrW(handle_, DWLP_USER, 0);
+    }
     Unload();
 }
 

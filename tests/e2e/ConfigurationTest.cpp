@@ -1,0 +1,147 @@
+// The configuration dialog, used from outside.
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "tests/e2e/StandIn.h"
+#include "tests/e2e/support/DialogTest.h"
+#include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/SystemFile.h"
+#include "tests/e2e/support/Text.h"
+
+namespace ambrio::e2e {
+namespace {
+
+class ConfigurationTest : public DialogTest {};
+
+TEST_F(ConfigurationTest, CreatesTicksReordersAndSavesSets) {
+    WindowProbe dialog = OpenConfiguration();
+    EXPECT_EQ(SetsOf(dialog), L"");
+    AddSet(dialog, L"One", L"C:\\one", L"D:\\one");
+    ASSERT_TRUE(SetsBecome(dialog, L">One|"));
+    AddSet(dialog, L"Two", L"C:\\two", L"D:\\two");
+    ASSERT_TRUE(SetsBecome(dialog, L"One|>Two|"));
+    TypeIntoSets(dialog, L' ');
+    Press(dialog, IDC_CMD_UP);
+    ASSERT_TRUE(SetsBecome(dialog, L">+Two|One|"));
+    EXPECT_FALSE(Settings.Read(L"General", L"Sets"));
+    EXPECT_TRUE(Closes(dialog, IDOK));
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(Settings.Read(L"General", L"Sets"), L"Two,One");
+    EXPECT_EQ(Settings.Read(L"One", L"Selected"), L"False");
+    EXPECT_EQ(Settings.Read(L"Two", L"Selected"), L"True");
+    EXPECT_EQ(Settings.Read(L"Two", L"Source"), L"C:\\two");
+
+    dialog = OpenConfiguration();
+    EXPECT_EQ(SetsOf(dialog), L">+Two|One|");
+    EXPECT_TRUE(ClosesByItsBox(dialog));
+}
+
+TEST_F(ConfigurationTest, ClosingDiscardsWhatOkWouldHaveWritten) {
+    Settings.Write(L"General", L"Sets", L"A,B");
+    const WindowProbe dialog = OpenConfiguration();
+    TypeIntoSets(dialog, L' ');
+    Press(dialog, IDC_CMD_DOWN);
+    ASSERT_TRUE(SetsBecome(dialog, L"+B|>A|"));
+    EXPECT_TRUE(ClosesByItsBox(dialog));
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(Settings.Read(L"General", L"Sets"), L"A,B");
+    EXPECT_EQ(Settings.Sections(), std::vector<std::wstring>{L"General"});
+}
+
+TEST_F(ConfigurationTest, NewAndThenCancelMakesTheLastSetCurrent) {
+    Settings.Write(L"General", L"Sets", L"A,B,C");
+    const WindowProbe dialog = OpenConfiguration();
+    const WindowProbe properties = Open(dialog, IDC_CMD_NEW, kNewSet);
+    EXPECT_FALSE(dialog.IsEnabled());
+    EXPECT_TRUE(Closes(properties, IDCANCEL));
+    EXPECT_TRUE(SetsBecome(dialog, L"+A|+B|>+C|"));
+    EXPECT_TRUE(dialog.IsEnabled());
+    EXPECT_TRUE(ClosesByItsBox(dialog));
+}
+
+TEST_F(ConfigurationTest, AsksBeforeItRemovesAndKeepsTheSetsSection) {
+    Settings.Write(L"General", L"Sets", L"A & B");
+    Settings.Write(L"A & B", L"Source", L"C:\\a");
+    const WindowProbe dialog = OpenConfiguration();
+    // Enter takes the default, which is No.
+    for (const bool removes : {false, true}) {
+        EXPECT_EQ(SetsOf(dialog), L">+A & B|");
+        Press(dialog, IDC_CMD_REMOVE);
+        const MessageBoxProbe box = WaitForBox();
+        EXPECT_EQ(box.Title(), L"Ambrio");
+        EXPECT_EQ(WithoutReturns(box.Text()),
+                  L"About to remove A & B\nfrom your list of backup sets.\nAre you sure?");
+        EXPECT_EQ(box.Icon(), BoxIcon::Question);
+        EXPECT_EQ(box.ButtonTexts(), (std::vector<std::wstring>{L"Yes", L"No"}));
+        if (removes) {
+            EXPECT_TRUE(box.Press(0));
+        } else {
+            PressKey(VK_RETURN);
+            EXPECT_TRUE(WaitUntil([&] { return !box.Window().Exists(); }));
+        }
+    }
+    EXPECT_TRUE(SetsBecome(dialog, L""));
+    EXPECT_TRUE(Closes(dialog, IDOK));
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(Settings.Read(L"General", L"Sets"), L"");
+    EXPECT_EQ(Settings.Read(L"A & B", L"Source"), L"C:\\a");
+}
+
+TEST_F(ConfigurationTest, OddListsAndNamesSurviveAnOk) {
+    for (const std::wstring sets : {L"A,, B,", L"x\\y,a\"b,&c,'d'", L"\u0416\u4e2d\u05d0,\u00e9"}) {
+        Settings.Write(L"General", L"Sets", sets);
+        const WindowProbe dialog = OpenConfiguration();
+        EXPECT_TRUE(Closes(dialog, IDOK));
+        EXPECT_TRUE(Ends());
+        EXPECT_EQ(Settings.Read(L"General", L"Sets"), sets);
+    }
+}
+
+TEST_F(ConfigurationTest, ATickThatIsNoBooleanEndsTheProgramWithTheRuntimesError) {
+    Settings.Write(L"General", L"Sets", L"A");
+    Settings.Write(L"A", L"Selected", L"maybe");
+    Start(L"/C");
+    const MessageBoxProbe box = WaitForBox();
+    EXPECT_EQ(WithoutReturns(box.Text()), L"Run-time error '13':\n\nType mismatch");
+    EXPECT_TRUE(box.Press());
+    EXPECT_TRUE(Ends());
+}
+
+TEST_F(ConfigurationTest, ShowsTheSettingsOfTheChosenSaver) {
+    const std::wstring name = L"Ambrio Stand & In";
+    const RegistryTreeGuard standIn(kStandInKey);
+    const SystemFile saver(TestProgramFolder() + L"\\StandInSaver.scr",
+                           WindowsFolder() + L"\\" + name + L".scr");
+    if (!saver.IsInstalled()) {
+        GTEST_SKIP() << "the system's folders cannot be written with these rights";
+    }
+    Settings.Write(L"General", L"Secondary SS", name);
+    const WindowProbe dialog = OpenConfiguration();
+    EXPECT_EQ(TextOf(dialog, IDC_CBO_SS), name);
+    Press(dialog, IDC_CMD_SETTINGS);
+    EXPECT_TRUE(WaitUntil([] { return ReadText(kStandInKey, kSaverCommandLine).has_value(); }));
+    const std::wstring line = ReadText(kStandInKey, kSaverCommandLine).value_or(L"");
+    EXPECT_EQ(line.substr(line.size() - std::min<std::size_t>(line.size(), 3)), L" /c");
+    EXPECT_EQ(ReadNumber(kStandInKey, kSaverShowState), static_cast<DWORD>(SW_SHOWMINIMIZED));
+    EXPECT_TRUE(Closes(dialog, IDOK));
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(Settings.Read(L"General", L"Secondary SS"), name);
+}
+
+class ConfigurationLineTest : public DialogTest,
+                              public testing::WithParamInterface<const wchar_t*> {};
+
+TEST_P(ConfigurationLineTest, ShowsTheDialog) {
+    Start(GetParam());
+    EXPECT_TRUE(ClosesByItsBox(WindowTitled(kConfiguration)));
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(Program().ExitCode(), 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Switches, ConfigurationLineTest,
+                         testing::Values(L"", L"/C", L"/c:1234", L"/C 1234"));
+
+}  // namespace
+}  // namespace ambrio::e2e

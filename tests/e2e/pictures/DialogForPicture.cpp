@@ -1,0 +1,68 @@
+// Shows one of the dialogs in a window of its own, for a picture of it, and prints where it lies:
+//     DialogForPicture configuration|properties|browse|selection|about
+// It shows the user's settings, of the Set "Documents" where there is one to be shown. The
+// program's own dialogs stand over each other, and Wine may leave what stands over another window
+// black on a display without a window manager.
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "config/frmAbout.h"
+#include "config/frmBrowse.h"
+#include "config/frmConfiguration.h"
+#include "config/frmIncludeExclude.h"
+#include "config/frmProperties.h"
+#include "platform/win32/RegistrySettingsStore.h"
+#include "platform/win32/Win32FileSystem.h"
+
+namespace ambrio {
+namespace {
+
+std::unique_ptr<Form> Make(const std::wstring& name, DialogContext& context) {
+    if (name == L"configuration") {
+        return std::make_unique<frmConfiguration>(context);
+    }
+    if (name == L"properties") {
+        return std::make_unique<frmProperties>(context);
+    }
+    if (name == L"browse") {
+        return std::make_unique<frmBrowse>(context, nullptr);
+    }
+    if (name == L"selection") {
+        return std::make_unique<frmIncludeExclude>(context);
+    }
+    return name == L"about" ? std::make_unique<frmAbout>(context) : nullptr;
+}
+
+int Run(const std::wstring& name) {
+    Application application;
+    application.Title = kApplicationTitle;
+    RegistrySettingsStore settings(application.Title);
+    Win32FileSystem files;
+    DialogContext context{application, files, settings, GetModuleHandleW(nullptr), L"Documents", 0};
+    const std::unique_ptr<Form> form = Make(name, context);
+    if (form == nullptr) {
+        return 2;
+    }
+    SetCurrentDirectoryW(L"C:\\windows\\system32");  // what there is to be browsed
+    form->Load(nullptr);
+    if (auto* selection = dynamic_cast<frmIncludeExclude*>(form.get())) {
+        selection->Init(context.CurrentSetName);
+    }
+    SetWindowPos(form->Handle(), nullptr, 10, 10, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    RECT place = {};
+    GetWindowRect(form->Handle(), &place);
+    std::printf("%ldx%ld+%ld+%ld\n", place.right - place.left, place.bottom - place.top, place.left,
+                place.top);
+    std::fflush(stdout);
+    form->ShowModeless();
+    return 0;
+}
+
+}  // namespace
+}  // namespace ambrio
+
+int wmain(int count, wchar_t** arguments) {
+    return ambrio::Run(count == 2 ? arguments[1] : L"");
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "resources/DialogIds.h"
+#include "tests/e2e/support/ProgramTest.h"
+
+namespace ambrio::e2e {
+
+// A test of the program's dialogs, which are used as a user would, by messages of the controls.
+class DialogTest : public ProgramTest {
+  protected:
+    static constexpr const wchar_t* kConfiguration = L"Ambrio Configuration";
+    static constexpr const wchar_t* kNewSet = L"New Set Properties";
+
+    // Starts the program with "/C" and waits for its dialog.
+    WindowProbe OpenConfiguration();
+
+    [[nodiscard]] static WindowProbe At(const WindowProbe& dialog, int control);
+    // Sends a control a message, which it must answer.
+    static void Tell(const WindowProbe& control, UINT message, WPARAM wParam = 0,
+                     LPARAM lParam = 0);
+    // Presses a button without waiting for what that leads to.
+    static void Press(const WindowProbe& dialog, int button);
+    // Presses a button and waits for the dialog that it opens.
+    [[nodiscard]] WindowProbe Open(const WindowProbe& dialog, int button,
+                                   const std::wstring& title);
+    // Presses a button and waits until the dialog is gone; false when it stays.
+    [[nodiscard]] static bool Closes(const WindowProbe& dialog, int button);
+    [[nodiscard]] static bool ClosesByItsBox(const WindowProbe& dialog);
+    static void SetText(const WindowProbe& dialog, int control, const std::wstring& text);
+    [[nodiscard]] static std::wstring TextOf(const WindowProbe& dialog, int control);
+
+    // Adds a Set through the dialogs, with the folders given.
+    void AddSet(const WindowProbe& configuration, const std::wstring& name,
+                const std::wstring& source, const std::wstring& destination);
+
+    // The entries of the list of Sets, a plus before each ticked one and an arrow before the
+    // current one, a stroke after each.
+    [[nodiscard]] static std::wstring SetsOf(const WindowProbe& configuration);
+    // Sends the list of Sets a key as text.
+    static void TypeIntoSets(const WindowProbe& configuration, wchar_t key);
+    static void MakeCurrent(const WindowProbe& configuration, int entry);
+
+    // Waits until the list of Sets looks like this.
+    [[nodiscard]] static bool SetsBecome(const WindowProbe& configuration,
+                                         const std::wstring& expected);
+};
+
+}  // namespace ambrio::e2e
