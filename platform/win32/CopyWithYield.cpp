@@ -28,9 +28,11 @@ class CopyThread {
     CopyThread& operator=(const CopyThread&) = delete;
 
     [[nodiscard]] bool HasStarted() const { return thread_ != nullptr; }
-    // True when the copy has ended within the time, in ms.
+    // Waits until the copy has ended, input has come or the time, in ms, is over; true when the
+    // copy has ended.
     [[nodiscard]] bool Wait(DWORD time) const {
-        return WaitForSingleObject(thread_.get(), time) != WAIT_TIMEOUT;
+        const HANDLE thread = thread_.get();
+        return MsgWaitForMultipleObjects(1, &thread, FALSE, time, QS_ALLINPUT) == WAIT_OBJECT_0;
     }
     // Waits for the end and gives the error code.
     DWORD Finish() const {

@@ -9,8 +9,9 @@
 namespace ambrio {
 
 // The platform's own copy of one file to a name that is free, calling `yield` at the start of a big
-// one and then about every 50 ms until it is done. `size` is that of the source, in bytes. Gives
-// the Win32 error code, 0 for success; part of the new file may be left after a failure.
+// one and then, until it is done, when input comes and at least about every 50 ms. `size` is that
+// of the source, in bytes. Gives the Win32 error code, 0 for success; part of the new file may be
+// left after a failure.
 [[nodiscard]] DWORD CopyWithYield(const std::wstring& source, const std::wstring& target,
                                   std::uint64_t size, const Yield& yield);
 

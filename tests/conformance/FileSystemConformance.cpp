@@ -18,13 +18,13 @@ std::wstring FileSystemConformance::At(const std::wstring& name) const {
 }
 
 std::wstring FileSystemConformance::NewFile(const std::wstring& name, const std::string& content) {
-    const std::wstring path = At(name);
+    std::wstring path = At(name);
     world_->Write(path, content);
     return path;
 }
 
 std::wstring FileSystemConformance::NewFolder(const std::wstring& name) {
-    const std::wstring path = At(name);
+    std::wstring path = At(name);
     Files().CreateFolder(path);
     return path;
 }

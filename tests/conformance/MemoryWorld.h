@@ -8,10 +8,10 @@ namespace ambrio {
 // A folder of the in-memory file system.
 class MemoryWorld : public FileSystemWorld {
   public:
-    MemoryWorld() { files_.MakeFolder(Root()); }
+    MemoryWorld() { files_.MakeFolder(kRoot); }
 
     FileSystem& Files() override { return files_; }
-    [[nodiscard]] std::wstring Root() const override { return L"C:\\Test"; }
+    [[nodiscard]] std::wstring Root() const override { return kRoot; }
     [[nodiscard]] std::wstring AbsentDrive() const override { return L"Q:"; }
     [[nodiscard]] std::uint32_t ProcessId() const override { return files_.ProcessId; }
     void Write(const std::wstring& path, const std::string& content) override {
@@ -27,6 +27,7 @@ class MemoryWorld : public FileSystemWorld {
     [[nodiscard]] const char* ReasonToSkip(const std::string& test) const override;
 
   private:
+    static constexpr const wchar_t* kRoot = L"C:\\Test";
     MemoryFileSystem files_;
 };
 

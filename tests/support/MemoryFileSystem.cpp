@@ -168,7 +168,7 @@ MemoryNode::Pointer MemoryFileSystem::CopyUnder(const MemoryNode::Pointer& sourc
         temporary.Folder->Remove(leftover);
     }
     MemoryVolume& volume = temporary.Folder->Volume;
-    const MemoryNode::Pointer copy = NewNode(volume, temporary.Name, source->Attributes);
+    MemoryNode::Pointer copy = NewNode(volume, temporary.Name, source->Attributes);
     temporary.Folder->Add(copy);
     copy->PretendSize(source->Size());
     const std::string content = source->Content();

@@ -13,7 +13,7 @@ struct CaseRange {
 };
 
 constexpr std::array<CaseRange, 6> kRanges{{
-    {L'a', L'z', 32},
+    {0x61, 0x7A, 32},
     {0xE0, 0xF6, 32},
     {0xF8, 0xFE, 32},
     {0x3B1, 0x3C1, 32},
@@ -27,7 +27,7 @@ bool IsInPairedBlock(unsigned unit) {
 }
 
 wchar_t Capital(wchar_t character) {
-    const auto unit = static_cast<unsigned>(character);
+    const unsigned unit = static_cast<char32_t>(character);
     if (unit == 0xFF) {
         return static_cast<wchar_t>(0x178);
     }
