@@ -173,6 +173,7 @@ set(TEST_SUPPORT_SOURCES
 
 set(UNIT_TEST_SOURCES
     tests/unit/BackupSetTest.cpp
+    tests/unit/BigFolderTest.cpp
     tests/unit/CentreFormTest.cpp
     tests/unit/ColourWalkTest.cpp
     tests/unit/CommandSwitchTest.cpp
@@ -203,6 +204,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/RegistryValueTest.cpp
     tests/unit/RoundingTest.cpp
     tests/unit/RunDriverTest.cpp
+    tests/unit/RunFaultTest.cpp
     tests/unit/RunLogTest.cpp
     tests/unit/SecondarySaversTest.cpp
     tests/unit/SetListModelTest.cpp

@@ -39,10 +39,12 @@ void EngineBench::Run(FileSystem& fileSystem, SettingsStore& settings) {
 
 std::vector<std::wstring> EngineBench::Log() {
     std::vector<std::wstring> lines;
-    if (!Files.FileExists(LogFile())) {
+    const std::wstring otherPlace = App.LocalDataFolder + L"\\Ambrio\\Ambrio.log";
+    const std::wstring path = Files.FileExists(otherPlace) ? otherPlace : LogFile();
+    if (!Files.FileExists(path)) {
         return lines;
     }
-    const std::string content = Files.Content(LogFile());
+    const std::string content = Files.Content(path);
     for (std::size_t start = 0; start < content.size();) {
         const std::size_t end = content.find("\r\n", start);
         const std::size_t stop = end == std::string::npos ? content.size() : end;

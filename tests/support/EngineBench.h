@@ -28,7 +28,7 @@ class EngineBench {
     void Run() { Run(Files, Settings); }
     void Run(FileSystem& fileSystem, SettingsStore& settings);
 
-    // The lines of the log without their line ends; none when there is no log.
+    // The lines of the log, wherever it lies, without their line ends; none when there is no log.
     [[nodiscard]] std::vector<std::wstring> Log();
     // Whether it holds the lines, one after the other.
     [[nodiscard]] bool HasLog(const std::vector<std::wstring>& lines);
