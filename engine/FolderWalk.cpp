@@ -60,22 +60,21 @@ void FolderWalk::CopyFiles(const std::wstring& rsSourceDir, const std::wstring& 
 
 FolderWalk::Preparation FolderWalk::PrepareFolders(const std::wstring& rsSourceDir,
                                                    const std::wstring& rsDestnDir) {
-    std::wstring action = kAccessing;
-    const std::wstring* folder = &rsSourceDir;
-    std::optional<RuntimeError> failure;
-    try {
-        if (!fileSystem_.FolderExists(rsSourceDir)) {
-            return Preparation::SourceMissing;
-        }
-        folder = &rsDestnDir;
-        return MakeDestinationFolder(fileSystem_, rsDestnDir, action)
-                   ? Preparation::DestinationMade
-                   : Preparation::DestinationThere;
-    } catch (const RuntimeError& error) {
-        failure = error;
+    bool isSourceThere = false;
+    if (!Try([&] { isSourceThere = fileSystem_.FolderExists(rsSourceDir); }, kAccessing,
+             rsSourceDir)) {
+        return Preparation::Failed;
     }
-    ReportFolder(*failure, action, *folder);
-    return Preparation::Failed;
+    if (!isSourceThere) {
+        return Preparation::SourceMissing;
+    }
+    bool wasMade = false;
+    std::wstring action = kAccessing;
+    if (!Try([&] { wasMade = MakeDestinationFolder(fileSystem_, rsDestnDir, action); }, action,
+             rsDestnDir)) {
+        return Preparation::Failed;
+    }
+    return wasMade ? Preparation::DestinationMade : Preparation::DestinationThere;
 }
 
 // False when the run was interrupted among the files. Only they look at that: the walk goes on with
@@ -139,14 +138,23 @@ void FolderWalk::WalkSubFolders(const std::wstring& rsSourceDir, const std::wstr
 }
 
 bool FolderWalk::MayEnter(const FileEntry& subFolder, const std::wstring& path) {
+    bool may = false;
+    return Try([&] { may = guard_.MayEnter(subFolder, path); }, kAccessing, path) && may;
+}
+
+// `action` is read after the step, which may change it.
+bool FolderWalk::Try(const std::function<void()>& step, const std::wstring& action,
+                     const std::wstring& folder) {
     std::optional<RuntimeError> failure;
     try {
-        return guard_.MayEnter(subFolder, path);
+        step();
     } catch (const RuntimeError& error) {
         failure = error;
     }
-    ReportFolder(*failure, kAccessing, path);
-    return false;
+    if (failure) {
+        ReportFolder(*failure, action, folder);
+    }
+    return !failure;
 }
 
 void FolderWalk::ReportFolder(const RuntimeError& failure, const std::wstring& action,

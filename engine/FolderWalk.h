@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -52,6 +53,9 @@ class FolderWalk {
     void WalkSubFolders(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
                         const std::vector<FileEntry>& subFolders, const Rules& rules);
     bool MayEnter(const FileEntry& subFolder, const std::wstring& path);
+    // Reports the folder and gives false when the step fails.
+    bool Try(const std::function<void()>& step, const std::wstring& action,
+             const std::wstring& folder);
     void ReportFolder(const RuntimeError& failure, const std::wstring& action,
                       const std::wstring& folder);
     void ClearFsoStatus();
