@@ -13,7 +13,7 @@ if(WIN32)
     ambrio_compiler_settings INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
                                        WINVER=0x0601 _WIN32_WINNT=0x0601)
   # No time stamp: the same sources give the same bytes.
-  target_link_options(ambrio_compiler_settings INTERFACE -static -Wl,--no-insert-timestamp)
+  target_link_options(ambrio_compiler_settings INTERFACE -static -s -Wl,--no-insert-timestamp)
   # The walk goes as deep as the folders do, at some 700 bytes a level.
   target_link_options(ambrio_compiler_settings INTERFACE -Wl,--stack,16777216)
 endif()
