@@ -8,8 +8,8 @@
 #include <windows.h>
 // The ones below need the first.
 #include <commctrl.h>
-#include <psapi.h>
 #include <oleauto.h>
+#include <psapi.h>
 #include <shellapi.h>
 #include <shlobj.h>
 #include <uxtheme.h>
