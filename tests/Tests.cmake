@@ -34,7 +34,6 @@ configure_file(tests/unit/CopyRuleTable.h.in generated/CopyRuleTable.h @ONLY)
 function(ambrio_test_program name)
   add_executable(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE ambrio_test_support gtest gtest_main)
-  target_compile_definitions(${name} PRIVATE AMBRIO_TEST_DATA="${CMAKE_SOURCE_DIR}/tests")
 endfunction()
 
 if(WIN32)

@@ -52,6 +52,7 @@ std::vector<std::wstring> DirectoryTree::SubdirectoriesOf(const std::wstring& pa
     }
     std::sort(found.begin(), found.end());
     std::vector<std::wstring> names;
+    names.reserve(found.size());
     for (auto& [folded, name] : found) {
         names.push_back(std::move(name));
     }
