@@ -2,7 +2,9 @@
 
 BUILD_PACKAGES=(cmake ninja-build g++ googletest g++-mingw-w64-i686 g++-mingw-w64-x86-64)
 CHECK_PACKAGES=(clang clang-format clang-tidy)
-RUN_PACKAGES=(wine wine64 xvfb xauth imagemagick procps util-linux)
+# The fonts are those that the panel and the dialogs fall back to where the Windows ones are missing.
+RUN_PACKAGES=(wine wine64 xvfb xauth imagemagick procps util-linux fonts-dejavu-core
+    fonts-dejavu-extra)
 
 is_installed() { [ "$(dpkg-query -W -f='${db:Status-Abbrev}' "$1" 2>/dev/null)" = "ii " ]; }
 
