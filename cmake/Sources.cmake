@@ -172,6 +172,10 @@ set(TEST_SUPPORT_SOURCES
 )
 
 set(UNIT_TEST_SOURCES
+    tests/faults/FaultExpectation.cpp
+    tests/faults/FaultMatrixTest.cpp
+    tests/faults/FaultScene.cpp
+    tests/faults/FaultStage.cpp
     tests/unit/BackupSetTest.cpp
     tests/unit/BigFolderTest.cpp
     tests/unit/CentreFormTest.cpp

@@ -10,8 +10,8 @@ class SettingsStore {
   public:
     virtual ~SettingsStore() = default;
 
-    // The value, or `fallback` when the section or the key does not exist or holds no text. Writes
-    // nothing back.
+    // The value, or `fallback` when the section or the key does not exist, holds no text or cannot
+    // be read. Writes nothing back.
     virtual std::wstring GetSetting(const std::wstring& section, const std::wstring& key,
                                     const std::wstring& fallback) = 0;
 

@@ -20,6 +20,8 @@ tests_count() {
     if [ "$failed" != 0 ]; then
         grep -vE '^\[( RUN      |       OK |----------)' "$log" | tail -n 80
     fi
+    # Tables that a test draws up.
+    grep -E '^\| ' "$log" | tr -d '\r' || true
     # A skip names itself and its reason: the line before "[  SKIPPED ]" is the test's own word.
     awk '/^\[  SKIPPED \].*ms\)/ { print "        skipped " $4 ": " reason; reason = "" }
          /^\[ RUN/ { reason = "" }

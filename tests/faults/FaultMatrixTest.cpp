@@ -1,0 +1,254 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/RuntimeError.h"
+#include "tests/faults/FaultExpectation.h"
+#include "tests/faults/FaultScene.h"
+#include "tests/faults/FaultStage.h"
+
+namespace ambrio {
+namespace {
+
+struct ErrorClass {
+    const char* Name;
+    std::uint32_t Win32Code;
+};
+
+constexpr std::array<ErrorClass, 10> kErrorClasses{{
+    {"not found", 2},
+    {"no path", 3},
+    {"denied", 5},
+    {"shared", 32},
+    {"disk full", 112},
+    {"not ready", 21},
+    {"net gone", 64},
+    {"bad name", 123},
+    {"too long", 206},
+    {"unknown", 31},
+}};
+
+// Fails one call, the how-manyth of its stage, and keeps what it was; counts the calls of each
+// stage.
+class FaultyServices : public ObservedFileSystem, public ForwardingSettingsStore {
+  public:
+    FaultyServices(EngineBench& bench, Stage stage, int occurrence, ErrorNumber number)
+        : ObservedFileSystem(bench.Files), ForwardingSettingsStore(bench.Settings) {
+        fault_.At = stage;
+        fault_.Occurrence = occurrence;
+        fault_.Number = number;
+    }
+
+    bool Before(const FileCall& call) override {
+        const Stage stage = finder_.StageOf(call);
+        if (!IsTheOne(stage, call.Path)) {
+            return true;
+        }
+        switch (call.Operation) {
+            case FileOperation::FileExists:
+            case FileOperation::FolderExists:
+            case FileOperation::IdentityOf:
+            case FileOperation::IsWritableFolder:
+                return false;
+            default:
+                throw RuntimeError(fault_.Number);
+        }
+    }
+    void SaveSetting(const std::wstring& section, const std::wstring& key,
+                     const std::wstring& value) override {
+        if (IsTheOne(Stage::SaveLastRun, key)) {
+            throw RuntimeError(fault_.Number);
+        }
+        ForwardingSettingsStore::SaveSetting(section, key, value);
+    }
+
+    [[nodiscard]] const std::map<Stage, int>& Calls() const { return calls_; }
+    [[nodiscard]] bool HasFailed() const { return hasFailed_; }
+    [[nodiscard]] const StageFault& Fault() const { return fault_; }
+
+  private:
+    bool IsTheOne(Stage stage, const std::wstring& path) {
+        const int callsBefore = callsWith_[{stage, path}]++;
+        if (++calls_[stage] != fault_.Occurrence || stage != fault_.At) {
+            return false;
+        }
+        fault_.Path = path;
+        fault_.CallsBefore = callsBefore;
+        hasFailed_ = true;
+        return true;
+    }
+
+    StageFinder finder_;
+    StageFault fault_;
+    bool hasFailed_ = false;
+    std::map<Stage, int> calls_;
+    std::map<std::pair<Stage, std::wstring>, int> callsWith_;
+};
+
+RunOutcome OutcomeOf(FaultScene& scene) {
+    EngineBench& bench = scene.Bench;
+    RunOutcome outcome;
+    outcome.Log = bench.Log();
+    outcome.LogIsElsewhere = bench.Files.FileExists(L"C:\\Users\\me\\Local\\Ambrio\\Ambrio.log");
+    outcome.State = bench.State;
+    outcome.Captions = bench.Panel.Captions;
+    outcome.Actions = bench.Host.Actions;
+    outcome.Sources = scene.Sources();
+    outcome.Copies = scene.Copies();
+    for (const wchar_t* set : kFaultSets) {
+        for (const wchar_t* folder : kFoldersOfASet) {
+            const std::wstring leftover = LeftoverIn(std::wstring(set) + folder);
+            if (bench.Files.FileExists(leftover)) {
+                outcome.Leftovers.insert(leftover);
+            }
+        }
+    }
+    return outcome;
+}
+
+// Names each part in which two outcomes differ; empty when there is none.
+class Differences {
+  public:
+    Differences(const RunOutcome& actual, const RunOutcome& expected) {
+        const RunState& is = actual.State;
+        const RunState& shall = expected.State;
+        Compare("log", actual.Log, expected.Log);
+        Compare("place of the log", actual.LogIsElsewhere, expected.LogIsElsewhere);
+        Compare("FilesChecked", is.FilesChecked, shall.FilesChecked);
+        Compare("FilesCopied", is.FilesCopied, shall.FilesCopied);
+        Compare("CopyErrors", is.CopyErrors, shall.CopyErrors);
+        Compare("CopiesRemoved", is.CopiesRemoved, shall.CopiesRemoved);
+        Compare("RemoveErrors", is.RemoveErrors, shall.RemoveErrors);
+        Compare("FolderErrors", is.FolderErrors, shall.FolderErrors);
+        Compare("Interrupted", is.Interrupted, shall.Interrupted);
+        Compare("FatalErrorText", is.FatalErrorText, shall.FatalErrorText);
+        Compare("captions", actual.Captions, expected.Captions);
+        Compare("actions", actual.Actions, expected.Actions);
+        Compare("sources", actual.Sources, expected.Sources);
+        Compare("copies", actual.Copies, expected.Copies);
+        Compare("leftovers", actual.Leftovers, expected.Leftovers);
+    }
+    [[nodiscard]] const std::string& Text() const { return text_; }
+
+  private:
+    template <typename Part>
+    void Compare(const char* name, const Part& actual, const Part& expected) {
+        if (!(actual == expected)) {
+            text_ += std::string(name) + "\n  is    " + testing::PrintToString(actual) +
+                     "\n  shall " + testing::PrintToString(expected) + "\n";
+        }
+    }
+
+    std::string text_;
+};
+
+// True when a run with this fault is exactly what it must be, and leaves nothing open.
+bool CellPasses(Stage stage, int occurrence, const ErrorClass& error) {
+    FaultScene scene;
+    FaultyServices services(scene.Bench, stage, occurrence, NumberOfWin32Code(error.Win32Code));
+    scene.Bench.Run(services, services);
+    std::string trouble = Differences(OutcomeOf(scene), ExpectedOutcome(services.Fault())).Text();
+    if (!services.HasFailed()) {
+        trouble += "the call was not made\n";
+    }
+    if (scene.Bench.Files.OpenHandles() != 0 || scene.Bench.State.CopyInProgress) {
+        trouble += "something is still open\n";
+    }
+    if (!trouble.empty()) {
+        ADD_FAILURE() << NameOf(stage) << ", call " << occurrence << ", " << error.Name << ":\n"
+                      << trouble;
+    }
+    return trouble.empty();
+}
+
+std::string Cell(std::string text, std::size_t width) {
+    text.resize(std::max(width, text.size()), ' ');
+    return "| " + text + " ";
+}
+
+// The calls of each stage in a run without a fault.
+std::map<Stage, int> CallsOfAWholeRun() {
+    FaultScene scene;
+    FaultyServices services(scene.Bench, Stage::End, 0, ErrorNumber::PermissionDenied);
+    scene.Bench.Run(services, services);
+    return services.Calls();
+}
+
+TEST(FaultMatrix, TheRunWithoutAFaultIsAsPlanned) {
+    FaultScene scene;
+    scene.Bench.Run();
+    EXPECT_EQ(Differences(OutcomeOf(scene), ExpectedOutcome({})).Text(), "");
+    EXPECT_FALSE(scene.Bench.State.HasFailures());
+}
+
+// Every stage of a run, each class of error, at the first, a middle and the last call. The table
+// shows passed cells of all cells.
+TEST(FaultMatrix, EveryFaultHasExactlyItsConsequences) {
+    const std::map<Stage, int> calls = CallsOfAWholeRun();
+    int all = 0;
+    int passed = 0;
+    std::string table = Cell("faults with just their consequences", 37);
+    for (const ErrorClass& error : kErrorClasses) {
+        table += Cell(error.Name, 9);
+    }
+    for (int i = 0; i < static_cast<int>(Stage::End); ++i) {
+        const auto stage = static_cast<Stage>(i);
+        const auto count = calls.find(stage);
+        ASSERT_NE(count, calls.end()) << NameOf(stage);
+        const std::set<int> occurrences = {1, (count->second + 1) / 2, count->second};
+        table += "|\n" + Cell(NameOf(stage), 37);
+        for (const ErrorClass& error : kErrorClasses) {
+            const auto good =
+                std::count_if(occurrences.begin(), occurrences.end(),
+                              [&](int occurrence) { return CellPasses(stage, occurrence, error); });
+            table += Cell(std::to_string(good) + "/" + std::to_string(occurrences.size()), 9);
+            all += static_cast<int>(occurrences.size());
+            passed += static_cast<int>(good);
+        }
+    }
+    std::printf("%s|\n| %d of %d cells passed\n", table.c_str(), passed, all);
+    EXPECT_EQ(passed, all);
+}
+
+// What cannot be read of the settings counts as missing, so a run in which the store withholds a
+// value is the run of a store that never had it.
+TEST(FaultMatrix, ASettingThatCannotBeReadCountsAsMissing) {
+    FaultScene whole;
+    whole.Bench.Run();
+    const auto reads = whole.Bench.Settings.Reads;
+    ASSERT_GT(reads.size(), 20U);
+    for (const auto& address : reads) {
+        class Withholding : public ForwardingSettingsStore {
+          public:
+            Withholding(SettingsStore& target, MemorySettingsStore::Address address)
+                : ForwardingSettingsStore(target), address_(std::move(address)) {}
+            std::wstring GetSetting(const std::wstring& section, const std::wstring& key,
+                                    const std::wstring& fallback) override {
+                return std::pair(section, key) == address_
+                           ? fallback
+                           : ForwardingSettingsStore::GetSetting(section, key, fallback);
+            }
+
+          private:
+            MemorySettingsStore::Address address_;
+        };
+        FaultScene scene;
+        Withholding settings(scene.Bench.Settings, address);
+        scene.Bench.Run(scene.Bench.Files, settings);
+        FaultScene without;
+        without.Bench.Settings.Values.erase(address);
+        without.Bench.Run();
+        EXPECT_EQ(Differences(OutcomeOf(scene), OutcomeOf(without)).Text(), "")
+            << testing::PrintToString(address);
+    }
+}
+
+}  // namespace
+}  // namespace ambrio

@@ -1,0 +1,107 @@
+#include "tests/faults/FaultScene.h"
+
+#include "platform/TemporaryName.h"
+#include "settings/SettingKeys.h"
+
+namespace ambrio {
+namespace {
+
+constexpr FileSeconds kOldTime = 13'300'000'000;
+constexpr FileSeconds kNewTime = 13'400'000'000;
+constexpr std::uint32_t kKilledProcess = 5;
+
+bool IsRemoval(Plan plan) {
+    return plan == Plan::RemoveCopy || plan == Plan::RemoveReadOnlyCopy;
+}
+
+}  // namespace
+
+std::wstring SourceFolder(const std::wstring& folder) {
+    return L"C:\\Files\\" + folder;
+}
+
+std::wstring CopyFolder(const std::wstring& folder) {
+    return L"C:\\Copies\\" + folder;
+}
+
+std::wstring LeftoverIn(const std::wstring& folder) {
+    return CopyFolder(folder) + L"\\" + TemporaryName(L"1", kKilledProcess);
+}
+
+std::wstring PlannedFile::Source() const {
+    return SourceFolder(Folder) + L"\\" + Name;
+}
+
+std::wstring PlannedFile::Copy() const {
+    return CopyFolder(Folder) + L"\\" + Name;
+}
+
+std::string Facts(std::string_view content, FileAttributes attributes) {
+    return std::string(content) + ((attributes & kAttributeArchive) != 0 ? " a" : "") +
+           ((attributes & kAttributeReadOnly) != 0 ? " r" : "");
+}
+
+std::string NewContent(const PlannedFile& file) {
+    return "new " + std::string(1, static_cast<char>(file.Name[0]));
+}
+
+FileAttributes SourceAttributes(const PlannedFile& file) {
+    return IsRemoval(file.What) ? 0 : kAttributeArchive;
+}
+
+FileAttributes CopyAttributes(const PlannedFile& file) {
+    const bool isReadOnly =
+        file.What == Plan::ReplaceReadOnly || file.What == Plan::RemoveReadOnlyCopy;
+    return isReadOnly ? kAttributeReadOnly : 0;
+}
+
+FaultScene::FaultScene() {
+    AddSets();
+    for (const PlannedFile& file : kPlannedFiles) {
+        AddFile(file);
+    }
+    for (const wchar_t* set : {L"B", L"C"}) {
+        for (const wchar_t* folder : kFoldersOfASet) {
+            Bench.Files.WriteFile(LeftoverIn(std::wstring(set) + folder), "half");
+        }
+    }
+    Bench.Files.WriteFile(EngineBench::LogFile(), "yesterday\r\n");
+    Bench.Files.WriteFile(L"C:\\Windows\\System32\\Stars.scr");
+}
+
+void FaultScene::AddSets() {
+    for (const wchar_t* set : kFaultSets) {
+        Bench.AddSet(set, SourceFolder(set), CopyFolder(set));
+    }
+    Bench.Set(L"A", kCopyTypeKey, kCopyTypeDateTime);
+    Bench.Set(L"B", kCopyTypeKey, kCopyTypeArchiveBit);
+    Bench.Set(L"B", kClearArchiveBitKey, kYes);
+    Bench.Set(L"B", kDeleteCopyArchiveBitKey, kYes);
+    Bench.Set(L"C", kCopyTypeKey, kCopyTypeReadOnly);
+    Bench.Set(L"C", kOverwriteReadOnlyKey, kYes);
+    Bench.Set(kGeneralSection, kSecondarySaverKey, L"Stars");
+    Bench.Files.MakeFolder(L"C:\\Copies");
+}
+
+void FaultScene::AddFile(const PlannedFile& file) {
+    Bench.Files.WriteFile(file.Source(), NewContent(file), SourceAttributes(file), kNewTime);
+    if (file.What == Plan::Leave) {
+        Bench.Files.WriteFile(file.Copy(), NewContent(file), 0, kNewTime);
+    } else if (file.What != Plan::CopyNew) {
+        Bench.Files.WriteFile(file.Copy(), std::string(kOldContent), CopyAttributes(file),
+                              kOldTime);
+    }
+}
+
+FileFacts FaultScene::FactsOf(std::wstring (PlannedFile::*path)() const) {
+    FileFacts facts;
+    for (const PlannedFile& file : kPlannedFiles) {
+        const std::wstring name = (file.*path)();
+        if (Bench.Files.FileExists(name)) {
+            facts[name] = Facts(Bench.Files.Content(name), Bench.Files.Node(name).Attributes);
+        }
+    }
+    return facts;
+}
+
+}  // namespace ambrio
