@@ -312,9 +312,8 @@ class Story {
         const auto clause = [](int count, const wchar_t* words) {
             return count == 0 ? L"" : L" and " + std::to_wstring(count) + words;
         };
-        const std::wstring word = state.Interrupted
-                                      ? L" interrupted "
-                                      : (state.HasFailures() ? L" ended " : L" completed ");
+        std::wstring word = state.Interrupted ? L" interrupted "
+                                              : (state.HasFailures() ? L" ended " : L" completed ");
         try {
             Log(L"Of " + std::to_wstring(state.FilesChecked) + L" files checked, " +
                     std::to_wstring(state.FilesCopied - state.CopyErrors) + L" were copied" +
