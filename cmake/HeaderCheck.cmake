@@ -4,7 +4,7 @@
 set(header_patterns engine/*.h settings/*.h platform/*.h app/model/*.h saver/animation/*.h
                     saver/model/*.h config/model/*.h tests/support/*.h tests/conformance/*.h)
 if(WIN32)
-  list(APPEND header_patterns app/*.h config/*.h saver/*.h tests/e2e/*.h)
+  list(APPEND header_patterns app/*.h config/*.h saver/*.h tests/e2e/*.h tests/windowsfiles/*.h)
 endif()
 file(GLOB_RECURSE headers RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS ${header_patterns})
 if(NOT WIN32)

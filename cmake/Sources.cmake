@@ -259,6 +259,7 @@ set(CONFORMANCE_TEST_SOURCES
 set(CONFORMANCE_TEST_WIN32_SOURCES
     tests/conformance/win32/Junction.cpp
     tests/conformance/win32/Win32World.cpp
+    tests/support/win32/WindowsFiles.cpp
 )
 
 # The end-to-end tests: what drives the real program from outside, then the tests.
@@ -269,11 +270,13 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/Input.cpp
     tests/e2e/support/LogText.cpp
     tests/e2e/support/MessageBoxProbe.cpp
+    tests/e2e/support/ModuleLoader.cpp
     tests/e2e/support/PanelProbe.cpp
     tests/e2e/support/PreviewHost.cpp
     tests/e2e/support/ProgramFolder.cpp
     tests/e2e/support/ProgramTest.cpp
     tests/e2e/support/Registry.cpp
+    tests/e2e/support/RuleTest.cpp
     tests/e2e/support/RunningProgram.cpp
     tests/e2e/support/SaverTest.cpp
     tests/e2e/support/SettingsFixture.cpp
@@ -282,14 +285,17 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/Text.cpp
     tests/e2e/support/Waiting.cpp
     tests/e2e/support/WindowProbe.cpp
+    tests/support/win32/WindowsFiles.cpp
 )
 
 set(E2E_TEST_SOURCES
     tests/e2e/AboutTest.cpp
     tests/e2e/AnimationCostTest.cpp
+    tests/e2e/ArchiveBitTest.cpp
     tests/e2e/BadSettingsTest.cpp
     tests/e2e/CommandLineTest.cpp
     tests/e2e/ConfigurationTest.cpp
+    tests/e2e/DifferentialTest.cpp
     tests/e2e/FailuresTest.cpp
     tests/e2e/InterruptTest.cpp
     tests/e2e/KeyboardTest.cpp
@@ -298,12 +304,14 @@ set(E2E_TEST_SOURCES
     tests/e2e/PreviewTest.cpp
     tests/e2e/PropertiesTest.cpp
     tests/e2e/RunTest.cpp
+    tests/e2e/ReadOnlyTest.cpp
     tests/e2e/SecondInstanceTest.cpp
     tests/e2e/SecondarySaverTest.cpp
     tests/e2e/StayResponsiveTest.cpp
     tests/e2e/SupportTest.cpp
     tests/e2e/WideNamesTest.cpp
     tests/e2e/WindowedModeTest.cpp
+    tests/e2e/WindowsFilesTest.cpp
 )
 
 # Programs that stand in for what the real one meets on a user's machine.
@@ -314,12 +322,23 @@ set(E2E_STANDIN_SAVER_SOURCES
 set(E2E_PICTURE_SOURCES
     tests/e2e/pictures/StepForPicture.cpp
     tests/e2e/support/Handles.cpp
+    tests/e2e/support/ModuleLoader.cpp
     tests/e2e/support/RunningProgram.cpp
     tests/e2e/support/Waiting.cpp
 )
 
 set(E2E_DIALOG_PICTURE_SOURCES
     tests/e2e/pictures/DialogForPicture.cpp
+)
+
+# The module that makes a process under Wine see files as Windows shows them.
+set(WINDOWS_FILES_SOURCES
+    tests/windowsfiles/Changing.cpp
+    tests/windowsfiles/ClearedBits.cpp
+    tests/windowsfiles/FileFacts.cpp
+    tests/windowsfiles/ImportTable.cpp
+    tests/windowsfiles/Looking.cpp
+    tests/windowsfiles/WindowsFiles.cpp
 )
 
 set(E2E_STANDIN_PASSWORD_SOURCES

@@ -44,6 +44,14 @@ else()
                       ${CONFORMANCE_TEST_SOURCES})
 endif()
 
+if(WIN32)
+  # Loaded into test programs and into the program under test, under Wine only.
+  add_library(WindowsFiles MODULE ${WINDOWS_FILES_SOURCES})
+  target_link_libraries(WindowsFiles PRIVATE ambrio_compiler_settings)
+  set_target_properties(WindowsFiles PROPERTIES PREFIX "")
+  add_dependencies(unit_tests WindowsFiles)
+endif()
+
 if(WIN32 AND E2E_TEST_SOURCES)
   # With the program's manifest: places are then real pixels, and what the system refuses is refused
   # and not redirected.
@@ -73,5 +81,5 @@ if(WIN32 AND E2E_TEST_SOURCES)
   target_link_libraries(DialogForPicture PRIVATE ambrio_config)
   target_link_options(DialogForPicture PRIVATE -municode)
 
-  add_dependencies(e2e_tests StandInSaver StandInPassword Ambrio)
+  add_dependencies(e2e_tests StandInSaver StandInPassword WindowsFiles Ambrio)
 endif()

@@ -4,18 +4,16 @@
 
 namespace ambrio {
 
-// What Wine does not do as Windows does it, by the test that would find it. A real Windows runs
-// every test.
+// What Wine does not do as Windows does it, also with the module that answers for it where it can,
+// by the test that would find it. A real Windows runs every test.
 struct WineGap {
     const char* Test;
     const char* Reason;
 };
 
-inline constexpr std::array<WineGap, 8> kWineGaps{{
-    {"TheArchiveBitCanBeClearedAndComesBackWithAWrite", "the archive bit is always set"},
+inline constexpr std::array<WineGap, 6> kWineGaps{{
     {"LinksToFoldersAreFollowedAndMarked", "links cannot be made"},
     {"ALinkToAFileIsDescribedByItsTargetAndDeletedAlone", "links cannot be made"},
-    {"AFileCanBeReadOnlyAndHiddenAtOnce", "a read-only file keeps no new attributes"},
     {"TheFirstSecondOfTheCalendarIsKept", "the system below may not go back beyond 1901"},
     {"ANameThatIsTooLongIsABadName", "it counts as a missing file"},
     {"NamesWithALoneSurrogate", "the system below has names in UTF-8"},

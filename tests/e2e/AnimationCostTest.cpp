@@ -4,6 +4,7 @@
 
 #include "tests/e2e/support/Handles.h"
 #include "tests/e2e/support/ProgramTest.h"
+#include "tests/support/win32/WindowsFiles.h"
 
 namespace ambrio::e2e {
 namespace {

@@ -8,6 +8,7 @@
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/SaverTest.h"
 #include "tests/e2e/support/SystemFile.h"
+#include "tests/support/win32/WindowsFiles.h"
 
 namespace ambrio::e2e {
 namespace {

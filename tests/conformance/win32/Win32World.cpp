@@ -8,6 +8,7 @@
 #include "platform/win32/Handle.h"
 #include "tests/conformance/WineGaps.h"
 #include "tests/conformance/win32/Junction.h"
+#include "tests/support/win32/WindowsFiles.h"
 
 namespace ambrio {
 namespace {
@@ -71,7 +72,9 @@ std::wstring NewTemporaryFolder() {
 
 }  // namespace
 
-Win32World::Win32World() : root_(NewTemporaryFolder()) {}
+Win32World::Win32World() : root_(NewTemporaryFolder()) {
+    static_cast<void>(LoadWindowsFiles());
+}
 
 Win32World::~Win32World() {
     RemoveTree(Extended(root_));
@@ -137,7 +140,7 @@ bool Win32World::MakeLink(const std::wstring& path, const std::wstring& target, 
 }
 
 const char* Win32World::ReasonToSkip(const std::string& test) const {
-    if (GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr) {
+    if (!RunsOnWine()) {
         return nullptr;
     }
     const auto* gap = std::find_if(kWineGaps.begin(), kWineGaps.end(),

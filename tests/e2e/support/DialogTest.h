@@ -9,7 +9,7 @@
 namespace ambrio::e2e {
 
 // A test of the program's dialogs, which are used as a user would, by messages of the controls.
-class DialogTest : public ProgramTest {
+class DialogTest : public virtual ProgramTest {
   protected:
     static constexpr const wchar_t* kConfiguration = L"Ambrio Configuration";
     static constexpr const wchar_t* kNewSet = L"New Set Properties";

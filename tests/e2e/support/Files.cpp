@@ -4,8 +4,7 @@ namespace ambrio::e2e {
 
 namespace {
 
-constexpr DWORD kSettableAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
-                                      FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+constexpr DWORD kSettableAttributes = kReadOnly | kHidden | kSystem | kArchive;
 
 bool HasAttribute(DWORD attributes, DWORD attribute) {
     return (attributes & attribute) != 0;
@@ -93,6 +92,14 @@ void MakeFolders(const std::wstring& path) {
     if (CreateDirectoryW(ExtendedPath(path).c_str(), nullptr) == 0) {
         ThrowWin32Error("making a folder");
     }
+}
+
+DWORD FileAttributesOf(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(ExtendedPath(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        ThrowWin32Error("reading a file's attributes");
+    }
+    return attributes & kSettableAttributes;
 }
 
 void SetFileAttributesOf(const std::wstring& path, DWORD attributes) {

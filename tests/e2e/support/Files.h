@@ -28,6 +28,12 @@ void WriteFileBytes(const std::wstring& path, std::string_view bytes);
 // Makes a folder and the levels above it that are missing.
 void MakeFolders(const std::wstring& path);
 
+// The attributes that the tests look at and set; the others are left out and left alone.
+inline constexpr DWORD kReadOnly = FILE_ATTRIBUTE_READONLY;
+inline constexpr DWORD kHidden = FILE_ATTRIBUTE_HIDDEN;
+inline constexpr DWORD kSystem = FILE_ATTRIBUTE_SYSTEM;
+inline constexpr DWORD kArchive = FILE_ATTRIBUTE_ARCHIVE;
+[[nodiscard]] DWORD FileAttributesOf(const std::wstring& path);
 void SetFileAttributesOf(const std::wstring& path, DWORD attributes);
 
 // Modification time in 100 ns since 1601-01-01 UTC.

@@ -5,6 +5,7 @@
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/TestTree.h"
 #include "tests/e2e/support/Text.h"
+#include "tests/support/win32/WindowsFiles.h"
 
 namespace ambrio::e2e {
 
@@ -26,7 +27,7 @@ RunningProgram& ProgramTest::Start(const std::wstring& arguments) {
     if (program_) {
         ExpectNothingLeft();
     }
-    program_ = std::make_unique<RunningProgram>(Folder.Program(), arguments);
+    program_ = std::make_unique<RunningProgram>(Folder.Program(), arguments, module_);
     return *program_;
 }
 
@@ -35,6 +36,10 @@ RunningProgram& ProgramTest::Program() {
         throw std::logic_error("the test has not started the program");
     }
     return *program_;
+}
+
+void ProgramTest::SeeFilesAsOnWindows() {
+    module_ = LoadWindowsFiles();
 }
 
 WindowProbe ProgramTest::WindowTitled(const std::wstring& title) {
@@ -70,10 +75,6 @@ void ProgramTest::ExpectNothingLeft() {
     program_->Kill();
     EXPECT_TRUE(TopLevelWindows(program_->ProcessId()).empty()) << "a window is left";
     EXPECT_TRUE(SameTree({}, ReadTree(Folder.Below(L"Temp")))) << "temporary files are left";
-}
-
-bool RunsOnWine() {
-    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
 }
 
 }  // namespace ambrio::e2e

@@ -33,6 +33,9 @@ class ProgramTest : public testing::Test {
     [[nodiscard]] WindowProbe WindowTitled(const std::wstring& title);
     // Waits for a message box of the program.
     [[nodiscard]] MessageBoxProbe WaitForBox();
+    // From now on this test and the programs that it starts see files as Windows shows them, also
+    // under Wine: the archive bit can be cleared, read-only files are not replaced.
+    void SeeFilesAsOnWindows();
     // True when the program ends soon.
     [[nodiscard]] bool Ends() { return Program().WaitForEnd(); }
     // True when the program goes on running for a while.
@@ -49,11 +52,8 @@ class ProgramTest : public testing::Test {
 
     PointerGuard pointer_;
     std::wstring userTemporaryFolder_;
+    std::wstring module_;  // loaded into the programs that are started, unless empty
     std::unique_ptr<RunningProgram> program_;
 };
-
-// True under Wine, where some of the system's behaviour cannot be seen. Only to decide whether a
-// test is skipped.
-[[nodiscard]] bool RunsOnWine();
 
 }  // namespace ambrio::e2e

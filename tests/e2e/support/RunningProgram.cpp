@@ -1,5 +1,7 @@
 #include "tests/e2e/support/RunningProgram.h"
 
+#include "tests/e2e/support/ModuleLoader.h"
+
 namespace ambrio::e2e {
 
 namespace {
@@ -17,7 +19,8 @@ UniqueHandle MakeJob() {
 
 }  // namespace
 
-RunningProgram::RunningProgram(const std::wstring& program, const std::wstring& arguments)
+RunningProgram::RunningProgram(const std::wstring& program, const std::wstring& arguments,
+                               const std::wstring& module)
     : job_(MakeJob()) {
     std::wstring line = L"\"" + program + L"\"";
     if (!arguments.empty()) {
@@ -38,6 +41,9 @@ RunningProgram::RunningProgram(const std::wstring& program, const std::wstring& 
         const DWORD error = GetLastError();
         TerminateProcess(process_.get(), 1);
         ThrowWin32Error("putting the program into its job", error);
+    }
+    if (!module.empty()) {
+        LoadModuleInto(process_.get(), module);
     }
     ResumeThread(thread.get());
 }

@@ -9,7 +9,7 @@
 namespace ambrio::e2e {
 
 // A test of the running saver. The pointer rests in the middle of the screen when it begins.
-class SaverTest : public ProgramTest {
+class SaverTest : public virtual ProgramTest {
   protected:
     SaverTest();
 

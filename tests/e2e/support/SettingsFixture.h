@@ -10,9 +10,9 @@ namespace ambrio::e2e {
 
 // One Set as the store holds it, value by value.
 struct SetValues {
-    std::wstring Name;
-    std::wstring Source;
-    std::wstring Destination;
+    std::wstring Name = {};
+    std::wstring Source = {};
+    std::wstring Destination = {};
     std::wstring Selected = L"True";
     std::wstring Recursive = L"Yes";
     std::wstring CopyType = L"Date/Time";

@@ -1,0 +1,100 @@
+#include "tests/windowsfiles/Looking.h"
+
+#include <map>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+#include "tests/windowsfiles/FileFacts.h"
+
+namespace ambrio::windowsfiles {
+namespace {
+
+// Which folder, with the separator at its end, a search goes through.
+class Searches {
+  public:
+    void Add(HANDLE search, const std::wstring& folder) {
+        const std::scoped_lock lock(mutex_);
+        folders_[search] = folder;
+    }
+    [[nodiscard]] std::wstring FolderOf(HANDLE search) {
+        const std::scoped_lock lock(mutex_);
+        const auto found = folders_.find(search);
+        return found == folders_.end() ? std::wstring() : found->second;
+    }
+    void Forget(HANDLE search) {
+        const std::scoped_lock lock(mutex_);
+        folders_.erase(search);
+    }
+
+  private:
+    std::mutex mutex_;
+    std::map<HANDLE, std::wstring> folders_;
+};
+
+Searches& OpenSearches() {
+    static Searches searches;
+    return searches;
+}
+
+void CorrectFound(WIN32_FIND_DATAW& data, const std::wstring& folder) {
+    Correct(data.dwFileAttributes, (folder + data.cFileName).c_str());
+}
+
+}  // namespace
+
+DWORD WINAPI GetFileAttributesAsOnWindows(LPCWSTR path) {
+    DWORD attributes = GetFileAttributesW(path);
+    Correct(attributes, path);
+    return attributes;
+}
+
+BOOL WINAPI GetFileAttributesExAsOnWindows(LPCWSTR path, GET_FILEEX_INFO_LEVELS level,
+                                           LPVOID data) {
+    const BOOL done = GetFileAttributesExW(path, level, data);
+    if (done != FALSE) {
+        Correct(static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data)->dwFileAttributes, path);
+    }
+    return done;
+}
+
+BOOL WINAPI GetFileInformationAsOnWindows(HANDLE file, LPBY_HANDLE_FILE_INFORMATION information) {
+    const BOOL done = GetFileInformationByHandle(file, information);
+    if (done != FALSE) {
+        Correct(information->dwFileAttributes, *information);
+    }
+    return done;
+}
+
+HANDLE WINAPI FindFirstFileAsOnWindows(LPCWSTR pattern, LPWIN32_FIND_DATAW data) {
+    return FindFirstFileExAsOnWindows(pattern, FindExInfoStandard, data, FindExSearchNameMatch,
+                                      nullptr, 0);
+}
+
+HANDLE WINAPI FindFirstFileExAsOnWindows(LPCWSTR pattern, FINDEX_INFO_LEVELS level, LPVOID data,
+                                         FINDEX_SEARCH_OPS operation, LPVOID filter, DWORD flags) {
+    const HANDLE search = FindFirstFileExW(pattern, level, data, operation, filter, flags);
+    if (search != INVALID_HANDLE_VALUE) {
+        const std::wstring_view whole = pattern;
+        const std::wstring folder(whole.substr(0, whole.find_last_of(L"\\/:") + 1));
+        OpenSearches().Add(search, folder);
+        CorrectFound(*static_cast<WIN32_FIND_DATAW*>(data), folder);
+    }
+    return search;
+}
+
+BOOL WINAPI FindNextFileAsOnWindows(HANDLE search, LPWIN32_FIND_DATAW data) {
+    const BOOL found = FindNextFileW(search, data);
+    if (found != FALSE) {
+        CorrectFound(*data, OpenSearches().FolderOf(search));
+    }
+    return found;
+}
+
+BOOL WINAPI FindCloseAsOnWindows(HANDLE search) {
+    // First, because the number of the handle may be another search's as soon as it is closed.
+    OpenSearches().Forget(search);
+    return FindClose(search);
+}
+
+}  // namespace ambrio::windowsfiles

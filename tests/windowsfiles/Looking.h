@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/win32/WindowsHeaders.h"
+
+// The replaced calls that tell of files: the archive bit is seen as cleared where it is.
+namespace ambrio::windowsfiles {
+
+DWORD WINAPI GetFileAttributesAsOnWindows(LPCWSTR path);
+BOOL WINAPI GetFileAttributesExAsOnWindows(LPCWSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data);
+BOOL WINAPI GetFileInformationAsOnWindows(HANDLE file, LPBY_HANDLE_FILE_INFORMATION information);
+HANDLE WINAPI FindFirstFileAsOnWindows(LPCWSTR pattern, LPWIN32_FIND_DATAW data);
+HANDLE WINAPI FindFirstFileExAsOnWindows(LPCWSTR pattern, FINDEX_INFO_LEVELS level, LPVOID data,
+                                         FINDEX_SEARCH_OPS operation, LPVOID filter, DWORD flags);
+BOOL WINAPI FindNextFileAsOnWindows(HANDLE search, LPWIN32_FIND_DATAW data);
+BOOL WINAPI FindCloseAsOnWindows(HANDLE search);
+
+}  // namespace ambrio::windowsfiles
