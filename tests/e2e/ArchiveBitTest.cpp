@@ -38,7 +38,9 @@ TEST_F(ArchiveBitTest, ClearsTheBitAfterTheCopyAndNothingElse) {
     WriteArchiveSet(L"Yes", L"No");
     const DWORD mixtures[] = {kHidden, kReadOnly, kSystem, kReadOnly | kHidden | kSystem};
     for (const DWORD others : mixtures) {
-        Source.AddFile(std::to_wstring(others), "f", 3600, others | kArchive);
+        // Of a size at which the program leaves the copy to another thread.
+        Source.AddFile(std::to_wstring(others), std::string(2U << 20U, 'f'), 3600,
+                       others | kArchive);
     }
     RunAndExpect({.Checked = 6, .Copied = 5});
     for (const DWORD others : mixtures) {

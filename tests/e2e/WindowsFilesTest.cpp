@@ -8,6 +8,8 @@
 #include "platform/win32/Handle.h"
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/NameOf.h"
+#include "tests/e2e/support/RunningProgram.h"
+#include "tests/e2e/support/SystemFile.h"
 #include "tests/support/win32/WindowsFiles.h"
 
 namespace ambrio::e2e {
@@ -78,6 +80,14 @@ TEST_F(WindowsFilesTest, ANewFileUnderTheNameOfAClearedOneHasItsBit) {
         EXPECT_EQ(FileAttributesOf(file_), 0U);
         DeleteFileW(file_.c_str());
     }
+}
+
+TEST_F(WindowsFilesTest, AWriteByAnyProgramSetsTheBit) {
+    SetFileAttributesOf(file_, kHidden);
+    const RunningProgram shell(SystemFolder() + L"\\cmd.exe", L"/C echo more>>\"" + file_ + L"\"");
+    ASSERT_TRUE(shell.WaitForEnd());
+    EXPECT_EQ(ReadFileBytes(file_), "filemore\r\n");
+    EXPECT_EQ(FileAttributesOf(file_), kHidden | kArchive);
 }
 
 using Call = BOOL (*)(const wchar_t* file, const wchar_t* other);
