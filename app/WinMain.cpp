@@ -1,9 +1,11 @@
 #include <new>
 
 #include "app/Main.h"
+#include "platform/win32/ProcessHardening.h"
 #include "platform/win32/RuntimeErrorBox.h"
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR commandLine, int) {
+    ambrio::HardenProcess();
     // A long copy holds the one thread that there is; the system must not cover the screen with a
     // bleached picture that says so.
     DisableProcessWindowsGhosting();

@@ -22,7 +22,10 @@ set(PLATFORM_HOST_SOURCES
 
 set(PLATFORM_WIN32_SOURCES
     platform/win32/BackBuffer.cpp
+    platform/win32/CheckBoxTheme.cpp
     platform/win32/CheckListBox.cpp
+    platform/win32/CommonControls.cpp
+    platform/win32/ControlSubclass.cpp
     platform/win32/CopyWithYield.cpp
     platform/win32/CrashSafeCopy.cpp
     platform/win32/Dialog.cpp
@@ -35,6 +38,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/FullPath.cpp
     platform/win32/ListDrawing.cpp
     platform/win32/MessageLoop.cpp
+    platform/win32/ProcessHardening.cpp
     platform/win32/ReadRegistryValue.cpp
     platform/win32/RegistrySettingsStore.cpp
     platform/win32/ResourceText.cpp
@@ -265,6 +269,7 @@ set(CONFORMANCE_TEST_WIN32_SOURCES
 # The end-to-end tests: what drives the real program from outside, then the tests.
 set(E2E_SUPPORT_SOURCES
     tests/e2e/support/DialogTest.cpp
+    tests/e2e/support/ExecutableFile.cpp
     tests/e2e/support/Files.cpp
     tests/e2e/support/Handles.cpp
     tests/e2e/support/Input.cpp
@@ -297,6 +302,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/ConfigurationTest.cpp
     tests/e2e/DifferentialTest.cpp
     tests/e2e/FailuresTest.cpp
+    tests/e2e/HardeningTest.cpp
     tests/e2e/InterruptTest.cpp
     tests/e2e/KeyboardTest.cpp
     tests/e2e/LogPlaceTest.cpp

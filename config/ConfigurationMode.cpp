@@ -1,13 +1,13 @@
 #include "config/ConfigurationMode.h"
 
 #include "config/frmConfiguration.h"
+#include "platform/win32/CommonControls.h"
 
 namespace ambrio {
 
 void ShowConfiguration(const Application& application, FileSystem& fileSystem,
                        SettingsStore& settings, HINSTANCE instance) {
-    INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
-    InitCommonControlsEx(&classes);
+    CommonControls::InitClasses(ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES);
     DialogContext context{application, fileSystem, settings, instance, {}, 0};
     frmConfiguration form(context);
     form.Load(nullptr);

@@ -17,84 +17,67 @@ bool IsEnter(LPARAM message) {
 
 }  // namespace
 
-DirectoryListBox::~DirectoryListBox() {
-    if (listBox_ != nullptr) {
-        RemoveWindowSubclass(listBox_, Procedure, 0);
-    }
-}
-
 void DirectoryListBox::Attach(HWND listBox) {
-    listBox_ = listBox;
+    AttachTo(listBox);
     iconSize_ = GetSystemMetrics(SM_CXSMICON);
     const int boxSize = FitEntryHeight(listBox);
     const LRESULT height = SendMessageW(listBox, LB_GETITEMHEIGHT, 0, 0);
     SendMessageW(listBox, LB_SETITEMHEIGHT, 0,
                  std::max<LRESULT>(height, std::max(boxSize, iconSize_) + 2));
-    SetWindowSubclass(listBox, Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
 }
 
 void DirectoryListBox::Show(const std::vector<DirectoryRow>& rows, std::size_t openRow) {
-    SendMessageW(listBox_, WM_SETREDRAW, FALSE, 0);
-    SendMessageW(listBox_, LB_RESETCONTENT, 0, 0);
+    SendMessageW(Control(), WM_SETREDRAW, FALSE, 0);
+    SendMessageW(Control(), LB_RESETCONTENT, 0, 0);
     for (const DirectoryRow& row : rows) {
         const LRESULT entry =
-            SendMessageW(listBox_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row.Name.c_str()));
-        SendMessageW(listBox_, LB_SETITEMDATA, static_cast<WPARAM>(entry), row.Depth);
+            SendMessageW(Control(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row.Name.c_str()));
+        SendMessageW(Control(), LB_SETITEMDATA, static_cast<WPARAM>(entry), row.Depth);
     }
     SetScrollWidth(rows);
     openRow_ = static_cast<LRESULT>(openRow);
-    SendMessageW(listBox_, WM_SETREDRAW, TRUE, 0);
-    SendMessageW(listBox_, LB_SETTOPINDEX, openRow > 0 ? openRow - 1 : 0, 0);
-    SendMessageW(listBox_, LB_SETCURSEL, openRow, 0);
-    InvalidateRect(listBox_, nullptr, TRUE);
+    SendMessageW(Control(), WM_SETREDRAW, TRUE, 0);
+    SendMessageW(Control(), LB_SETTOPINDEX, openRow > 0 ? openRow - 1 : 0, 0);
+    SendMessageW(Control(), LB_SETCURSEL, openRow, 0);
+    InvalidateRect(Control(), nullptr, TRUE);
 }
 
 // Deep paths and long names are reached by scrolling; nothing is cut.
 void DirectoryListBox::SetScrollWidth(const std::vector<DirectoryRow>& rows) {
-    const HDC dc = GetDC(listBox_);
+    const HDC dc = GetDC(Control());
     LONG width = 0;
     {
         const SelectedObject font(
-            dc, reinterpret_cast<HFONT>(SendMessageW(listBox_, WM_GETFONT, 0, 0)));
+            dc, reinterpret_cast<HFONT>(SendMessageW(Control(), WM_GETFONT, 0, 0)));
         for (const DirectoryRow& row : rows) {
             SIZE extent = {};
             GetTextExtentPoint32W(dc, row.Name.c_str(), static_cast<int>(row.Name.size()), &extent);
             width = std::max<LONG>(width, TextLeft(row.Depth) + extent.cx + 2 * kGap);
         }
     }
-    ReleaseDC(listBox_, dc);
-    SendMessageW(listBox_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width), 0);
+    ReleaseDC(Control(), dc);
+    SendMessageW(Control(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width), 0);
 }
 
 int DirectoryListBox::TextLeft(int depth) const {
     return kGap + depth * (iconSize_ / 2 + kGap) + iconSize_ + kGap;
 }
 
-LRESULT CALLBACK DirectoryListBox::Procedure(HWND handle, UINT message, WPARAM wParam,
-                                             LPARAM lParam, UINT_PTR id, DWORD_PTR data) {
-    if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(handle, Procedure, id);
-        reinterpret_cast<DirectoryListBox*>(data)->listBox_ = nullptr;
-        return DefSubclassProc(handle, message, wParam, lParam);
-    }
-    return reinterpret_cast<DirectoryListBox*>(data)->Receive(message, wParam, lParam);
-}
-
 LRESULT DirectoryListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_GETDLGCODE && IsEnter(lParam) && TakesEnter()) {
-        return DefSubclassProc(listBox_, message, wParam, lParam) | DLGC_WANTMESSAGE;
+        return PassOn(message, wParam, lParam) | DLGC_WANTMESSAGE;
     }
     if (message == WM_KEYDOWN && wParam == VK_RETURN) {
-        const auto id = static_cast<WORD>(GetDlgCtrlID(listBox_));
-        SendMessageW(GetParent(listBox_), WM_COMMAND, MAKEWPARAM(id, LBN_DBLCLK),
-                     reinterpret_cast<LPARAM>(listBox_));
+        const auto id = static_cast<WORD>(GetDlgCtrlID(Control()));
+        SendMessageW(GetParent(Control()), WM_COMMAND, MAKEWPARAM(id, LBN_DBLCLK),
+                     reinterpret_cast<LPARAM>(Control()));
         return 0;
     }
-    return DefSubclassProc(listBox_, message, wParam, lParam);
+    return PassOn(message, wParam, lParam);
 }
 
 bool DirectoryListBox::TakesEnter() const {
-    const LRESULT current = SendMessageW(listBox_, LB_GETCURSEL, 0, 0);
+    const LRESULT current = SendMessageW(Control(), LB_GETCURSEL, 0, 0);
     return current != LB_ERR && current != openRow_;
 }
 

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "config/model/DirectoryTree.h"
+#include "platform/win32/ControlSubclass.h"
 #include "platform/win32/FolderIcons.h"
-#include "platform/win32/WindowsHeaders.h"
 
 namespace ambrio {
 
@@ -12,13 +12,8 @@ namespace ambrio {
 // LBS_HASSTRINGS), whose entries are the directories' names and whose item data is their depth.
 // Enter on another entry than the open one acts as a double-click; on the open one it is left to
 // the dialog. When the object goes, the list box, if it is still there, is an ordinary one again.
-class DirectoryListBox {
+class DirectoryListBox : private ControlSubclass {
   public:
-    DirectoryListBox() = default;
-    ~DirectoryListBox();
-    DirectoryListBox(const DirectoryListBox&) = delete;
-    DirectoryListBox& operator=(const DirectoryListBox&) = delete;
-
     // To be called once, when the list box has its font.
     void Attach(HWND listBox);
 
@@ -29,14 +24,11 @@ class DirectoryListBox {
     void Draw(const DRAWITEMSTRUCT& item, const std::vector<DirectoryRow>& rows) const;
 
   private:
-    static LRESULT CALLBACK Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam,
-                                      UINT_PTR id, DWORD_PTR data);
-    LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
     [[nodiscard]] bool TakesEnter() const;
     [[nodiscard]] int TextLeft(int depth) const;
     void SetScrollWidth(const std::vector<DirectoryRow>& rows);
 
-    HWND listBox_ = nullptr;
     FolderIcons icons_;
     int iconSize_ = 0;
     LRESULT openRow_ = 0;

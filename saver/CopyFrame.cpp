@@ -1,5 +1,6 @@
 #include "saver/CopyFrame.h"
 
+#include "platform/win32/CommonControls.h"
 #include "resources/clip/ClipTiming.h"
 #include "saver/PanelControls.h"
 
@@ -17,8 +18,7 @@ CopyFrame::CopyFrame(HWND parent, const RECT& place) : background_(CreateSolidBr
     design.Style = WS_CHILD | WS_CLIPCHILDREN;
     Create(design);
 
-    INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_ANIMATE_CLASS};
-    InitCommonControlsEx(&classes);
+    CommonControls::InitClasses(ICC_ANIMATE_CLASS);
     animation_ = CreateWindowExW(
         0, ANIMATE_CLASSW, L"", WS_CHILD | WS_VISIBLE | ACS_TRANSPARENT | ACS_CENTER, 0, 0,
         design.Width, design.Height, Handle(),

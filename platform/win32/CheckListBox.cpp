@@ -1,8 +1,6 @@
 #include "platform/win32/CheckListBox.h"
 
 #include <algorithm>
-#include <memory>
-#include <type_traits>
 
 #include "platform/win32/GdiHandles.h"
 #include "platform/win32/ListDrawing.h"
@@ -12,69 +10,46 @@ namespace {
 
 constexpr int kMarginParts = 8;  // the margin is this part of an entry's height
 
-struct CloseTheme {
-    void operator()(HTHEME theme) const { CloseThemeData(theme); }
-};
-using UniqueTheme = std::unique_ptr<std::remove_pointer_t<HTHEME>, CloseTheme>;
-
 }  // namespace
 
-CheckListBox::~CheckListBox() {
-    if (listBox_ != nullptr) {
-        RemoveWindowSubclass(listBox_, Procedure, 0);
-    }
-}
-
 void CheckListBox::Attach(HWND listBox) {
-    listBox_ = listBox;
+    AttachTo(listBox);
     boxSize_ = FitEntryHeight(listBox);
-    SetWindowSubclass(listBox, Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
 }
 
 void CheckListBox::Add(const std::wstring& name, bool ticked) {
     const LRESULT entry =
-        SendMessageW(listBox_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
-    SendMessageW(listBox_, LB_SETITEMDATA, static_cast<WPARAM>(entry), ticked ? 1 : 0);
+        SendMessageW(Control(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+    SendMessageW(Control(), LB_SETITEMDATA, static_cast<WPARAM>(entry), ticked ? 1 : 0);
 }
 
 void CheckListBox::Clear() {
-    SendMessageW(listBox_, LB_RESETCONTENT, 0, 0);
+    SendMessageW(Control(), LB_RESETCONTENT, 0, 0);
 }
 
 int CheckListBox::Count() const {
-    return static_cast<int>(SendMessageW(listBox_, LB_GETCOUNT, 0, 0));
+    return static_cast<int>(SendMessageW(Control(), LB_GETCOUNT, 0, 0));
 }
 
 std::wstring CheckListBox::Name(int entry) const {
-    return ListEntryText(listBox_, entry);
+    return ListEntryText(Control(), entry);
 }
 
 bool CheckListBox::IsTicked(int entry) const {
-    return SendMessageW(listBox_, LB_GETITEMDATA, static_cast<WPARAM>(entry), 0) == 1;
+    return SendMessageW(Control(), LB_GETITEMDATA, static_cast<WPARAM>(entry), 0) == 1;
 }
 
 int CheckListBox::Current() const {
-    return static_cast<int>(SendMessageW(listBox_, LB_GETCURSEL, 0, 0));
+    return static_cast<int>(SendMessageW(Control(), LB_GETCURSEL, 0, 0));
 }
 
 void CheckListBox::SetCurrent(int entry) {
-    SendMessageW(listBox_, LB_SETCURSEL, static_cast<WPARAM>(entry), 0);
-}
-
-LRESULT CALLBACK CheckListBox::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam,
-                                         UINT_PTR id, DWORD_PTR data) {
-    if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(handle, Procedure, id);
-        reinterpret_cast<CheckListBox*>(data)->listBox_ = nullptr;
-        return DefSubclassProc(handle, message, wParam, lParam);
-    }
-    return reinterpret_cast<CheckListBox*>(data)->Receive(message, wParam, lParam);
+    SendMessageW(Control(), LB_SETCURSEL, static_cast<WPARAM>(entry), 0);
 }
 
 LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
-    const LRESULT result = message == WM_CHAR && wParam == L' '
-                               ? 0
-                               : DefSubclassProc(listBox_, message, wParam, lParam);
+    const LRESULT result =
+        message == WM_CHAR && wParam == L' ' ? 0 : PassOn(message, wParam, lParam);
     switch (message) {
         case WM_CHAR:
             // A blank ticks; it does not look for an entry that begins with one.
@@ -88,9 +63,9 @@ LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             break;
         case LB_SETITEMDATA: {
             RECT place;
-            if (SendMessageW(listBox_, LB_GETITEMRECT, wParam, reinterpret_cast<LPARAM>(&place)) !=
+            if (SendMessageW(Control(), LB_GETITEMRECT, wParam, reinterpret_cast<LPARAM>(&place)) !=
                 LB_ERR) {
-                InvalidateRect(listBox_, &place, TRUE);
+                InvalidateRect(Control(), &place, TRUE);
             }
             break;
         }
@@ -102,18 +77,19 @@ LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void CheckListBox::Toggle(int entry) {
     if (entry >= 0 && entry < Count()) {
-        SendMessageW(listBox_, LB_SETITEMDATA, static_cast<WPARAM>(entry), IsTicked(entry) ? 0 : 1);
-        NotifyWinEvent(EVENT_OBJECT_STATECHANGE, listBox_, OBJID_CLIENT, entry + 1);
+        SendMessageW(Control(), LB_SETITEMDATA, static_cast<WPARAM>(entry),
+                     IsTicked(entry) ? 0 : 1);
+        NotifyWinEvent(EVENT_OBJECT_STATECHANGE, Control(), OBJID_CLIENT, entry + 1);
     }
 }
 
 // The entry whose check box lies there; -1 for none.
 int CheckListBox::BoxAt(LPARAM position) const {
-    const LRESULT found = SendMessageW(listBox_, LB_ITEMFROMPOINT, 0, position);
+    const LRESULT found = SendMessageW(Control(), LB_ITEMFROMPOINT, 0, position);
     const POINT point = {static_cast<short>(LOWORD(position)),
                          static_cast<short>(HIWORD(position))};
     RECT place = {};
-    if (HIWORD(found) != 0 || SendMessageW(listBox_, LB_GETITEMRECT, LOWORD(found),
+    if (HIWORD(found) != 0 || SendMessageW(Control(), LB_GETITEMRECT, LOWORD(found),
                                            reinterpret_cast<LPARAM>(&place)) == LB_ERR) {
         return -1;
     }
@@ -142,14 +118,10 @@ void CheckListBox::Draw(const DRAWITEMSTRUCT& item) const {
 }
 
 void CheckListBox::DrawBox(HDC dc, RECT box, bool ticked) const {
-    const UniqueTheme theme(OpenThemeData(listBox_, L"BUTTON"));
-    if (theme != nullptr) {
-        DrawThemeBackground(theme.get(), dc, BP_CHECKBOX,
-                            ticked ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL, &box, nullptr);
-        return;
+    if (!theme_.Draw(Control(), dc, box, ticked)) {
+        const UINT state = DFCS_BUTTONCHECK | (ticked ? DFCS_CHECKED : 0U);
+        DrawFrameControl(dc, &box, DFC_BUTTON, state);
     }
-    const UINT state = DFCS_BUTTONCHECK | (ticked ? DFCS_CHECKED : 0U);
-    DrawFrameControl(dc, &box, DFC_BUTTON, state);
 }
 
 }  // namespace ambrio

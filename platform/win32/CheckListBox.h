@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "platform/win32/WindowsHeaders.h"
+#include "platform/win32/CheckBoxTheme.h"
+#include "platform/win32/ControlSubclass.h"
 
 namespace ambrio {
 
@@ -10,13 +11,8 @@ namespace ambrio {
 // entry, which the mouse and the space bar tick. The entry's item data is its tick: 1 or 0. So the
 // list is filled, read and driven with the ordinary messages of list boxes. When the object goes,
 // the list box, if it is still there, is an ordinary one again.
-class CheckListBox {
+class CheckListBox : private ControlSubclass {
   public:
-    CheckListBox() = default;
-    ~CheckListBox();
-    CheckListBox(const CheckListBox&) = delete;
-    CheckListBox& operator=(const CheckListBox&) = delete;
-
     // To be called once, when the list box has its font.
     void Attach(HWND listBox);
 
@@ -34,16 +30,14 @@ class CheckListBox {
     void Draw(const DRAWITEMSTRUCT& item) const;
 
   private:
-    static LRESULT CALLBACK Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam,
-                                      UINT_PTR id, DWORD_PTR data);
-    LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
     void Toggle(int entry);
     [[nodiscard]] int BoxAt(LPARAM position) const;
     [[nodiscard]] RECT BoxOf(const RECT& entry) const;
     void DrawBox(HDC dc, RECT box, bool ticked) const;
 
-    HWND listBox_ = nullptr;
     int boxSize_ = 0;
+    CheckBoxTheme theme_;
 };
 
 }  // namespace ambrio

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "platform/win32/SystemLibrary.h"
+
 namespace ambrio {
 namespace {
 
@@ -24,11 +26,17 @@ DriveKind KindOf(const std::wstring& root) {
     }
 }
 
+// Not linked: the system would take a file of that name from beside the program.
 std::wstring ShareOf(wchar_t letter) {
+    const SystemLibrary network(L"mpr.dll");
+    const auto connection = network.Function<decltype(&WNetGetConnectionW)>("WNetGetConnectionW");
+    if (connection == nullptr) {
+        return {};
+    }
     const std::wstring name = {letter, L':'};
     std::array<wchar_t, MAX_PATH + 1> share = {};
     DWORD size = static_cast<DWORD>(share.size());
-    return WNetGetConnectionW(name.c_str(), share.data(), &size) == NO_ERROR ? share.data() : L"";
+    return connection(name.c_str(), share.data(), &size) == NO_ERROR ? share.data() : L"";
 }
 
 std::wstring VolumeLabelOf(const std::wstring& root) {

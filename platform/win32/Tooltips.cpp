@@ -1,5 +1,7 @@
 #include "platform/win32/Tooltips.h"
 
+#include "platform/win32/CommonControls.h"
+
 namespace ambrio {
 namespace {
 
@@ -24,6 +26,7 @@ LRESULT Send(HWND tooltips, UINT message, WPARAM wParam, const TTTOOLINFOW& tool
 
 void Tooltips::Set(HWND control, const std::wstring& text, int longestLine) {
     if (handle_ == nullptr) {
+        CommonControls::InitClasses(ICC_BAR_CLASSES);
         handle_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
                                   WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
                                   CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, GetParent(control),
