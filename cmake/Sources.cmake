@@ -274,6 +274,7 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/Handles.cpp
     tests/e2e/support/Input.cpp
     tests/e2e/support/LogText.cpp
+    tests/e2e/support/MappedDrive.cpp
     tests/e2e/support/MessageBoxProbe.cpp
     tests/e2e/support/ModuleLoader.cpp
     tests/e2e/support/PanelProbe.cpp
@@ -298,14 +299,17 @@ set(E2E_TEST_SOURCES
     tests/e2e/AnimationCostTest.cpp
     tests/e2e/ArchiveBitTest.cpp
     tests/e2e/BadSettingsTest.cpp
+    tests/e2e/BrowseTest.cpp
     tests/e2e/CommandLineTest.cpp
     tests/e2e/ConfigurationTest.cpp
     tests/e2e/DifferentialTest.cpp
     tests/e2e/FailuresTest.cpp
     tests/e2e/HardeningTest.cpp
+    tests/e2e/HelpTest.cpp
     tests/e2e/InterruptTest.cpp
     tests/e2e/KeyboardTest.cpp
     tests/e2e/LogPlaceTest.cpp
+    tests/e2e/OddNamesTest.cpp
     tests/e2e/PasswordTest.cpp
     tests/e2e/PreviewTest.cpp
     tests/e2e/PropertiesTest.cpp
@@ -315,6 +319,8 @@ set(E2E_TEST_SOURCES
     tests/e2e/SecondarySaverTest.cpp
     tests/e2e/StayResponsiveTest.cpp
     tests/e2e/SupportTest.cpp
+    tests/e2e/SystemToolTest.cpp
+    tests/e2e/WebPageTest.cpp
     tests/e2e/WideNamesTest.cpp
     tests/e2e/WindowedModeTest.cpp
     tests/e2e/WindowsFilesTest.cpp

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "ProductVersion.h"
 #include "tests/e2e/support/DialogTest.h"
 
 namespace ambrio::e2e {
@@ -9,23 +10,23 @@ namespace {
 
 class AboutTest : public DialogTest {};
 
-TEST_F(AboutTest, TellsThatThereIsNoSystemInformation) {
-    for (const wchar_t* key : {L"SOFTWARE\\Microsoft\\Shared Tools\\MSINFO",
-                               L"SOFTWARE\\Microsoft\\Shared Tools Location"}) {
-        HKEY opened = nullptr;
-        if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, key, 0, KEY_READ, &opened) == ERROR_SUCCESS) {
-            RegCloseKey(opened);
-            GTEST_SKIP() << "this system has the tool";
-        }
-    }
+TEST_F(AboutTest, TellsWhatItIsAndClosesByOkEnterAndItsBox) {
+    const std::wstring version = L"Version " + std::to_wstring(AMBRIO_VERSION_MAJOR) + L"." +
+                                 std::to_wstring(AMBRIO_VERSION_MINOR) + L"." +
+                                 std::to_wstring(AMBRIO_VERSION_REVISION);
     const WindowProbe configuration = OpenConfiguration();
-    const WindowProbe about = Open(configuration, IDC_CMD_ABOUT, L"About Ambrio");
-    Press(about, IDC_CMD_SYS_INFO);
-    const MessageBoxProbe box = WaitForBox();
-    EXPECT_EQ(box.Text(), L"System Information Is Unavailable At This Time");
-    EXPECT_EQ(box.ButtonTexts(), std::vector<std::wstring>{L"OK"});
-    EXPECT_TRUE(box.Press());
+    const auto open = [&] { return Open(configuration, IDC_CMD_ABOUT, L"About Ambrio"); };
+    WindowProbe about = open();
+    EXPECT_EQ(TextOf(about, IDC_LBL_TITLE), L"Ambrio");
+    EXPECT_EQ(TextOf(about, IDC_LBL_VERSION), version);
+    EXPECT_FALSE(configuration.IsEnabled());
     EXPECT_TRUE(Closes(about, IDOK));
+    EXPECT_TRUE(configuration.IsEnabled());
+    about = open();
+    PressKey(VK_ESCAPE);  // there is no Cancel that it could press
+    PressKey(VK_RETURN);
+    EXPECT_TRUE(WaitUntil([&] { return !about.Exists(); }));
+    EXPECT_TRUE(ClosesByItsBox(open()));
     EXPECT_TRUE(ClosesByItsBox(configuration));
     EXPECT_TRUE(Ends());
 }

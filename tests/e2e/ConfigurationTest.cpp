@@ -38,6 +38,24 @@ TEST_F(ConfigurationTest, CreatesTicksReordersAndSavesSets) {
     EXPECT_TRUE(ClosesByItsBox(dialog));
 }
 
+TEST_F(ConfigurationTest, ShowsTheStoredSetsAndBeepsAtTheEndsOfTheList) {
+    Settings.Write(L"General", L"Sets", L"A,B,C");
+    Settings.Write(L"B", L"Selected", L"False");
+    const WindowProbe dialog = OpenConfiguration();
+    EXPECT_EQ(SetsOf(dialog), L">+A|B|+C|");
+    const auto move = [&](int button) {
+        Tell(At(dialog, button), BM_CLICK);
+        return SetsOf(dialog);
+    };
+    EXPECT_EQ(move(IDC_CMD_UP), L">+A|B|+C|");
+    EXPECT_EQ(move(IDC_CMD_DOWN), L"B|>+A|+C|");
+    EXPECT_EQ(move(IDC_CMD_DOWN), L"B|+C|>+A|");
+    EXPECT_EQ(move(IDC_CMD_DOWN), L"B|+C|>+A|");
+    MakeCurrent(dialog, 0);
+    EXPECT_EQ(move(IDC_CMD_DOWN), L"+C|>B|+A|");
+    CloseConfiguration();
+}
+
 TEST_F(ConfigurationTest, ClosingDiscardsWhatOkWouldHaveWritten) {
     Settings.Write(L"General", L"Sets", L"A,B");
     const WindowProbe dialog = OpenConfiguration();
@@ -90,7 +108,12 @@ TEST_F(ConfigurationTest, AsksBeforeItRemovesAndKeepsTheSetsSection) {
 }
 
 TEST_F(ConfigurationTest, OddListsAndNamesSurviveAnOk) {
-    for (const std::wstring sets : {L"A,, B,", L"x\\y,a\"b,&c,'d'", L"\u0416\u4e2d\u05d0,\u00e9"}) {
+    std::wstring hundred = L"Set 1";
+    for (int i = 2; i <= 100; ++i) {
+        hundred += L",Set " + std::to_wstring(i);
+    }
+    for (const std::wstring& sets : {std::wstring(L"A,, B,"), std::wstring(L"x\\y,a\"b,&c,'d'"),
+                                     std::wstring(L"\u0416\u4e2d\u05d0,\u00e9"), hundred}) {
         Settings.Write(L"General", L"Sets", sets);
         const WindowProbe dialog = OpenConfiguration();
         EXPECT_TRUE(Closes(dialog, IDOK));
@@ -128,6 +151,43 @@ TEST_F(ConfigurationTest, ShowsTheSettingsOfTheChosenSaver) {
     EXPECT_TRUE(Closes(dialog, IDOK));
     EXPECT_TRUE(Ends());
     EXPECT_EQ(Settings.Read(L"General", L"Secondary SS"), name);
+}
+
+TEST_F(ConfigurationTest, ASaverThatIsGoneLeavesNoneCurrentAndIsStoredAsEmpty) {
+    Settings.Write(L"General", L"Secondary SS", L"No such saver");
+    const WindowProbe dialog = OpenConfiguration();
+    EXPECT_EQ(At(dialog, IDC_CBO_SS).Send(CB_GETCURSEL), CB_ERR);
+    EXPECT_EQ(TextOf(dialog, IDC_CBO_SS), L"");
+    EXPECT_TRUE(Closes(dialog, IDOK));
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(Settings.Read(L"General", L"Secondary SS"), L"");
+}
+
+TEST_F(ConfigurationTest, ASaverThatSortsBeforeNoneIsNotFoundAgain) {
+    const std::wstring name = L"!Ambrio Stand In";
+    const SystemFile saver(TestProgramFolder() + L"\\StandInSaver.scr",
+                           WindowsFolder() + L"\\" + name + L".scr");
+    if (!saver.IsInstalled()) {
+        GTEST_SKIP() << "the system's folders cannot be written with these rights";
+    }
+    Settings.Write(L"General", L"Secondary SS", name);
+    const WindowProbe dialog = OpenConfiguration();
+    const WindowProbe box = At(dialog, IDC_CBO_SS);
+    EXPECT_EQ(box.Send(CB_GETCURSEL), CB_ERR);
+    Tell(box, CB_SETCURSEL, 0);
+    EXPECT_EQ(box.Text(), name);
+    Tell(box, CB_SETCURSEL, 1);
+    EXPECT_EQ(box.Text(), L"(None)");
+    CloseConfiguration();
+}
+
+TEST_F(ConfigurationTest, ThereAreNoSettingsOfNoSaver) {
+    const WindowProbe dialog = OpenConfiguration();
+    EXPECT_EQ(TextOf(dialog, IDC_CBO_SS), L"(None)");
+    Tell(At(dialog, IDC_CMD_SETTINGS), BM_CLICK);
+    EXPECT_EQ(Program().ProcessCount(), 1U);
+    EXPECT_TRUE(dialog.IsEnabled());
+    CloseConfiguration();
 }
 
 class ConfigurationLineTest : public DialogTest,

@@ -1,34 +1,97 @@
-// The properties of a Set and the two dialogs behind them, used from outside.
+// The properties of a Set and the file selection behind them, used from outside.
 
 #include <gtest/gtest.h>
 
 #include "tests/e2e/support/DialogTest.h"
-#include "tests/e2e/support/Files.h"
 
 namespace ambrio::e2e {
 namespace {
 
 class PropertiesTest : public DialogTest {
   protected:
-    // Opens the properties of the one Set there is.
-    WindowProbe OpenSet(const std::wstring& name) {
-        Settings.Write(L"General", L"Sets", name);
-        return Open(OpenConfiguration(), IDC_CMD_PROPERTIES, name + L" Properties");
+    // The captions of what is ticked, each with a stroke, and whether the rules are locked.
+    [[nodiscard]] static std::wstring RulesOf(const WindowProbe& properties) {
+        std::wstring text;
+        for (const int control :
+             {IDC_OPT_DATE_TIME, IDC_OPT_ARCHIVE, IDC_OPT_READ_ONLY, IDC_CHK_CLEAR_ARCHIVE,
+              IDC_CHK_DELETE_COPY_ARCHIVE, IDC_CHK_DELETE_COPY_READ_ONLY}) {
+            if (At(properties, control).Send(BM_GETCHECK) == BST_CHECKED) {
+                text += TextOf(properties, control) + L"|";
+            }
+        }
+        return At(properties, IDC_FRA_COPY_RULES).IsEnabled() ? text : text + L"locked";
     }
-    void CloseAll() {
-        EXPECT_TRUE(ClosesByItsBox(WindowTitled(kConfiguration)));
-        EXPECT_TRUE(Ends());
+    [[nodiscard]] static bool RulesBecome(const WindowProbe& properties,
+                                          const std::wstring& expected) {
+        return WaitUntil([&] { return RulesOf(properties) == expected; });
+    }
+    void Cancel(const WindowProbe& properties) {
+        EXPECT_TRUE(Closes(properties, IDCANCEL));
+        CloseConfiguration();
     }
 };
+
+TEST_F(PropertiesTest, ANewSetHasItsDefaults) {
+    const WindowProbe properties = Open(OpenConfiguration(), IDC_CMD_NEW, kNewSet);
+    EXPECT_EQ(TextOf(properties, IDC_TXT_SET), L"");
+    EXPECT_TRUE(At(properties, IDC_TXT_SET).IsEnabled());
+    EXPECT_EQ(TextOf(properties, IDC_TXT_FOLDER_0), L"C:\\My Documents");
+    EXPECT_EQ(TextOf(properties, IDC_TXT_FOLDER_1), L"F:\\My Documents");
+    EXPECT_EQ(At(properties, IDC_CHK_RECURSIVE).Send(BM_GETCHECK), BST_CHECKED);
+    EXPECT_EQ(At(properties, IDC_CHK_OVERWRITE_RO).Send(BM_GETCHECK), BST_UNCHECKED);
+    EXPECT_EQ(TextOf(properties, IDC_LST_SCHEME), L"Set my own");
+    EXPECT_EQ(RulesOf(properties), L"Date/Time|");
+    Cancel(properties);
+    EXPECT_TRUE(Settings.Sections().empty());
+}
+
+TEST_F(PropertiesTest, ASchemeLocksItsRulesWhichSetMyOwnKeepsAndUnlocks) {
+    const WindowProbe properties = OpenProperties(L"S");
+    const std::wstring differential = L"Archive Bit|Delete copy when source no longer 'archive'|";
+    Choose(properties, IDC_LST_SCHEME, 2);
+    EXPECT_TRUE(RulesBecome(properties, differential + L"locked"));
+    EXPECT_FALSE(At(properties, IDC_OPT_DATE_TIME).IsEnabled());
+    Choose(properties, IDC_LST_SCHEME, 0);
+    EXPECT_TRUE(RulesBecome(properties, differential));
+    Choose(properties, IDC_LST_SCHEME, 3);
+    EXPECT_TRUE(RulesBecome(properties, L"Not Read Only|Delete copy when source read only|locked"));
+    Choose(properties, IDC_LST_SCHEME, 1);
+    EXPECT_TRUE(RulesBecome(properties, L"Date/Time|locked"));
+    Cancel(properties);
+}
+
+TEST_F(PropertiesTest, AnUnknownSchemeIsShownAsSetMyOwn) {
+    Settings.Write(L"S", L"Scheme", L"Mirror");
+    Settings.Write(L"S", L"CopyType", L"ReadOnly");
+    const WindowProbe properties = OpenProperties(L"S");
+    EXPECT_EQ(TextOf(properties, IDC_LST_SCHEME), L"Set my own");
+    EXPECT_EQ(RulesOf(properties), L"Date/Time|");
+    Cancel(properties);
+    EXPECT_EQ(Settings.Read(L"S", L"Scheme"), L"Mirror");
+}
+
+TEST_F(PropertiesTest, ADeletionThatWasSavedIsAskedForAnew) {
+    const std::wstring name = L"S";
+    WindowProbe properties = OpenProperties(name);
+    Choose(properties, IDC_LST_SCHEME, 2);
+    EXPECT_TRUE(WaitUntil([&] { return !At(properties, IDC_FRA_COPY_RULES).IsEnabled(); }));
+    for (const wchar_t* stored : {L"Yes", L"No"}) {
+        EXPECT_TRUE(Closes(properties, IDOK));
+        EXPECT_EQ(Settings.Read(name, L"DeleteCopyArchiveBit"), stored);
+        properties = Open(WindowTitled(kConfiguration), IDC_CMD_PROPERTIES, name + L" Properties");
+        EXPECT_EQ(RulesOf(properties), L"Archive Bit|locked");
+    }
+    Cancel(properties);
+}
 
 TEST_F(PropertiesTest, SavesAnExistingSetUnderItsName) {
     Settings.Write(L"S", L"DeleteCopyArchiveBit", L"Yes");
     Settings.Write(L"S", L"CopyType", L"ArchiveBit");
-    const WindowProbe properties = OpenSet(L"S");
+    const WindowProbe properties = OpenProperties(L"S");
     EXPECT_FALSE(At(properties, IDC_TXT_SET).IsEnabled());
     SetText(properties, IDC_TXT_FOLDER_0, L"  \\\\server\\share\\x ");
     EXPECT_TRUE(Closes(properties, IDOK));
-    CloseAll();
+    CloseConfiguration();
     EXPECT_EQ(Settings.Read(L"S", L"Source"), L"\\\\server\\share\\x");
     EXPECT_EQ(Settings.Read(L"S", L"DeleteCopyArchiveBit"), L"No");
     EXPECT_EQ(Settings.Read(L"S", L"CopyType"), L"ArchiveBit");
@@ -45,45 +108,12 @@ TEST_F(PropertiesTest, ANameThatTheStoreRefusesIsReportedAndTheDialogStays) {
     EXPECT_TRUE(properties.Exists());
     EXPECT_TRUE(Closes(properties, IDCANCEL));
     EXPECT_TRUE(SetsBecome(configuration, L""));
-    CloseAll();
-}
-
-TEST_F(PropertiesTest, ABrowsedFolderIsTheOpenOneAndCancelLeavesTheBox) {
-    const std::wstring folder = Folder.Below(L"Source");
-    MakeFolders(folder + L"\\Inner");
-    Settings.Write(L"S", L"Source", folder);
-    const WindowProbe properties = OpenSet(L"S");
-    const std::wstring title = L"Choose S source folder";
-    for (const bool opensInner : {false, true}) {
-        const WindowProbe browse = Open(properties, IDC_CMD_BROWSE_0, title);
-        const WindowProbe list = At(browse, IDC_DIR1);
-        const LRESULT last = list.Send(LB_GETCOUNT).value_or(1) - 1;
-        Tell(list, LB_SETCURSEL, static_cast<WPARAM>(last));
-        if (opensInner) {
-            Tell(list, WM_KEYDOWN, VK_RETURN);
-        }
-        EXPECT_TRUE(Closes(browse, IDOK));
-        EXPECT_EQ(TextOf(properties, IDC_TXT_FOLDER_0), opensInner ? folder + L"\\Inner" : folder);
-    }
-    SetText(properties, IDC_TXT_FOLDER_0, L"typed");
-    EXPECT_TRUE(Closes(Open(properties, IDC_CMD_BROWSE_0, title), IDCANCEL));
-    EXPECT_EQ(TextOf(properties, IDC_TXT_FOLDER_0), L"typed");
-    EXPECT_TRUE(Closes(properties, IDCANCEL));
-    CloseAll();
-}
-
-TEST_F(PropertiesTest, BrowsingForANewSetHasTwoBlanksInItsCaption) {
-    const WindowProbe properties = Open(OpenConfiguration(), IDC_CMD_NEW, kNewSet);
-    EXPECT_TRUE(
-        Closes(Open(properties, IDC_CMD_BROWSE_1, L"Choose  destination folder"), IDCANCEL));
-    EXPECT_EQ(TextOf(properties, IDC_TXT_FOLDER_1), L"F:\\My Documents");
-    EXPECT_TRUE(Closes(properties, IDCANCEL));
-    CloseAll();
+    CloseConfiguration();
 }
 
 TEST_F(PropertiesTest, TheFileSelectionOnlyShows) {
     Settings.Write(L"S", L"Include", L"*.txt; *.doc");
-    const WindowProbe properties = OpenSet(L"S");
+    const WindowProbe properties = OpenProperties(L"S");
     const WindowProbe selection =
         Open(properties, IDC_CMD_ADVANCED, L"S properties - File selection");
     EXPECT_EQ(TextOf(selection, IDC_TXT_INCLUDE), L"*.txt; *.doc");
@@ -94,8 +124,7 @@ TEST_F(PropertiesTest, TheFileSelectionOnlyShows) {
         EXPECT_TRUE(selection.Exists());
     }
     EXPECT_TRUE(ClosesByItsBox(selection));
-    EXPECT_TRUE(Closes(properties, IDCANCEL));
-    CloseAll();
+    Cancel(properties);
     EXPECT_EQ(Settings.Read(L"S", L"Include"), L"*.txt; *.doc");
     EXPECT_EQ(Settings.Keys(L"S"), std::vector<std::wstring>{L"Include"});
 }
@@ -108,8 +137,7 @@ TEST_F(PropertiesTest, TheFileSelectionOfANewSetBearsTheTypedName) {
         Open(properties, IDC_CMD_ADVANCED, L"Typed properties - File selection");
     EXPECT_EQ(TextOf(selection, IDC_TXT_INCLUDE), L"");
     EXPECT_TRUE(ClosesByItsBox(selection));
-    EXPECT_TRUE(Closes(properties, IDCANCEL));
-    CloseAll();
+    Cancel(properties);
 }
 
 }  // namespace

@@ -53,12 +53,29 @@ bool DialogTest::ClosesByItsBox(const WindowProbe& dialog) {
     return WaitUntil([&] { return !dialog.Exists(); });
 }
 
+void DialogTest::Choose(const WindowProbe& dialog, int combo, LRESULT entry) {
+    const WindowProbe box = At(dialog, combo);
+    Tell(box, CB_SETCURSEL, static_cast<WPARAM>(entry));
+    dialog.Post(WM_COMMAND, MAKEWPARAM(combo, CBN_SELCHANGE),
+                reinterpret_cast<LPARAM>(box.Handle()));
+}
+
 void DialogTest::SetText(const WindowProbe& dialog, int control, const std::wstring& text) {
     Tell(At(dialog, control), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 std::wstring DialogTest::TextOf(const WindowProbe& dialog, int control) {
     return At(dialog, control).Text();
+}
+
+WindowProbe DialogTest::OpenProperties(const std::wstring& set) {
+    Settings.Write(L"General", L"Sets", set);
+    return Open(OpenConfiguration(), IDC_CMD_PROPERTIES, set + L" Properties");
+}
+
+void DialogTest::CloseConfiguration() {
+    EXPECT_TRUE(ClosesByItsBox(WindowTitled(kConfiguration)));
+    EXPECT_TRUE(Ends());
 }
 
 void DialogTest::AddSet(const WindowProbe& configuration, const std::wstring& name,

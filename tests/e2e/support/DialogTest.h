@@ -29,8 +29,16 @@ class DialogTest : public virtual ProgramTest {
     // Presses a button and waits until the dialog is gone; false when it stays.
     [[nodiscard]] static bool Closes(const WindowProbe& dialog, int button);
     [[nodiscard]] static bool ClosesByItsBox(const WindowProbe& dialog);
+    // Makes an entry of a combo box current as a user would, without waiting for what that leads
+    // to.
+    static void Choose(const WindowProbe& dialog, int combo, LRESULT entry);
     static void SetText(const WindowProbe& dialog, int control, const std::wstring& text);
     [[nodiscard]] static std::wstring TextOf(const WindowProbe& dialog, int control);
+
+    // Opens the properties of a Set, which becomes the only one in the list.
+    [[nodiscard]] WindowProbe OpenProperties(const std::wstring& set);
+    // Closes the configuration dialog by its box, which must end the program.
+    void CloseConfiguration();
 
     // Adds a Set through the dialogs, with the folders given.
     void AddSet(const WindowProbe& configuration, const std::wstring& name,

@@ -9,9 +9,21 @@ namespace ambrio::e2e {
 
 namespace {
 
+struct KeyPlace {
+    HKEY Root;
+    const wchar_t* Below;
+};
+
+KeyPlace PlaceOf(const std::wstring& path) {
+    const std::wstring machine = kMachine;
+    return path.starts_with(machine) ? KeyPlace{HKEY_LOCAL_MACHINE, path.c_str() + machine.size()}
+                                     : KeyPlace{HKEY_CURRENT_USER, path.c_str()};
+}
+
 UniqueKey OpenKey(const std::wstring& path, REGSAM access) {
+    const KeyPlace place = PlaceOf(path);
     HKEY key = nullptr;
-    const LSTATUS status = RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, access, &key);
+    const LSTATUS status = RegOpenKeyExW(place.Root, place.Below, 0, access, &key);
     if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) {
         ThrowWin32Error("opening a registry key", static_cast<DWORD>(status));
     }
@@ -19,9 +31,10 @@ UniqueKey OpenKey(const std::wstring& path, REGSAM access) {
 }
 
 UniqueKey MakeKey(const std::wstring& path) {
+    const KeyPlace place = PlaceOf(path);
     HKEY key = nullptr;
     const LSTATUS status =
-        RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+        RegCreateKeyExW(place.Root, place.Below, 0, nullptr, REG_OPTION_NON_VOLATILE,
                         KEY_ALL_ACCESS, nullptr, &key, nullptr);
     if (status != ERROR_SUCCESS) {
         ThrowWin32Error("making a registry key", static_cast<DWORD>(status));
@@ -66,9 +79,14 @@ void CopyKeyTree(const std::wstring& from, const std::wstring& to) {
     }
 }
 
+void RemoveKey(const std::wstring& path) {
+    const KeyPlace place = PlaceOf(path);
+    RegDeleteKeyW(place.Root, place.Below);
+}
+
 void RemoveKeyIfEmpty(const std::wstring& path) {
     if (SubkeyNames(path).empty() && ValueNames(path).empty()) {
-        RegDeleteKeyW(HKEY_CURRENT_USER, path.c_str());
+        RemoveKey(path);
     }
 }
 
@@ -119,12 +137,25 @@ void RemoveValue(const std::wstring& path, const std::wstring& name) {
 void RemoveKeyTree(const std::wstring& path) {
     if (const UniqueKey key = OpenKey(path, KEY_ALL_ACCESS)) {
         RegDeleteTreeW(key.get(), nullptr);
-        RegDeleteKeyW(HKEY_CURRENT_USER, path.c_str());
+        RemoveKey(path);
     }
 }
 
 bool KeyExists(const std::wstring& path) {
     return OpenKey(path, KEY_READ) != nullptr;
+}
+
+bool MayChangeKey(const std::wstring& path) {
+    const KeyPlace place = PlaceOf(path);
+    HKEY key = nullptr;
+    const LSTATUS status = RegOpenKeyExW(place.Root, place.Below, 0, KEY_ALL_ACCESS, &key);
+    const UniqueKey owner(key);
+    if (status != ERROR_FILE_NOT_FOUND) {
+        return status == ERROR_SUCCESS;
+    }
+    // Whether it could be made is the nearest key's business that there is.
+    const auto parent = path.find_last_of(L'\\');
+    return parent != std::wstring::npos && MayChangeKey(path.substr(0, parent));
 }
 
 std::vector<std::wstring> SubkeyNames(const std::wstring& path) {

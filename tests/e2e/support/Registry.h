@@ -6,9 +6,12 @@
 
 #include "platform/win32/WindowsHeaders.h"
 
-// The current user's registry, for the tests. Paths are below HKEY_CURRENT_USER. What fails throws
-// std::system_error; what does not exist is no failure when it is read or removed.
+// The registry, for the tests. Paths are below HKEY_CURRENT_USER, or of the whole machine when they
+// begin with kMachine. What fails throws std::system_error; what does not exist is no failure when
+// it is read or removed.
 namespace ambrio::e2e {
+
+inline constexpr const wchar_t* kMachine = L"HKEY_LOCAL_MACHINE\\";
 
 [[nodiscard]] std::optional<std::wstring> ReadText(const std::wstring& path,
                                                    const std::wstring& name);
@@ -18,6 +21,8 @@ void WriteNumber(const std::wstring& path, const std::wstring& name, DWORD numbe
 void RemoveValue(const std::wstring& path, const std::wstring& name);
 void RemoveKeyTree(const std::wstring& path);
 [[nodiscard]] bool KeyExists(const std::wstring& path);
+// Whether the key could be changed, or made where there is none; nothing is made.
+[[nodiscard]] bool MayChangeKey(const std::wstring& path);
 [[nodiscard]] std::vector<std::wstring> SubkeyNames(const std::wstring& path);
 [[nodiscard]] std::vector<std::wstring> ValueNames(const std::wstring& path);
 

@@ -77,6 +77,23 @@ DWORD RunningProgram::ProcessCount() const {
     return counts.ActiveProcesses;
 }
 
+std::vector<DWORD> RunningProgram::StartedProcessIds() const {
+    // Not from the job's own list, which Wine leaves empty.
+    std::vector<DWORD> ids(4096);
+    DWORD bytes = 0;
+    if (EnumProcesses(ids.data(), static_cast<DWORD>(ids.size() * sizeof(DWORD)), &bytes) == 0) {
+        ThrowWin32Error("listing processes");
+    }
+    ids.resize(bytes / sizeof(DWORD));
+    std::erase_if(ids, [this](DWORD id) {
+        const UniqueHandle process(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, id));
+        BOOL isInJob = FALSE;
+        return id == processId_ || !process ||
+               IsProcessInJob(process.get(), job_.get(), &isInJob) == 0 || isInJob == FALSE;
+    });
+    return ids;
+}
+
 void RunningProgram::Kill() {
     TerminateJobObject(job_.get(), 1);
     WaitForSingleObject(process_.get(), static_cast<DWORD>(kSoon.count()));

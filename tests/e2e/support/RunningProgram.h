@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "tests/e2e/support/Handles.h"
 #include "tests/e2e/support/Waiting.h"
@@ -32,6 +33,8 @@ class RunningProgram {
 
     // How many processes of it still run: the program and what it started.
     [[nodiscard]] DWORD ProcessCount() const;
+    // The processes of what the program started, without itself.
+    [[nodiscard]] std::vector<DWORD> StartedProcessIds() const;
     // Ends the program and what it started at once, as a crash or a power failure would.
     void Kill();
 

@@ -1,0 +1,130 @@
+// The about box's way to the web page, through whatever program belongs to ".htm" files.
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <optional>
+
+#include "tests/e2e/StandIn.h"
+#include "tests/e2e/support/DialogTest.h"
+#include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/Text.h"
+
+namespace ambrio::e2e {
+namespace {
+
+constexpr const wchar_t* kType = L"Ambrio.TestPage";
+constexpr const wchar_t* kAddress = L"https://ambrio.example/";
+
+class WebPageTest : public DialogTest {
+  protected:
+    // Pages are of a type that nothing opens yet.
+    WebPageTest() {
+        TakeOver(L"Software\\Classes\\");
+        // Where a user's own types do not count, the machine's are put aside too.
+        wchar_t seen[64] = L"";
+        LONG size = sizeof seen;
+        RegQueryValueW(HKEY_CLASSES_ROOT, L".htm", seen, &size);
+        const std::wstring machine = std::wstring(kMachine) + L"SOFTWARE\\Classes\\";
+        if (std::wstring(seen) != kType && MayChangeKey(machine + L".htm")) {
+            TakeOver(machine);
+        }
+    }
+
+    // Makes the file the program that opens pages.
+    void SetBrowser(const std::wstring& program) {
+        WriteText(classes_ + kType + L"\\shell\\open\\command", L"",
+                  L"\"" + program + L"\" \"%1\"");
+    }
+    // What the system says that opens pages; empty when it names nothing.
+    [[nodiscard]] std::wstring Browser() const {
+        const std::wstring page = Folder.Below(L"page.htm");
+        WriteFileBytes(page, "page");
+        std::array<wchar_t, MAX_PATH + 1> program = {};
+        const auto found =
+            reinterpret_cast<INT_PTR>(FindExecutableW(page.c_str(), L"", program.data()));
+        return found > 32 ? program.data() : L"";
+    }
+    [[nodiscard]] WindowProbe OpenAbout() {
+        configuration_ = OpenConfiguration();
+        return Open(*configuration_, IDC_CMD_ABOUT, L"About Ambrio");
+    }
+    void CloseAll(const WindowProbe& about) {
+        EXPECT_TRUE(Closes(about, IDOK));
+        EXPECT_TRUE(ClosesByItsBox(*configuration_));
+        EXPECT_TRUE(Ends());
+        EXPECT_FALSE(FileExists(L"~temp.htm"));
+    }
+    // The first box says what failed, the second what that means for the user.
+    void ExpectBoxes(const std::wstring& title, const std::wstring& text) {
+        const MessageBoxProbe first = WaitForBox();
+        EXPECT_EQ(first.Title(), title);
+        EXPECT_EQ(first.Text(), text);
+        EXPECT_EQ(first.Icon(), BoxIcon::Exclamation);
+        EXPECT_TRUE(first.Press());
+        const MessageBoxProbe second = WaitForBox();
+        EXPECT_EQ(second.Title(), L"Internet");
+        EXPECT_TRUE(second.Text().starts_with(
+            L"There seems to be problem finding or running your web browser."));
+        EXPECT_NE(second.Text().find(kAddress), std::wstring::npos);
+        EXPECT_TRUE(second.Press());
+        EXPECT_FALSE(MessageBoxProbe::Find(Program().ProcessId()));
+    }
+
+    const std::wstring browser_ = Folder.Below(L"The browser.exe");
+
+  private:
+    void TakeOver(const std::wstring& classes) {
+        classes_ = classes;
+        for (const wchar_t* name : {L".htm", kType}) {
+            guards_.push_back(std::make_unique<RegistryTreeGuard>(classes + name));
+        }
+        WriteText(classes + L".htm", L"", kType);
+    }
+
+    const RegistryTreeGuard standIn_{kStandInKey};
+    std::vector<std::unique_ptr<RegistryTreeGuard>> guards_;
+    std::wstring classes_;
+    std::optional<WindowProbe> configuration_;
+};
+
+TEST_F(WebPageTest, NoBrowserIsAssociated) {
+    if (!Browser().empty()) {
+        GTEST_SKIP() << "this system does not let go of its browser";
+    }
+    const WindowProbe about = OpenAbout();
+    Press(about, IDC_CMD_WWW);
+    ExpectBoxes(L"Browser Not Found", L"Could not find associated Browser");
+    EXPECT_TRUE(about.IsEnabled());
+    CloseAll(about);
+}
+
+TEST_F(WebPageTest, TheAssociatedBrowserGetsTheAddress) {
+    WriteFileBytes(browser_, ReadFileBytes(TestProgramFolder() + L"\\StandInSaver.scr"));
+    SetBrowser(browser_);
+    if (Browser() != browser_) {
+        GTEST_SKIP() << "this system does not take another browser";
+    }
+    const WindowProbe about = OpenAbout();
+    Press(about, IDC_CMD_WWW);
+    EXPECT_TRUE(WaitUntil([] { return ReadText(kStandInKey, kSaverCommandLine).has_value(); }));
+    const std::wstring line = ReadText(kStandInKey, kSaverCommandLine).value_or(L"");
+    EXPECT_TRUE(line.ends_with(kAddress)) << Utf8(line);
+    EXPECT_FALSE(MessageBoxProbe::Find(Program().ProcessId()));
+    CloseAll(about);
+}
+
+TEST_F(WebPageTest, TheAssociatedBrowserDoesNotStart) {
+    WriteFileBytes(browser_, "no program");
+    SetBrowser(browser_);
+    if (Browser() != browser_) {
+        GTEST_SKIP() << "this system does not take another browser";
+    }
+    const WindowProbe about = OpenAbout();
+    Press(about, IDC_CMD_WWW);
+    ExpectBoxes(L"URL Failed", L"Web Page not Opened");
+    CloseAll(about);
+}
+
+}  // namespace
+}  // namespace ambrio::e2e
