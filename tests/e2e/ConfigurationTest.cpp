@@ -13,7 +13,22 @@
 namespace ambrio::e2e {
 namespace {
 
-class ConfigurationTest : public DialogTest {};
+class ConfigurationTest : public DialogTest {
+  protected:
+    // Puts the stand-in among the system's savers and makes it the stored one; skips the test when
+    // the system's folders refuse it.
+    void StoreSaver(const std::wstring& name) {
+        saver_.emplace(TestProgramFolder() + L"\\StandInSaver.scr",
+                       WindowsFolder() + L"\\" + name + L".scr");
+        if (!saver_->IsInstalled()) {
+            GTEST_SKIP() << "the system's folders cannot be written with these rights";
+        }
+        Settings.Write(L"General", L"Secondary SS", name);
+    }
+
+  private:
+    std::optional<SystemFile> saver_;
+};
 
 TEST_F(ConfigurationTest, CreatesTicksReordersAndSavesSets) {
     WindowProbe dialog = OpenConfiguration();
@@ -135,12 +150,10 @@ TEST_F(ConfigurationTest, ATickThatIsNoBooleanEndsTheProgramWithTheRuntimesError
 TEST_F(ConfigurationTest, ShowsTheSettingsOfTheChosenSaver) {
     const std::wstring name = L"Ambrio Stand & In";
     const RegistryTreeGuard standIn(kStandInKey);
-    const SystemFile saver(TestProgramFolder() + L"\\StandInSaver.scr",
-                           WindowsFolder() + L"\\" + name + L".scr");
-    if (!saver.IsInstalled()) {
-        GTEST_SKIP() << "the system's folders cannot be written with these rights";
+    StoreSaver(name);
+    if (IsSkipped()) {
+        return;
     }
-    Settings.Write(L"General", L"Secondary SS", name);
     const WindowProbe dialog = OpenConfiguration();
     EXPECT_EQ(TextOf(dialog, IDC_CBO_SS), name);
     Press(dialog, IDC_CMD_SETTINGS);
@@ -165,12 +178,10 @@ TEST_F(ConfigurationTest, ASaverThatIsGoneLeavesNoneCurrentAndIsStoredAsEmpty) {
 
 TEST_F(ConfigurationTest, ASaverThatSortsBeforeNoneIsNotFoundAgain) {
     const std::wstring name = L"!Ambrio Stand In";
-    const SystemFile saver(TestProgramFolder() + L"\\StandInSaver.scr",
-                           WindowsFolder() + L"\\" + name + L".scr");
-    if (!saver.IsInstalled()) {
-        GTEST_SKIP() << "the system's folders cannot be written with these rights";
+    StoreSaver(name);
+    if (IsSkipped()) {
+        return;
     }
-    Settings.Write(L"General", L"Secondary SS", name);
     const WindowProbe dialog = OpenConfiguration();
     const WindowProbe box = At(dialog, IDC_CBO_SS);
     EXPECT_EQ(box.Send(CB_GETCURSEL), CB_ERR);

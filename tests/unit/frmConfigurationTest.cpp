@@ -61,6 +61,35 @@ TEST_F(frmConfigurationTest, MovesTheCurrentSetWithItsTick) {
     EXPECT_TRUE(Store.Writes.empty());
 }
 
+TEST_F(frmConfigurationTest, AMovedSetStaysInView) {
+    std::wstring sets = L"first";
+    for (int i = 0; i < 100; ++i) {
+        sets += L",next";
+    }
+    Put(kSetsKey, sets);
+    Open();
+    const ControlProbe list = At(IDC_LST_SETS);
+    RECT view = {};
+    GetClientRect(list.Handle(), &view);
+    const auto expectInView = [&] {
+        RECT entry = {};
+        list.Send(LB_GETITEMRECT, static_cast<WPARAM>(list.Send(LB_GETCURSEL)),
+                  reinterpret_cast<LPARAM>(&entry));
+        EXPECT_GE(entry.top, 0);
+        EXPECT_LE(entry.bottom, view.bottom);
+    };
+    for (int i = 1; i <= 40; ++i) {
+        At(IDC_CMD_DOWN).Click();
+        expectInView();
+    }
+    EXPECT_EQ(40, list.Send(LB_GETCURSEL));
+    for (int i = 0; i < 40; ++i) {
+        At(IDC_CMD_UP).Click();
+        expectInView();
+    }
+    EXPECT_EQ(0, list.Send(LB_GETCURSEL));
+}
+
 TEST_F(frmConfigurationTest, AnEmptyListOnlyBeeps) {
     Open();
     for (const int button : {IDC_CMD_UP, IDC_CMD_DOWN, IDC_CMD_REMOVE}) {
