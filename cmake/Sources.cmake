@@ -197,7 +197,9 @@ set(UNIT_TEST_SOURCES
     tests/unit/EllipsisTest.cpp
     tests/unit/FileCopierTest.cpp
     tests/unit/FileSystemDoublesTest.cpp
+    tests/unit/FileHazardTest.cpp
     tests/unit/FolderGuardTest.cpp
+    tests/unit/FolderHazardTest.cpp
     tests/unit/FolderWalkTest.cpp
     tests/unit/FrameAnimationTest.cpp
     tests/unit/FrameMotionTest.cpp
@@ -206,6 +208,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/LightBufferTest.cpp
     tests/unit/MemoryFileSystemTest.cpp
     tests/unit/ModeDispatchTest.cpp
+    tests/unit/NameHazardTest.cpp
     tests/unit/PreviewCaptionTest.cpp
     tests/unit/ProgramQuotesTest.cpp
     tests/unit/RegistryTextTest.cpp

@@ -36,9 +36,13 @@ const std::optional<FolderIdentity>& FolderGuard::IdentityOf(Folder& folder) {
     return folder.Identity;
 }
 
-bool FolderGuard::MayEnter(const FileEntry& subfolder, const std::wstring& path) {
+bool FolderGuard::MayEnter(const FileEntry& subfolder, const std::wstring& path,
+                           const std::wstring& destination) {
     if (IsCompatibilityJunction(subfolder)) {
         return false;
+    }
+    if (IsSource(destination)) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
     return subfolder.IsLink() ? !LeadsBack(path) : !IsDestination(path);
 }
@@ -54,17 +58,27 @@ bool FolderGuard::LeadsBack(const std::wstring& path) {
     });
 }
 
-// Where no identities are to be had the spelling decides.
 bool FolderGuard::IsDestination(const std::wstring& path) {
     const auto& volume = IdentityOf(steps_[steps_.back().VolumeStep].Source);
     const auto& destination = IdentityOf(steps_.front().Destination);
-    if (volume && destination && volume->Volume != destination->Volume) {
-        return false;
-    }
-    const auto folder = destination ? fileSystem_.IdentityOf(path) : std::nullopt;
-    return folder ? folder == destination
-                  : fileSystem_.FoldedName(path) ==
-                        fileSystem_.FoldedName(*steps_.front().Destination.Path);
+    const bool isElsewhere = volume && destination && volume->Volume != destination->Volume;
+    return !isElsewhere && IsSame(steps_.front().Destination, path);
+}
+
+// A Set that copies "\Data\Sub" to "\Data" would copy "\Data\Sub\Sub" over it. Only the Set's own
+// source folder need be looked for, as the walk comes by it before any folder below.
+bool FolderGuard::IsSource(const std::wstring& destination) {
+    const auto& source = IdentityOf(steps_.front().Source);
+    const auto& root = IdentityOf(steps_.front().Destination);
+    const bool isElsewhere = source && root && source->Volume != root->Volume;
+    return !isElsewhere && IsSame(steps_.front().Source, destination);
+}
+
+bool FolderGuard::IsSame(Folder& known, const std::wstring& path) {
+    const auto& identity = IdentityOf(known);
+    const auto folder = identity ? fileSystem_.IdentityOf(path) : std::nullopt;
+    return folder ? folder == identity
+                  : fileSystem_.FoldedName(path) == fileSystem_.FoldedName(*known.Path);
 }
 
 }  // namespace ambrio

@@ -11,7 +11,8 @@ namespace ambrio {
 // Knows the folders on the way from a Set's source folder to the one being walked, and keeps the
 // walk out of subfolders in which it would never end or which nobody may list: the Set's own
 // destination, links that lead back to a folder being walked or filled, and the system's own
-// compatibility junctions. The file system is asked for identities only where they can matter.
+// compatibility junctions; and out of one whose copies would land on the Set's source. The file
+// system is asked for identities only where they can matter.
 class FolderGuard {
   public:
     explicit FolderGuard(FileSystem& fileSystem) : fileSystem_(fileSystem) {}
@@ -30,9 +31,11 @@ class FolderGuard {
     };
 
     // Whether a subfolder of the innermost folder may be walked, whose destination must exist.
-    // Throws RuntimeError for a link that leads nowhere or to where nobody can tell: what lies
-    // there is not backed up.
-    [[nodiscard]] bool MayEnter(const FileEntry& subfolder, const std::wstring& path);
+    // `destination` is where the subfolder's copies go. Throws RuntimeError for a link that leads
+    // nowhere or to where nobody can tell, and where copies would take the place of source files:
+    // what lies there is not backed up.
+    [[nodiscard]] bool MayEnter(const FileEntry& subfolder, const std::wstring& path,
+                                const std::wstring& destination);
 
   private:
     // An identity that is asked for once.
@@ -50,6 +53,9 @@ class FolderGuard {
     const std::optional<FolderIdentity>& IdentityOf(Folder& folder);
     bool LeadsBack(const std::wstring& path);
     bool IsDestination(const std::wstring& path);
+    bool IsSource(const std::wstring& destination);
+    // Whether two folders are one: by identity, or by their spelling where there are none.
+    bool IsSame(Folder& known, const std::wstring& path);
 
     FileSystem& fileSystem_;
     std::vector<Step> steps_;

@@ -128,18 +128,20 @@ void FolderWalk::WalkSubFolders(const std::wstring& rsSourceDir, const std::wstr
     for (const FileEntry& subFolder : subFolders) {
         ClearFsoStatus();
         const std::wstring path = FileSystem::BuildPath(rsSourceDir, subFolder.Name);
-        if (MayEnter(subFolder, path)) {
-            WalkFolder(path, FileSystem::BuildPath(rsDestnDir, subFolder.Name), rules.rbRecursive,
-                       rules.rsCopyType, rules.rbClearArchive, rules.rbDeleteCopy,
-                       rules.rbOverwriteReadOnly, subFolder.IsLink());
+        const std::wstring destination = FileSystem::BuildPath(rsDestnDir, subFolder.Name);
+        if (MayEnter(subFolder, path, destination)) {
+            WalkFolder(path, destination, rules.rbRecursive, rules.rsCopyType, rules.rbClearArchive,
+                       rules.rbDeleteCopy, rules.rbOverwriteReadOnly, subFolder.IsLink());
         }
     }
     panel_.SetCaption(PanelLabel::lblfsoStatus, L"");
 }
 
-bool FolderWalk::MayEnter(const FileEntry& subFolder, const std::wstring& path) {
+bool FolderWalk::MayEnter(const FileEntry& subFolder, const std::wstring& path,
+                          const std::wstring& destination) {
     bool may = false;
-    return Try([&] { may = guard_.MayEnter(subFolder, path); }, kAccessing, path) && may;
+    return Try([&] { may = guard_.MayEnter(subFolder, path, destination); }, kAccessing, path) &&
+           may;
 }
 
 // `action` is read after the step, which may change it.

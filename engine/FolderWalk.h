@@ -52,7 +52,8 @@ class FolderWalk {
                          bool isNew, const std::vector<std::wstring>& files, const Rules& rules);
     void WalkSubFolders(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
                         const std::vector<FileEntry>& subFolders, const Rules& rules);
-    bool MayEnter(const FileEntry& subFolder, const std::wstring& path);
+    bool MayEnter(const FileEntry& subFolder, const std::wstring& path,
+                  const std::wstring& destination);
     // Reports the folder and gives false when the step fails.
     bool Try(const std::function<void()>& step, const std::wstring& action,
              const std::wstring& folder);

@@ -146,6 +146,9 @@ void MemoryFileSystem::CopyFile(const std::wstring& source, const std::wstring& 
     if (BeforeRename) {
         BeforeRename();
     }
+    if (place.Folder->Child(temporary.Name) != copy) {
+        Fail(ErrorNumber::FileNotFound);  // somebody else has removed it
+    }
     try {
         place.Folder->Volume.RequireReady();
         const MemoryNode::Pointer old = place.Folder->Child(place.Name);
