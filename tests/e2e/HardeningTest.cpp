@@ -77,8 +77,18 @@ std::vector<std::wstring> HardeningTest::StrangeModules() {
     return strange;
 }
 
-TEST_F(HardeningTest, TheFileAsksForEveryProtectionOfTheSystem) {
-    const ExecutableFile file(Folder.Program());
+class HardenedFileTest : public testing::TestWithParam<const wchar_t*> {
+  protected:
+    void SetUp() override {
+        if (!FileExists(Path)) {
+            GTEST_SKIP() << "this program was not built";
+        }
+    }
+    const std::wstring Path = TestProgramFolder() + L"\\" + GetParam();
+};
+
+TEST_P(HardenedFileTest, AsksForEveryProtectionOfTheSystem) {
+    const ExecutableFile file(Path);
     const WORD wanted = static_cast<WORD>(
         IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_NX_COMPAT |
         (file.Is64Bit() ? IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA : 0));
@@ -87,8 +97,8 @@ TEST_F(HardeningTest, TheFileAsksForEveryProtectionOfTheSystem) {
     EXPECT_EQ(file.Characteristics() & IMAGE_FILE_RELOCS_STRIPPED, 0);
 }
 
-TEST_F(HardeningTest, NoSectionOfTheFileCanBeWrittenAndRun) {
-    const ExecutableFile file(Folder.Program());
+TEST_P(HardenedFileTest, HasNoSectionThatCanBeWrittenAndRun) {
+    const ExecutableFile file(Path);
     ASSERT_FALSE(file.Sections().empty());
     for (const ExecutableFile::Section& section : file.Sections()) {
         const bool isWritable = (section.Characteristics & IMAGE_SCN_MEM_WRITE) != 0;
@@ -98,18 +108,21 @@ TEST_F(HardeningTest, NoSectionOfTheFileCanBeWrittenAndRun) {
     }
 }
 
-// Those that every system takes from its own folder whatever lies beside the program, and the
-// common controls, which the manifest names.
-TEST_F(HardeningTest, TheFileNeedsOnlyLibrariesThatNobodyCanReplace) {
-    const std::vector<std::string> known = {"advapi32.dll", "comctl32.dll", "gdi32.dll",
-                                            "kernel32.dll", "msvcrt.dll",   "ole32.dll",
-                                            "oleaut32.dll", "shell32.dll",  "user32.dll"};
-    const ExecutableFile file(Folder.Program());
+// Those that every system takes from its own folder, whatever lies beside the program.
+TEST_P(HardenedFileTest, NeedsOnlyLibrariesThatNobodyCanReplace) {
+    const std::vector<std::string> known = {"advapi32.dll", "gdi32.dll", "kernel32.dll",
+                                            "msvcrt.dll",   "ole32.dll", "oleaut32.dll",
+                                            "shell32.dll",  "user32.dll"};
+    const ExecutableFile file(Path);
     EXPECT_GE(file.Imports().size(), 5U);
     for (const std::string& name : file.Imports()) {
         EXPECT_NE(std::find(known.begin(), known.end(), name), known.end()) << name;
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(OfBothSizes, HardenedFileTest,
+                         testing::Values(L"Ambrio.scr", L"Ambrio64.scr"),
+                         [](const auto& file) { return "File" + std::to_string(file.index); });
 
 TEST_F(HardeningTest, ARunLoadsNothingThatLiesBesideTheProgramOrInTheCurrentFolder) {
     PlantLibraries();
