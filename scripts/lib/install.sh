@@ -39,6 +39,16 @@ need() {
     }
 }
 
+# unpack_package PACKAGE FOLDER: puts a package's files below a folder without installing it.
+unpack_package() {
+    [ ! -d "$2" ] || return 0
+    fetch_lists
+    mkdir -p "$2.part"
+    (cd "$2.part" && apt-get download -qq -t bookworm "$1" && dpkg-deb -x ./*.deb . && rm ./*.deb) >/dev/null 2>&1 ||
+        fail "the package $1 cannot be had"
+    mv "$2.part" "$2"
+}
+
 # Installs Wine and says, in AMBRIO_PRESET, which product it can run: win32, or win64 where the
 # 32-bit Wine is not to be had.
 need_wine() {

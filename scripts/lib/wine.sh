@@ -4,9 +4,11 @@
 #                              removed when the script ends. With "unprivileged", and when the
 #                              caller is root, everything runs under a user id without rights, so
 #                              that a refused file is refused.
-#   wine_do COMMAND...         runs a command in that world (wine, wineserver, xwd, ...)
+#   wine_do COMMAND...         runs a command in that world (wine, wineserver, xdotool, ...)
 #   wine_program LOG EXE ARGS  runs a PE program, its output in LOG
 #   wine_stage FILE...         copies files to $WINE_STAGE/programs, where that user may read them
+#   wine_picture FILE [PLACE]  writes what the display shows into a file, all of it or the place
+#                              WIDTHxHEIGHT+LEFT+TOP
 
 WINE_USER_ID=1234
 
@@ -28,6 +30,12 @@ wine_stage() {
     mkdir -p "$WINE_STAGE/programs"
     cp -- "$@" "$WINE_STAGE/programs/"
     wine_own "$WINE_STAGE/programs"
+}
+
+# Not with xwd: it takes windows of different colour maps apart, as Wine's are, and leaves each that
+# lies over another one black.
+wine_picture() {
+    wine_do import -silent -window root ${2:+-crop "$2"} +repage png:- >"$1"
 }
 
 wine_own() {

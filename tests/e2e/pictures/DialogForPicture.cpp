@@ -1,8 +1,6 @@
 // Shows one of the dialogs in a window of its own, for a picture of it, and prints where it lies:
 //     DialogForPicture configuration|properties|browse|selection|about
-// It shows the user's settings, of the Set "Documents" where there is one to be shown. The
-// program's own dialogs stand over each other, and Wine may leave what stands over another window
-// black on a display without a window manager.
+// It shows the user's settings, of the Set "Documents" where there is one to be shown.
 
 #include <cstdio>
 #include <memory>
@@ -50,6 +48,7 @@ int Run(const std::wstring& name) {
     if (auto* selection = dynamic_cast<frmIncludeExclude*>(form.get())) {
         selection->Init(context.CurrentSetName);
     }
+    SetCursorPos(1, 1);  // outside, where it calls up no tooltip
     SetWindowPos(form->Handle(), nullptr, 10, 10, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     RECT place = {};
     GetWindowRect(form->Handle(), &place);
