@@ -236,6 +236,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/BackBufferTest.cpp
     tests/unit/CheckListBoxTest.cpp
     tests/unit/ExtendedPathTest.cpp
+    tests/unit/FormTabOrderTest.cpp
     tests/unit/FormTextsTest.cpp
     tests/unit/FormTimerTest.cpp
     tests/unit/PointerTest.cpp

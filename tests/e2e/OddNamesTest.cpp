@@ -73,6 +73,24 @@ TEST_F(OddNamesTest, ANameWithACommaComesBackAsTwo) {
     CloseConfiguration();
 }
 
+TEST_F(OddNamesTest, AStoredNameThatTheRegistryRefusesKeepsTheListUntilItIsRemoved) {
+    const std::wstring sets = L"A," + std::wstring(300, L'n');
+    Settings.Write(L"General", L"Sets", sets);
+    const WindowProbe dialog = OpenConfiguration();
+    Press(dialog, IDOK);
+    EXPECT_TRUE(WaitForBox().Press());
+    EXPECT_TRUE(dialog.Exists());
+    EXPECT_EQ(Settings.Read(L"General", L"Sets"), sets);
+    EXPECT_EQ(Settings.Keys(L"General"), std::vector<std::wstring>{L"Sets"});
+    MakeCurrent(dialog, 1);
+    Press(dialog, IDC_CMD_REMOVE);
+    EXPECT_TRUE(WaitForBox().Press(0));
+    EXPECT_TRUE(SetsBecome(dialog, L">+A|"));
+    EXPECT_TRUE(Closes(dialog, IDOK));
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(Settings.Read(L"General", L"Sets"), L"A");
+}
+
 TEST_F(OddNamesTest, ANameOfBlanksIsTrimmedToNothingAndAddsNoSet) {
     const WindowProbe dialog = OpenConfiguration();
     AddSet(dialog, L"   ", L"C:\\blank", L"D:\\blank");

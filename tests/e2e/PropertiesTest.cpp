@@ -109,6 +109,7 @@ TEST_F(PropertiesTest, ANameThatTheStoreRefusesIsReportedAndTheDialogStays) {
     EXPECT_TRUE(Closes(properties, IDCANCEL));
     EXPECT_TRUE(SetsBecome(configuration, L""));
     CloseConfiguration();
+    EXPECT_TRUE(Settings.Sections().empty());
 }
 
 TEST_F(PropertiesTest, TheFileSelectionOnlyShows) {
