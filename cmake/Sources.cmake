@@ -276,6 +276,7 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/ExecutableFile.cpp
     tests/e2e/support/Files.cpp
     tests/e2e/support/Handles.cpp
+    tests/e2e/support/Holdings.cpp
     tests/e2e/support/Input.cpp
     tests/e2e/support/LogText.cpp
     tests/e2e/support/MappedDrive.cpp
@@ -307,6 +308,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/CommandLineTest.cpp
     tests/e2e/ConfigurationTest.cpp
     tests/e2e/DifferentialTest.cpp
+    tests/e2e/EnduranceTest.cpp
     tests/e2e/FailuresTest.cpp
     tests/e2e/HardeningTest.cpp
     tests/e2e/HelpTest.cpp

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <thread>
+#include <vector>
 
 #include "tests/e2e/StandIn.h"
 #include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/Holdings.h"
 #include "tests/e2e/support/LogText.h"
 #include "tests/e2e/support/MessageBoxProbe.h"
 #include "tests/e2e/support/Registry.h"
@@ -107,6 +110,36 @@ TEST(RunningProgram, ReportsTheEndAndTheCommandLineOfTheStandInSaver) {
     const std::wstring line = ReadText(kStandInKey, kSaverCommandLine).value_or(L"");
     EXPECT_TRUE(line.ends_with(L"StandInSaver.scr\" /S  as typed"));
     RemoveKeyTree(kTestKey);
+}
+
+// Asked by its number, this process is one like any other.
+TEST(Holdings, CountMemoryThatIsWrittenTo) {
+    constexpr SIZE_T kSize = SIZE_T{32} << 20U;
+    constexpr SIZE_T kTolerance = SIZE_T{2} << 20U;
+    const Holdings before = HoldingsOf(GetCurrentProcessId());
+    void* const memory = VirtualAlloc(nullptr, kSize, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
+    ASSERT_NE(memory, nullptr);
+    std::memset(memory, 1, kSize);
+    const Holdings during = HoldingsOf(GetCurrentProcessId());
+    VirtualFree(memory, 0, MEM_RELEASE);
+    const Holdings after = HoldingsOf(GetCurrentProcessId());
+    for (const SIZE_T Holdings::*const figure : {&Holdings::PrivateBytes, &Holdings::WorkingSet}) {
+        EXPECT_GE(during.*figure, before.*figure + kSize - kTolerance);
+        EXPECT_LE(during.*figure, before.*figure + kSize + kTolerance);
+        EXPECT_LE(after.*figure, before.*figure + kTolerance);
+    }
+}
+
+TEST(Holdings, CountOpenHandles) {
+    const DWORD before = HoldingsOf(GetCurrentProcessId()).Handles;
+    {
+        std::vector<UniqueHandle> events;
+        for (int i = 0; i < 100; ++i) {
+            events.emplace_back(CreateEventW(nullptr, FALSE, FALSE, nullptr));
+        }
+        EXPECT_EQ(HoldingsOf(GetCurrentProcessId()).Handles, before + 100);
+    }
+    EXPECT_EQ(HoldingsOf(GetCurrentProcessId()).Handles, before);
 }
 
 struct BoxCase {

@@ -18,10 +18,15 @@ void SaverTest::WriteOneSet(const std::wstring& name) {
 
 void SaverTest::RunToTheEnd(const std::wstring& arguments) {
     Start(arguments);
+    WaitForTheEndOfTheRun();
+}
+
+void SaverTest::WaitForTheEndOfTheRun(Milliseconds limit) {
     const PanelProbe panel = Panel();
     // The label is read by the thread that runs: when it answers with this text, nothing of the
     // run is left to be done that would let it answer.
-    if (!WaitUntil([&] { return panel.ShowsTheEndOfTheRun() || !Program().IsRunning(); })) {
+    const auto ended = [&] { return panel.ShowsTheEndOfTheRun() || !Program().IsRunning(); };
+    if (!WaitUntil(ended, limit)) {
         throw std::runtime_error("the run does not come to its end");
     }
 }

@@ -24,6 +24,8 @@ class SaverTest : public virtual ProgramTest {
 
     // Starts the saver and waits until all Sets are processed and the log is closed.
     void RunToTheEnd(const std::wstring& arguments = L"/S");
+    // Waits for the same after a start that a test has made itself.
+    void WaitForTheEndOfTheRun(Milliseconds limit = kSoon);
     // Starts the saver and waits until at least one file of many is copied.
     void RunUntilFilesAreCopied(const std::wstring& arguments = L"/S");
     // Presses a key, which must end the program without any box.

@@ -4,14 +4,14 @@
 
 namespace ambrio::e2e {
 
-bool WaitUntil(const std::function<bool()>& condition, Milliseconds limit) {
-    constexpr DWORD kBetweenLooks = 4;
+bool WaitUntil(const std::function<bool()>& condition, Milliseconds limit,
+               Milliseconds betweenLooks) {
     const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(limit.count());
     while (!condition()) {
         if (GetTickCount64() >= end) {
             return false;
         }
-        Sleep(kBetweenLooks);
+        Sleep(static_cast<DWORD>(betweenLooks.count()));
     }
     return true;
 }
