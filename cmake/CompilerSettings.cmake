@@ -22,9 +22,14 @@ if(AMBRIO_SANITIZE)
   # Some optimisation, as the tests run whole backups by the hundred.
   target_compile_options(ambrio_compiler_settings INTERFACE -O1 -fsanitize=address,undefined
                                                             -fno-sanitize-recover=all)
-  # With sanitizers the compiler sees it in the standard library's regex; the other builds check it.
-  target_compile_options(ambrio_compiler_settings INTERFACE -Wno-maybe-uninitialized)
+  # With sanitizers GCC sees it in the standard library's regex; the other builds check it.
+  target_compile_options(ambrio_compiler_settings
+                         INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(ambrio_compiler_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(AMBRIO_FUZZ)
+  target_compile_options(ambrio_compiler_settings INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 find_program(AMBRIO_CCACHE ccache)

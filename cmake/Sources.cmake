@@ -229,7 +229,23 @@ set(UNIT_TEST_SOURCES
     tests/unit/WindingDownTest.cpp
 )
 
+# The fuzzers; what they share, and the tests that feed them their seeds.
+set(FUZZ_SOURCES
+    tests/fuzz/CommandLineFuzzer.cpp
+    tests/fuzz/CopyModel.cpp
+    tests/fuzz/DestinationFolderFuzzer.cpp
+    tests/fuzz/FuzzInput.cpp
+    tests/fuzz/RunFuzzer.cpp
+    tests/fuzz/SetListFuzzer.cpp
+    tests/fuzz/TextConversionFuzzer.cpp
+)
+
+set(FUZZ_PROGRAM_SOURCES
+    tests/fuzz/FuzzMain.cpp
+)
+
 set(UNIT_TEST_HOST_SOURCES
+    tests/fuzz/SeedsTest.cpp
 )
 
 set(UNIT_TEST_WIN32_SOURCES

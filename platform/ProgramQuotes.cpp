@@ -31,8 +31,8 @@ std::size_t ProgramEnd(std::wstring_view line) {
 }  // namespace
 
 std::wstring WithQuotedProgram(const std::wstring& commandLine) {
-    const std::size_t end = commandLine.starts_with(L'"') ? 0 : ProgramEnd(commandLine);
-    if (commandLine.find(L' ') >= end) {
+    const std::size_t end = ProgramEnd(commandLine);
+    if (commandLine.find(L' ') >= end || commandLine.find(L'"') < end) {
         return commandLine;
     }
     return L'"' + commandLine.substr(0, end) + L'"' + commandLine.substr(end);

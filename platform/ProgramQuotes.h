@@ -6,7 +6,7 @@ namespace ambrio {
 
 // The command line with its program, which ends with the first ".scr" or ".exe" before a blank or
 // the end, in quotes where it has blanks; so it is not taken for a shorter name with arguments. A
-// line that begins with quotes, or in which no program can be told, stays as it is.
+// line whose program has quotes already, or in which no program can be told, stays as it is.
 [[nodiscard]] std::wstring WithQuotedProgram(const std::wstring& commandLine);
 
 }  // namespace ambrio

@@ -35,7 +35,7 @@ int NumberOf(const std::wssub_match& digits) {
 }
 
 bool ReadDate(const std::wstring& text, DateTime& when) {
-    static const std::wregex form(LR"((\d{1,2})[/-](\d{1,2})[/-](\d{4}))");
+    static const std::wregex form(LR"((\d{1,2})[/-](\d{1,2})[/-](\d{3,4}))");
     std::wsmatch parts;
     if (!std::regex_match(text, parts, form)) {
         return false;

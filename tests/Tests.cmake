@@ -40,8 +40,9 @@ if(WIN32)
   ambrio_test_program(unit_tests ${AMBRIO_RESOURCES} ${UNIT_TEST_SOURCES} ${UNIT_TEST_WIN32_SOURCES}
                       ${CONFORMANCE_TEST_SOURCES} ${CONFORMANCE_TEST_WIN32_SOURCES})
 else()
-  ambrio_test_program(unit_tests ${UNIT_TEST_SOURCES} ${UNIT_TEST_HOST_SOURCES}
+  ambrio_test_program(unit_tests ${UNIT_TEST_SOURCES} ${FUZZ_SOURCES} ${UNIT_TEST_HOST_SOURCES}
                       ${CONFORMANCE_TEST_SOURCES})
+  target_compile_definitions(unit_tests PRIVATE AMBRIO_SEEDS="${CMAKE_SOURCE_DIR}/tests/fuzz/seeds/")
 endif()
 
 if(WIN32)

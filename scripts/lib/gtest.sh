@@ -1,4 +1,4 @@
-# Counts what GoogleTest programs say. Sourced after common.sh.
+# Counts the results of tests, above all what GoogleTest programs say. Sourced after common.sh.
 
 TESTS_PASSED=0
 TESTS_FAILED=0
@@ -26,6 +26,12 @@ tests_count() {
     awk '/^\[  SKIPPED \].*ms\)/ { print "        skipped " $4 ": " reason; reason = "" }
          /^\[ RUN/ { reason = "" }
          !/^\[/ && !/: Skipped$/ && NF { reason = $0 }' "$log" | sed 's/\r//g'
+}
+
+# tests_add COUNT FAILED: adds tests of another kind, of which so many failed.
+tests_add() {
+    TESTS_PASSED=$((TESTS_PASSED + $1 - $2))
+    TESTS_FAILED=$((TESTS_FAILED + $2))
 }
 
 # The closing line; fails when a test did, or when none ran.

@@ -19,7 +19,8 @@ class HardeningTest : public SaverTest {
   protected:
     // Puts a library of the tests under each of these names beside the program and into a folder
     // that the program will have as its current one. What the libraries that are always there need
-    // themselves is not among them, as it is loaded before the program's first instruction.
+    // themselves is not among them, as it is loaded before the program's first instruction; nor is
+    // msimg32, which Wine's own libraries load late and by a rule of their own.
     void PlantLibraries() {
         MakeFolders(Current);
         Plant(Folder.Path());
@@ -27,10 +28,9 @@ class HardeningTest : public SaverTest {
         SetCurrentDirectoryW(Current.c_str());
     }
     static void Plant(const std::wstring& folder) {
-        for (const wchar_t* name :
-             {L"uxtheme.dll", L"mpr.dll", L"winmm.dll", L"msvfw32.dll", L"dwmapi.dll",
-              L"propsys.dll", L"msimg32.dll", L"hhctrl.ocx", L"cryptbase.dll", L"profapi.dll",
-              L"password.cpl", L"netapi32.dll"}) {
+        for (const wchar_t* name : {L"uxtheme.dll", L"mpr.dll", L"winmm.dll", L"msvfw32.dll",
+                                    L"dwmapi.dll", L"propsys.dll", L"hhctrl.ocx", L"cryptbase.dll",
+                                    L"profapi.dll", L"password.cpl", L"netapi32.dll"}) {
             const std::wstring planted = folder + L"\\" + name;
             ASSERT_NE(0, CopyFileW((TestProgramFolder() + L"\\StandInPassword.dll").c_str(),
                                    planted.c_str(), FALSE));

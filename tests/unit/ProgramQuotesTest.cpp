@@ -13,6 +13,8 @@ TEST(ProgramQuotes, StandAroundAProgramWithBlanks) {
         {L"C:\\x.screens\\a.exe", L"C:\\x.screens\\a.exe"},
         {L"\"C:\\a b.scr\" /c", L"\"C:\\a b.scr\" /c"},
         {L"program /S", L"program /S"},
+        {L"a \"b\".exe /c", L"a \"b\".exe /c"},
+        {L"a b.exe \"c d\"", L"\"a b.exe\" \"c d\""},
         {L"a.sc", L"a.sc"},
         {L"", L""},
     };

@@ -34,6 +34,7 @@ TEST(TextConversion, ReadsOtherFormsOfADate) {
     EXPECT_EQ(afternoon, DateFromText(L"11/21/2026 15:49"));
     EXPECT_EQ(afternoon, DateFromText(L"11-21-2026 3:49 pm"));
     EXPECT_EQ(afternoon, DateFromText(L" 11/21/2026  3:49:00 PM "));
+    EXPECT_EQ((DateTime{226, 11, 21, 15, 49, 0}), DateFromText(L"11/21/226 3:49 PM"));
 }
 
 TEST(TextConversion, ReadsNoDateOutOfOtherTexts) {
