@@ -30,6 +30,7 @@ set(copy_rules ${CMAKE_SOURCE_DIR}/tests/unit/copy-rules.txt)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${copy_rules})
 file(READ ${copy_rules} COPY_RULE_TABLE)
 configure_file(tests/unit/CopyRuleTable.h.in generated/CopyRuleTable.h @ONLY)
+configure_file(tests/fuzz/FuzzSeeds.h.in generated/FuzzSeeds.h @ONLY)
 
 function(ambrio_test_program name)
   add_executable(${name} ${ARGN})
@@ -42,7 +43,6 @@ if(WIN32)
 else()
   ambrio_test_program(unit_tests ${UNIT_TEST_SOURCES} ${FUZZ_SOURCES} ${UNIT_TEST_HOST_SOURCES}
                       ${CONFORMANCE_TEST_SOURCES})
-  target_compile_definitions(unit_tests PRIVATE AMBRIO_SEEDS="${CMAKE_SOURCE_DIR}/tests/fuzz/seeds/")
 endif()
 
 if(WIN32)

@@ -12,6 +12,10 @@ bool Qualifies(const std::wstring& type, FileAttributes attributes) {
 
 }  // namespace
 
+std::wstring PathBelow(const std::wstring& folder, const std::wstring& name) {
+    return folder + L"\\" + name;
+}
+
 void CopyModel::RunSet(const BackupSet& set, ModelFolder& source,
                        std::map<std::wstring, ModelFile>& copies) {
     set_ = &set;
@@ -27,14 +31,14 @@ void CopyModel::Walk(ModelFolder& folder, const std::wstring& below) {
         return;
     }
     for (auto& [name, file] : folder.Files) {
-        HandOver(file, below + L"\\" + name);
+        HandOver(file, PathBelow(below, name));
         if (Interrupted) {
             return;
         }
     }
     if (set_->rbRecursive) {
         for (ModelFolder& subfolder : folder.Folders) {
-            Walk(subfolder, below + L"\\" + subfolder.Name);
+            Walk(subfolder, PathBelow(below, subfolder.Name));
         }
     }
 }

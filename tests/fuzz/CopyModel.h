@@ -30,6 +30,9 @@ struct ModelFolder {
     friend bool operator==(const ModelFolder&, const ModelFolder&) = default;
 };
 
+// The path of what is in a folder; that of a tree's root is empty.
+[[nodiscard]] std::wstring PathBelow(const std::wstring& folder, const std::wstring& name);
+
 // Operations that fail each time, by what they are called with: for CopyFile the source.
 using ModelFaults = std::set<std::pair<FileOperation, std::wstring>>;
 

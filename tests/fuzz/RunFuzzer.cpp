@@ -216,7 +216,7 @@ class Scene {
         ModelFolder folder;
         const auto reader = bench_.Files.GetFolder(path);
         for (FileEntry entry; reader->Next(entry);) {
-            const std::wstring below = path + L"\\" + entry.Name;
+            const std::wstring below = PathBelow(path, entry.Name);
             if (entry.IsFolder()) {
                 folder.Folders.push_back(Read(below));
                 folder.Folders.back().Name = entry.Name;
@@ -236,11 +236,11 @@ class Scene {
     static void AddCopies(const ModelFolder& folder, const std::wstring& below, Copies& copies) {
         for (const auto& [name, file] : folder.Files) {
             if (!IsTemporaryName(name)) {
-                copies[below + L"\\" + name] = file;
+                copies[PathBelow(below, name)] = file;
             }
         }
         for (const ModelFolder& subfolder : folder.Folders) {
-            AddCopies(subfolder, below + L"\\" + subfolder.Name, copies);
+            AddCopies(subfolder, PathBelow(below, subfolder.Name), copies);
         }
     }
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "FuzzSeeds.h"
 #include "tests/fuzz/Fuzzers.h"
 
 namespace ambrio {
@@ -23,7 +24,7 @@ class SeedsTest : public testing::TestWithParam<Fuzzer> {};
 TEST_P(SeedsTest, FindNothing) {
     int seeds = 0;
     for (const auto& file :
-         std::filesystem::directory_iterator(std::string(AMBRIO_SEEDS) + GetParam().Name)) {
+         std::filesystem::directory_iterator(std::string(kFuzzSeeds) + GetParam().Name)) {
         std::ifstream stream(file.path(), std::ios::binary);
         const std::vector<char> bytes{std::istreambuf_iterator<char>(stream), {}};
         EXPECT_NO_THROW(GetParam().Run(

@@ -68,31 +68,16 @@ TEST_F(NameHazard, TwoNamesDifferOnlyInCase) {
 }
 
 TEST_F(NameHazard, NamesAreOdd) {
-    const Lines names = {L"caf\u00e9",
-                         L"cafe\u0301",
-                         L"dot.",
-                         L"dots...",
-                         L"blank ",
-                         L" ",
-                         L"CON",
-                         L"nul.txt",
-                         L"COM1",
-                         L"\xd800",
-                         L"a\xdc00"
-                         L"b",
-                         L"%TEMP%",
-                         L"a;b,c='d'&",
-                         L"\u202egpj.exe",
-                         L"Stra\u00dfe",
-                         L"STRASSE",
-                         L"\u0130",
-                         L"i\u0307"};
+    const Lines names = {
+        L"caf\u00e9",  L"cafe\u0301",    L"dot.",        L"dots...", L"blank ",     L" ",
+        L"CON",        L"nul.txt",       L"COM1",        L"\xd800",  L"\xdc00.txt", L"%TEMP%",
+        L"a;b,c='d'&", L"\u202egpj.exe", L"Stra\u00dfe", L"STRASSE", L"\u0130",     L"i\u0307"};
     for (const std::wstring& name : names) {
-        File(L"C:\\Data\\" + name + L"\\" + name, "of the file");
+        File(FileSystem::BuildPath(L"C:\\Data\\" + name, name), "of the file");
     }
     Run();
     for (const std::wstring& name : names) {
-        EXPECT_EQ(Content(L"C:\\Copies\\" + name + L"\\" + name), "of the file")
+        EXPECT_EQ(Content(FileSystem::BuildPath(L"C:\\Copies\\" + name, name)), "of the file")
             << testing::PrintToString(name);
     }
     EXPECT_EQ(Bench.State.FilesCopied, static_cast<int>(names.size()));
