@@ -330,6 +330,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/HelpTest.cpp
     tests/e2e/InterruptTest.cpp
     tests/e2e/KeyboardTest.cpp
+    tests/e2e/KillTest.cpp
     tests/e2e/LogPlaceTest.cpp
     tests/e2e/OddNamesTest.cpp
     tests/e2e/PasswordTest.cpp
