@@ -327,6 +327,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/EnduranceTest.cpp
     tests/e2e/FailuresTest.cpp
     tests/e2e/HardeningTest.cpp
+    tests/e2e/HazardTest.cpp
     tests/e2e/HelpTest.cpp
     tests/e2e/InterruptTest.cpp
     tests/e2e/KeyboardTest.cpp
@@ -343,6 +344,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/StayResponsiveTest.cpp
     tests/e2e/SupportTest.cpp
     tests/e2e/SystemToolTest.cpp
+    tests/e2e/TwoProgramsTest.cpp
     tests/e2e/WebPageTest.cpp
     tests/e2e/WideNamesTest.cpp
     tests/e2e/WindowedModeTest.cpp

@@ -20,7 +20,7 @@ UniqueHandle MakeJob() {
 }  // namespace
 
 RunningProgram::RunningProgram(const std::wstring& program, const std::wstring& arguments,
-                               const std::wstring& module)
+                               const std::wstring& module, std::wstring desktop)
     : job_(MakeJob()) {
     std::wstring line = L"\"" + program + L"\"";
     if (!arguments.empty()) {
@@ -28,6 +28,7 @@ RunningProgram::RunningProgram(const std::wstring& program, const std::wstring& 
     }
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
+    startup.lpDesktop = desktop.empty() ? nullptr : desktop.data();
     PROCESS_INFORMATION started{};
     // Suspended, so that it cannot start anything before the job holds it.
     if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED,

@@ -12,10 +12,10 @@ namespace ambrio::e2e {
 class RunningProgram {
   public:
     // Starts `program` with the command line that is its quoted path, a blank and `arguments`
-    // exactly as they stand. A `module` is loaded into it before its first instruction. Throws
-    // std::system_error when it cannot be started.
+    // exactly as they stand. A `module` is loaded into it before its first instruction; without
+    // a `desktop` it is on this process's own. Throws std::system_error when it cannot be started.
     RunningProgram(const std::wstring& program, const std::wstring& arguments,
-                   const std::wstring& module = {});
+                   const std::wstring& module = {}, std::wstring desktop = {});
     // Ends whatever still runs.
     ~RunningProgram();
     RunningProgram(const RunningProgram&) = delete;
