@@ -41,7 +41,12 @@ quietly() {
     fi
 }
 
-# Runs a command as root: directly, or through sudo.
+# Runs a command as root: directly, or through sudo; with -n before it, without asking anybody.
 as_root() {
-    if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+    local ask=()
+    if [ "$1" = -n ]; then
+        ask=(-n)
+        shift
+    fi
+    if [ "$(id -u)" = 0 ]; then "$@"; else sudo "${ask[@]}" "$@"; fi
 }

@@ -6,6 +6,8 @@
 #                              that a refused file is refused.
 #   wine_do COMMAND...         runs a command in that world (wine, wineserver, xdotool, ...)
 #   wine_program LOG EXE ARGS  runs a PE program, its output in LOG
+#   wine_small_disk            mounts a disk of 4 MiB for the tests that fill one, and names it to
+#                              them in AMBRIO_SMALL_DISK; where that is refused they are skipped
 #   wine_stage FILE...         copies files to $WINE_STAGE/programs, where that user may read them
 #   wine_picture FILE [PLACE]  writes what the display shows into a file, all of it or the place
 #                              WIDTHxHEIGHT+LEFT+TOP
@@ -36,6 +38,16 @@ wine_stage() {
 # lies over another one black.
 wine_picture() {
     wine_do import -silent -window root ${2:+-crop "$2"} +repage png:- >"$1"
+}
+
+wine_small_disk() {
+    local place=$WINE_STAGE/small-disk
+    mkdir -p "$place"
+    export AMBRIO_SMALL_DISK=
+    if as_root -n mount -t tmpfs -o "size=4m,mode=0777" tmpfs "$place" 2>/dev/null; then
+        on_exit "as_root -n umount -l '$place'"
+        AMBRIO_SMALL_DISK=Z:${place//\//\\}
+    fi
 }
 
 wine_own() {

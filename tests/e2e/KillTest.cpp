@@ -20,6 +20,8 @@ constexpr unsigned kLargeFiles = 4;
 constexpr std::size_t kLargeSize = 3U << 20U;
 constexpr unsigned kKillsInTheTests = 20;
 constexpr unsigned kKillsBetweenWholeRuns = 5;
+// Spent only when a run does not end.
+constexpr Milliseconds kLongRun = std::chrono::minutes(2);
 // A file of a later version is so much newer.
 constexpr unsigned kSecondsPerVersion = 10;
 constexpr unsigned kAgeOfTheFirst = 1'000'000;
@@ -112,7 +114,8 @@ class KillTest : public SaverTest {
     }
     void RunToCompletion() {
         const auto start = std::chrono::steady_clock::now();
-        RunToTheEnd();
+        Start(L"/S");
+        WaitForTheEndOfTheRun(kLongRun);
         LengthOfARun =
             std::chrono::duration_cast<Milliseconds>(std::chrono::steady_clock::now() - start);
         EndByKey();

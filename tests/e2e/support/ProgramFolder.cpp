@@ -4,8 +4,6 @@
 
 #include <system_error>
 
-#include "tests/e2e/support/Files.h"
-
 namespace ambrio::e2e {
 
 namespace {
@@ -25,10 +23,10 @@ void CopyPlainFile(const std::wstring& from, const std::wstring& to) {
     }
 }
 
-std::wstring NewFolder() {
+std::wstring NewFolder(const std::wstring& parent) {
     for (int number = 0;; ++number) {
-        std::wstring path = TemporaryFolder() + L"\\Ambrio" +
-                            std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(number);
+        std::wstring path = parent + L"\\Ambrio" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                            std::to_wstring(number);
         if (CreateDirectoryW(path.c_str(), nullptr) != 0) {
             return path;
         }
@@ -40,8 +38,8 @@ std::wstring NewFolder() {
 
 }  // namespace
 
-ProgramFolder::ProgramFolder(const std::wstring& programName)
-    : path_(NewFolder()), program_(path_ + L"\\" + programName) {
+ProgramFolder::ProgramFolder(const std::wstring& programName, const std::wstring& parent)
+    : path_(NewFolder(parent)), program_(path_ + L"\\" + programName) {
     const std::wstring source = ProgramToTest();
     const std::wstring clip = source.substr(0, source.find_last_of(L'\\')) + L"\\filecopy.avi";
     try {

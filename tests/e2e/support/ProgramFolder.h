@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "tests/e2e/support/Files.h"
+
 namespace ambrio::e2e {
 
 // A folder of a test's own with a copy of the program and of the clip that belongs beside it. The
@@ -10,9 +12,10 @@ namespace ambrio::e2e {
 // that cannot be removed fails the test that is running.
 class ProgramFolder {
   public:
-    // `programName` is the name that the copy gets. Throws std::system_error when there is no
-    // program to copy.
-    explicit ProgramFolder(const std::wstring& programName = L"Ambrio.scr");
+    // `programName` is the name that the copy gets, `parent` the folder in which this one is made.
+    // Throws std::system_error when there is no program to copy.
+    explicit ProgramFolder(const std::wstring& programName = L"Ambrio.scr",
+                           const std::wstring& parent = TemporaryFolder());
     ~ProgramFolder();
     ProgramFolder(const ProgramFolder&) = delete;
     ProgramFolder& operator=(const ProgramFolder&) = delete;

@@ -23,11 +23,11 @@ void ProgramTest::TearDown() {
     ExpectNothingLeft();
 }
 
-RunningProgram& ProgramTest::Start(const std::wstring& arguments) {
+RunningProgram& ProgramTest::Start(const std::wstring& arguments, const ProgramFolder& folder) {
     if (program_) {
         ExpectNothingLeft();
     }
-    program_ = std::make_unique<RunningProgram>(Folder.Program(), arguments, module_);
+    program_ = std::make_unique<RunningProgram>(folder.Program(), arguments, module_);
     return *program_;
 }
 

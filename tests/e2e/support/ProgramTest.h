@@ -26,7 +26,9 @@ class ProgramTest : public testing::Test {
 
     // Starts the program with these arguments. Only one at a time is looked after; what was
     // started before must have ended.
-    RunningProgram& Start(const std::wstring& arguments);
+    RunningProgram& Start(const std::wstring& arguments) { return Start(arguments, Folder); }
+    // The same with a program that lies elsewhere.
+    RunningProgram& Start(const std::wstring& arguments, const ProgramFolder& folder);
     [[nodiscard]] RunningProgram& Program();
 
     // Waits for a visible top-level window of the program.
