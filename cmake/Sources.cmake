@@ -289,6 +289,7 @@ set(CONFORMANCE_TEST_WIN32_SOURCES
 # The end-to-end tests: what drives the real program from outside, then the tests.
 set(E2E_SUPPORT_SOURCES
     tests/e2e/support/DialogTest.cpp
+    tests/e2e/support/Environment.cpp
     tests/e2e/support/ExecutableFile.cpp
     tests/e2e/support/Files.cpp
     tests/e2e/support/Handles.cpp

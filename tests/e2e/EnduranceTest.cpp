@@ -5,6 +5,7 @@
 #include <iostream>
 #include <set>
 
+#include "tests/e2e/support/Environment.h"
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/Holdings.h"
 #include "tests/e2e/support/SaverTest.h"
@@ -19,11 +20,8 @@ constexpr int kFilesInTheTests = 20'000;
 // Spent only when a run does not end.
 constexpr Milliseconds kLongRun = std::chrono::hours(2);
 
-// The value of an environment variable that asks for a size other than the tests' own.
-int SizeFromEnvironment(const wchar_t* name, int otherwise) {
-    wchar_t text[16]{};
-    const DWORD length = GetEnvironmentVariableW(name, text, 16);
-    return length > 0 && length < 16 ? std::stoi(text) : otherwise;
+int SizeFromEnvironment(const wchar_t* name, unsigned otherwise) {
+    return static_cast<int>(NumberFromEnvironment(name, otherwise));
 }
 
 // The folders of the tree by their number, each with twenty subfolders while the numbers last, so
@@ -126,7 +124,7 @@ class EnduranceTest : public SaverTest {
                   << late.WorkingSet / 1024 << " |\n"
                   << "| memory of its own, KiB | " << early.PrivateBytes / 1024 << " | "
                   << late.PrivateBytes / 1024 << " |\n"
-                  << "| handles | " << early.Handles << " | " << late.Handles << " |\n";
+                  << "| handles | " << early.Handles << " | " << late.Handles << " |" << std::endl;
     }
 };
 

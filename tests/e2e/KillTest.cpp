@@ -8,6 +8,7 @@
 #include <map>
 #include <random>
 
+#include "tests/e2e/support/Environment.h"
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/SaverTest.h"
 #include "tests/e2e/support/Text.h"
@@ -25,12 +26,6 @@ constexpr Milliseconds kLongRun = std::chrono::minutes(2);
 // A file of a later version is so much newer.
 constexpr unsigned kSecondsPerVersion = 10;
 constexpr unsigned kAgeOfTheFirst = 1'000'000;
-
-unsigned NumberFromEnvironment(const wchar_t* name, unsigned otherwise) {
-    wchar_t text[16]{};
-    const DWORD length = GetEnvironmentVariableW(name, text, 16);
-    return length > 0 && length < 16 ? static_cast<unsigned>(std::stoul(text)) : otherwise;
-}
 
 struct StormFile {
     std::wstring Path;     // below the source
