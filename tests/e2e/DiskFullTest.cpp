@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/SaverTest.h"
@@ -113,31 +114,59 @@ TEST_F(DiskFullTest, WithoutAFreeByteEachCopyIsReportedAndNothingIsLeft) {
 }
 
 // The program and with it the log are on the disk; the copies are elsewhere.
-TEST_F(DiskFullTest, ALogThatRunsFullEndsTheRunInOrderAndIsTold) {
-    const ProgramFolder program(L"Ambrio.scr", SmallDisk());
-    Source.AddFile(L"1.txt", "one").AddFile(L"Sub\\2.txt", "two");
-    Settings.WriteSets({{L"Documents", Source.Root(), Destination()},
-                        {L"More", Source.Root(), Destination() + L" of more"}});
-    Settings.Write(L"General", L"LastRun", PresentTime());
-    // Room for the header and the first Set's start, not for its end.
-    const std::string old(kPage - 120, '-');
-    WriteFileBytes(program.LogFile(), old);
-    FillUpTo(0);
+class LogDiskFullTest : public DiskFullTest {
+  protected:
+    // Two Sets, and a log of the same day that has room for so many bytes.
+    void SetUp() override {
+        DiskFullTest::SetUp();
+        if (IsSkipped()) {
+            return;
+        }
+        program_.emplace(L"Ambrio.scr", SmallDisk());
+        Source.AddFile(L"1.txt", "one").AddFile(L"Sub\\2.txt", "two");
+        Settings.WriteSets({{L"Documents", Source.Root(), Destination()},
+                            {L"More", Source.Root(), SecondDestination}});
+        Settings.Write(L"General", L"LastRun", PresentTime());
+    }
+    void WriteLog(std::size_t left) {
+        Old = std::string(kPage - left, '-');
+        WriteFileBytes(program_->LogFile(), Old);
+        FillUpTo(0);
+    }
+    // The run must end by itself, in order, and say why.
+    void ExpectBoxAndEnd() {
+        Start(L"/S", *program_);
+        const MessageBoxProbe box = WaitForBox();
+        EXPECT_EQ(WithoutReturns(box.Text()),
+                  L"Error 61 - Disk full while writing \n      <" + program_->LogFile() + L">");
+        EXPECT_EQ(box.Icon(), BoxIcon::CriticalStop);
+        EXPECT_TRUE(box.Press());
+        EXPECT_TRUE(Ends());
+        EXPECT_FALSE(FolderExists(SecondDestination));
+        MakeRoom();
+    }
+    [[nodiscard]] std::string LogBytes() const { return ReadFileBytes(program_->LogFile()); }
 
-    Start(L"/S", program);
-    const MessageBoxProbe box = WaitForBox();
-    EXPECT_EQ(WithoutReturns(box.Text()),
-              L"Error 61 - Disk full while writing \n      <" + program.LogFile() + L">");
-    EXPECT_EQ(box.Icon(), BoxIcon::CriticalStop);
-    EXPECT_TRUE(box.Press());
-    EXPECT_TRUE(Ends());
+    const std::wstring SecondDestination = Destination() + L" of more";
+    std::string Old;
 
+  private:
+    std::optional<ProgramFolder> program_;
+};
+
+TEST_F(LogDiskFullTest, InTheMiddleOfTheLogTheCopiesMadeSoFarAreWhole) {
+    WriteLog(120);  // the header and the start of the first Set, not its end
+    ExpectBoxAndEnd();
     EXPECT_TRUE(SameTree(ReadTree(Source.Root()), ReadTree(Destination())));
-    EXPECT_FALSE(FolderExists(Destination() + L" of more"));
-    const std::string log = ReadFileBytes(program.LogFile());
-    EXPECT_TRUE(log.starts_with(old));
-    EXPECT_NE(log.find("'Documents' start\r\n"), std::string::npos);
-    MakeRoom();
+    EXPECT_TRUE(LogBytes().starts_with(Old));
+    EXPECT_NE(LogBytes().find("'Documents' start\r\n"), std::string::npos);
+}
+
+TEST_F(LogDiskFullTest, BeforeTheFirstLineOfTheLogNothingIsCopied) {
+    WriteLog(0);
+    ExpectBoxAndEnd();
+    EXPECT_FALSE(FolderExists(Destination()));
+    EXPECT_EQ(LogBytes(), Old);
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 
 #include <chrono>
 #include <iostream>
-#include <map>
 #include <random>
+#include <set>
 
 #include "tests/e2e/support/Environment.h"
 #include "tests/e2e/support/Files.h"
@@ -66,8 +66,12 @@ class KillTest : public SaverTest {
         Source.AddFile(file.Path, ContentOf(file, file.Version),
                        kAgeOfTheFirst - file.Version * kSecondsPerVersion);
     }
-    // A new version of about every second file.
+    // A new version of about every second file, and a few files that have no copy yet.
     void ChangeSources() {
+        for (int i = 0; i < 3; ++i) {
+            Storm.push_back({L"new\\" + std::to_wstring(Storm.size()) + L".txt"});
+            Write(Storm.back());
+        }
         for (StormFile& file : Storm) {
             if (Random() % 2 == 0) {
                 ++file.Version;
@@ -90,8 +94,11 @@ class KillTest : public SaverTest {
         Program().Kill();
     }
     // Each copy is what it was or what it was to become; what it is now is kept for the next time.
+    // Nothing else is there but temporaries.
     void ExpectWholeCopies() {
+        std::set<std::wstring> known;
         for (StormFile& file : Storm) {
+            known.insert(file.Path);
             const std::wstring path = Destination() + L"\\" + file.Path;
             if (!FileExists(path)) {
                 EXPECT_FALSE(file.HasCopy) << Utf8(path) << " is gone";
@@ -105,6 +112,11 @@ class KillTest : public SaverTest {
                     << Utf8(path) << " holds neither the old nor the new version";
             }
             file.HasCopy = true;
+        }
+        for (const auto& [path, entry] : ReadTree(Destination())) {
+            EXPECT_TRUE(entry.IsFolder || known.contains(path) ||
+                        path.find(L"~ambrio-") != std::wstring::npos)
+                << Utf8(path) << " is nobody's copy";
         }
     }
     void RunToCompletion() {
