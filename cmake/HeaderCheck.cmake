@@ -1,16 +1,16 @@
-# Every header compiles alone: each becomes the only line of a source file of its own. Headers that
-# may include the system's are left to the builds that have it.
+# Every header compiles alone: each becomes the only line of a source file of its own. The host build
+# has those that need no system header, the others are left to the builds that have it.
 
-set(header_patterns engine/*.h settings/*.h platform/*.h app/model/*.h saver/animation/*.h
-                    saver/model/*.h config/model/*.h tests/support/*.h tests/conformance/*.h)
+set(portable engine/*.h settings/*.h platform/*.h app/model/*.h saver/animation/*.h saver/model/*.h
+             config/model/*.h tests/support/*.h tests/conformance/*.h tests/faults/*.h tests/fuzz/*.h)
+file(GLOB_RECURSE headers RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS ${portable})
+list(FILTER headers EXCLUDE REGEX "/win32/")
 if(WIN32)
-  list(APPEND header_patterns app/*.h config/*.h saver/*.h tests/e2e/*.h tests/windowsfiles/*.h)
+  set(portable_headers ${headers})
+  file(GLOB_RECURSE headers RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS
+       app/*.h config/*.h platform/*.h saver/*.h tests/*.h)
+  list(REMOVE_ITEM headers ${portable_headers})
 endif()
-file(GLOB_RECURSE headers RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS ${header_patterns})
-if(NOT WIN32)
-  list(FILTER headers EXCLUDE REGEX "/win32/")
-endif()
-list(REMOVE_DUPLICATES headers)
 set(header_sources)
 foreach(header IN LISTS headers)
   string(MAKE_C_IDENTIFIER ${header} identifier)
@@ -20,3 +20,4 @@ foreach(header IN LISTS headers)
 endforeach()
 add_library(ambrio_header_check OBJECT ${header_sources})
 target_link_libraries(ambrio_header_check PRIVATE ambrio_compiler_settings gtest)
+target_compile_options(ambrio_header_check PRIVATE -O0)

@@ -32,9 +32,16 @@ file(READ ${copy_rules} COPY_RULE_TABLE)
 configure_file(tests/unit/CopyRuleTable.h.in generated/CopyRuleTable.h @ONLY)
 configure_file(tests/fuzz/FuzzSeeds.h.in generated/FuzzSeeds.h @ONLY)
 
+# Compiles several sources of a program as one, as most of the time goes into the headers that they
+# share. Names in anonymous namespaces must differ within such a group.
+function(ambrio_compile_together name)
+  set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+endfunction()
+
 function(ambrio_test_program name)
   add_executable(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE ambrio_test_support gtest gtest_main)
+  ambrio_compile_together(${name})
 endfunction()
 
 if(WIN32)
@@ -58,6 +65,7 @@ if(WIN32 AND E2E_TEST_SOURCES)
   # and not redirected.
   add_executable(e2e_tests ${AMBRIO_RESOURCES} ${E2E_SUPPORT_SOURCES} ${E2E_TEST_SOURCES})
   target_link_libraries(e2e_tests PRIVATE ambrio_platform gtest gtest_main)
+  ambrio_compile_together(e2e_tests)
 
   # What the tests put in place of another screen saver and of the system's password module.
   add_executable(StandInSaver WIN32 ${E2E_STANDIN_SAVER_SOURCES})

@@ -9,7 +9,7 @@ namespace ambrio {
 namespace {
 
 // The rows in short: a plus for an open one, blanks for the depth, the name.
-std::vector<std::wstring> Lines(const DirectoryTree& tree) {
+std::vector<std::wstring> ShownLines(const DirectoryTree& tree) {
     std::vector<std::wstring> lines;
     for (const DirectoryRow& row : tree.Rows()) {
         lines.push_back((row.IsOpen ? L"+" : L" ") +
@@ -35,7 +35,7 @@ TEST_F(DirectoryTreeTest, ShowsAncestorsAboveAndSubdirectoriesBelowByName) {
     tree_.Open(L"C:\\Data\\Work\\");
     EXPECT_EQ(
         (Texts{L"+C:\\", L"+ Data", L"+  Work", L"    Alpha & Co", L"    beta", L"    hidden"}),
-        Lines(tree_));
+        ShownLines(tree_));
     EXPECT_EQ(L"C:\\Data\\Work", tree_.Path());
     EXPECT_EQ(2U, tree_.OpenRow());
     EXPECT_EQ(L"C:\\Data\\Work\\beta", tree_.Rows()[4].Path);
@@ -45,7 +45,7 @@ TEST_F(DirectoryTreeTest, ShowsAncestorsAboveAndSubdirectoriesBelowByName) {
 TEST_F(DirectoryTreeTest, ARootKeepsItsSeparator) {
     files_.MakeFolder(L"C:\\Data");
     tree_.Open(L"C:\\");
-    EXPECT_EQ((Texts{L"+C:\\", L"  Data"}), Lines(tree_));
+    EXPECT_EQ((Texts{L"+C:\\", L"  Data"}), ShownLines(tree_));
     EXPECT_EQ(L"C:\\", tree_.Path());
     EXPECT_EQ(L"C:\\Data", tree_.Rows()[1].Path);
 }
@@ -54,10 +54,10 @@ TEST_F(DirectoryTreeTest, AShareIsARoot) {
     files_.SetVolume(L"\\\\server\\share", true);
     files_.MakeFolder(L"\\\\server\\share\\a\\b");
     tree_.Open(L"\\\\server\\share\\a");
-    EXPECT_EQ((Texts{L"+\\\\server\\share\\", L"+ a", L"   b"}), Lines(tree_));
+    EXPECT_EQ((Texts{L"+\\\\server\\share\\", L"+ a", L"   b"}), ShownLines(tree_));
     EXPECT_EQ(L"\\\\server\\share\\a", tree_.Path());
     tree_.Open(L"\\\\server\\share");
-    EXPECT_EQ((Texts{L"+\\\\server\\share", L"  a"}), Lines(tree_));
+    EXPECT_EQ((Texts{L"+\\\\server\\share", L"  a"}), ShownLines(tree_));
     EXPECT_EQ(L"\\\\server\\share\\a", tree_.Rows()[1].Path);
 }
 
