@@ -6,8 +6,9 @@ set -euo pipefail
 AMBRIO_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 AMBRIO_BUILD=$AMBRIO_ROOT/build
 
-# One line a step, with the seconds since the start.
-step() { printf '[%3ds] %s\n' "$SECONDS" "$*"; }
+# One line a step, with the seconds since the first of the scripts that call each other was started.
+export AMBRIO_STARTED=${AMBRIO_STARTED:-$EPOCHSECONDS}
+step() { printf '[%3ds] %s\n' "$((EPOCHSECONDS - AMBRIO_STARTED))" "$*"; }
 
 fail() {
     printf 'ambrio: %s\n' "$*" >&2

@@ -26,7 +26,7 @@ fuzz_all() {
     local seconds=$1
     shift
     [ $# -gt 0 ] || set -- "${FUZZERS[@]}"
-    export AMBRIO_ROOT AMBRIO_BUILD SECONDS
+    export AMBRIO_ROOT AMBRIO_BUILD
     export -f fuzz_one step
     printf '%s\n' "$@" | xargs -P "$(nproc)" -I{} bash -c 'fuzz_one "$@"' _ "$seconds" {}
 }
