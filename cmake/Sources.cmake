@@ -180,6 +180,7 @@ set(UNIT_TEST_SOURCES
     tests/faults/FaultMatrixTest.cpp
     tests/faults/FaultScene.cpp
     tests/faults/FaultStage.cpp
+    tests/faults/RunFaultTest.cpp
     tests/unit/BackupSetTest.cpp
     tests/unit/BigFolderTest.cpp
     tests/unit/CentreFormTest.cpp
@@ -215,7 +216,6 @@ set(UNIT_TEST_SOURCES
     tests/unit/RegistryValueTest.cpp
     tests/unit/RoundingTest.cpp
     tests/unit/RunDriverTest.cpp
-    tests/unit/RunFaultTest.cpp
     tests/unit/RunLogTest.cpp
     tests/unit/SecondarySaversTest.cpp
     tests/unit/SetListModelTest.cpp
