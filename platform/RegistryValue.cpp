@@ -5,19 +5,6 @@
 namespace ambrio {
 namespace {
 
-constexpr std::uint32_t kText = 1;
-constexpr std::uint32_t kExpandableText = 2;
-constexpr std::uint32_t kNumber = 4;
-constexpr std::uint32_t kTexts = 7;
-
-std::wstring WideText(std::span<const std::uint8_t> bytes) {
-    std::wstring text;
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        text += static_cast<wchar_t>(bytes[i] | (bytes[i + 1] << 8));
-    }
-    return text;
-}
-
 std::wstring NumberText(std::span<const std::uint8_t> bytes) {
     constexpr std::size_t kBytesOfNumber = 4;
     constexpr std::size_t kDigits = 3;
@@ -31,16 +18,29 @@ std::wstring NumberText(std::span<const std::uint8_t> bytes) {
 
 }  // namespace
 
-std::wstring RegistryValueText(std::uint32_t type, std::span<const std::uint8_t> bytes) {
-    const bool isText = type == kText || type == kExpandableText || type == kTexts;
-    const std::size_t length = isText ? bytes.size() / 2 : bytes.size();
+bool IsTextType(RegistryType type) {
+    return type == RegistryType::Text || type == RegistryType::ExpandableText ||
+           type == RegistryType::Texts;
+}
+
+std::wstring RegistryCharacters(RegistryType type, std::span<const std::uint8_t> bytes) {
+    if (!IsTextType(type)) {
+        return {bytes.begin(), bytes.end()};
+    }
+    std::wstring text;
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        text += static_cast<wchar_t>(bytes[i] | (bytes[i + 1] << 8));
+    }
+    return text;
+}
+
+std::wstring RegistryValueText(RegistryType type, std::span<const std::uint8_t> bytes) {
+    const std::size_t length = IsTextType(type) ? bytes.size() / 2 : bytes.size();
     if (length == 0 || length > kLongestRegistryValue) {
         return {};
     }
-    if (type == kNumber) {
-        return NumberText(bytes).substr(0, length - 1);
-    }
-    const std::wstring text = isText ? WideText(bytes) : std::wstring(bytes.begin(), bytes.end());
+    const std::wstring text =
+        type == RegistryType::Number ? NumberText(bytes) : RegistryCharacters(type, bytes);
     return text.substr(0, length - 1);
 }
 

@@ -7,14 +7,6 @@
 namespace ambrio {
 namespace {
 
-std::wstring WideText(std::span<const std::uint8_t> bytes) {
-    std::wstring text;
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        text += static_cast<wchar_t>(bytes[i] | (bytes[i + 1] << 8));
-    }
-    return text;
-}
-
 // Wanted: a byte below 16 loses a digit.
 std::wstring NumberText(std::span<const std::uint8_t> bytes) {
     char hexadecimal[16];
@@ -39,9 +31,7 @@ std::wstring RegistryText(RegistryType type, std::span<const std::uint8_t> bytes
         }
         return NumberText(number);
     }
-    const bool isWide = type == RegistryType::Text || type == RegistryType::ExpandableText ||
-                        type == RegistryType::Texts;
-    std::wstring text = isWide ? WideText(bytes) : std::wstring(bytes.begin(), bytes.end());
+    std::wstring text = RegistryCharacters(type, bytes);
     if (!text.empty() && text.back() == L'\0') {
         text.pop_back();
     }

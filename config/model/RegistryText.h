@@ -4,10 +4,9 @@
 #include <span>
 #include <string>
 
-namespace ambrio {
+#include "platform/RegistryValue.h"
 
-// The types of registry values, with the registry's own numbers.
-enum class RegistryType : std::uint32_t { Text = 1, ExpandableText = 2, Number = 4, Texts = 7 };
+namespace ambrio {
 
 // A registry value as text. The types of text are read as little-endian UTF-16, less one NUL at
 // their end. A number gives the hexadecimal digits of its bytes from the last to the first, each

@@ -21,7 +21,7 @@ std::wstring ReadRegistryValue(HKEY root, const std::wstring& subkey, const std:
         ERROR_SUCCESS) {
         return {};
     }
-    return RegistryValueText(type, std::span(bytes).first(length));
+    return RegistryValueText(RegistryType{type}, std::span(bytes).first(length));
 }
 
 }  // namespace ambrio

@@ -65,7 +65,7 @@ void FuzzTextConversion(FuzzInput input) {
             TryRounding(number, RoundToInt16);
         }
     }
-    const std::uint32_t type = input.Byte();
+    const RegistryType type{input.Byte()};
     Require(RegistryValueText(type, input.Rest()).size() < kLongestRegistryValue,
             "a registry value is short");
 }
