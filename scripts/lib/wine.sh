@@ -14,10 +14,12 @@
 
 WINE_USER_ID=1234
 
+# The server keeps its socket in TMPDIR and does not remove the folder that it makes for it.
 wine_do() {
     ${WINE_AS_USER[@]+"${WINE_AS_USER[@]}"} env HOME="$WINE_STAGE/home" WINEPREFIX="$WINE_STAGE/prefix" \
         WINEARCH="$AMBRIO_PRESET" WINEDEBUG="${WINEDEBUG:--all}" DISPLAY="$WINE_DISPLAY" \
-        XDG_RUNTIME_DIR="$WINE_STAGE/home" WINEDLLOVERRIDES="mscoree=;mshtml=" LC_ALL="${WINE_LOCALE:-C.UTF-8}" \
+        XDG_RUNTIME_DIR="$WINE_STAGE/home" TMPDIR="$WINE_STAGE/home" \
+        WINEDLLOVERRIDES="mscoree=;mshtml=" LC_ALL="${WINE_LOCALE:-C.UTF-8}" \
         "$@" </dev/null
 }
 
