@@ -325,8 +325,8 @@ set(E2E_TEST_SOURCES
     tests/e2e/CommandLineTest.cpp
     tests/e2e/ConfigurationTest.cpp
     tests/e2e/DifferentialTest.cpp
-    tests/e2e/EnduranceTest.cpp
     tests/e2e/DiskFullTest.cpp
+    tests/e2e/EnduranceTest.cpp
     tests/e2e/FailuresTest.cpp
     tests/e2e/HardeningTest.cpp
     tests/e2e/HazardTest.cpp

@@ -34,7 +34,7 @@ struct StormFile {
     bool HasCopy = false;
 };
 
-// No two versions of no two files have the same content.
+// Each version of each file has a content of its own.
 std::string ContentOf(const StormFile& file, unsigned version) {
     const std::string mark = Utf8(file.Path) + " version " + std::to_string(version) + "\n";
     std::string content = mark;
