@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "tests/e2e/support/Environment.h"
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/SaverTest.h"
 #include "tests/e2e/support/Text.h"
@@ -18,8 +19,7 @@ constexpr std::size_t kPage = 4096;  // what a small file takes at least
 constexpr std::size_t kLarge = 600 * kPage;
 
 std::wstring SmallDisk() {
-    wchar_t path[MAX_PATH]{};
-    return std::wstring(path, GetEnvironmentVariableW(L"AMBRIO_SMALL_DISK", path, MAX_PATH));
+    return TextFromEnvironment(L"AMBRIO_SMALL_DISK");
 }
 
 std::uint64_t FreeBytes() {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/e2e/support/Environment.h"
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/SaverTest.h"
 
@@ -23,11 +24,6 @@ void SetFolderRights(const std::wstring& folder, DWORD rights) {
         SetFileSecurityW(folder.c_str(), DACL_SECURITY_INFORMATION, &descriptor) == 0) {
         ThrowWin32Error("setting the rights on a folder");
     }
-}
-
-std::wstring LocalData() {
-    wchar_t buffer[MAX_PATH];
-    return std::wstring(buffer, GetEnvironmentVariableW(L"LOCALAPPDATA", buffer, MAX_PATH));
 }
 
 // The program's folder can only be read; the log that the user of this account may have is kept.
@@ -53,8 +49,9 @@ class LogPlaceTest : public SaverTest {
         return written;
     }
 
-    const std::wstring userFolder_ = LocalData() + L"\\Ambrio";
-    const std::wstring keptFolder_ = LocalData() + L"\\Ambrio kept by a test";
+    const std::wstring userFolder_ = TextFromEnvironment(L"LOCALAPPDATA") + L"\\Ambrio";
+    const std::wstring keptFolder_ =
+        TextFromEnvironment(L"LOCALAPPDATA") + L"\\Ambrio kept by a test";
     const std::wstring userLog_ = userFolder_ + L"\\Ambrio.log";
 };
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/e2e/support/Environment.h"
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/SaverTest.h"
 
@@ -69,8 +70,7 @@ TEST_F(WideNamesTest, MakesADestinationOfAnyDepth) {
 }
 
 TEST_F(WideNamesTest, CopiesAFileBeyondFourGigabytes) {
-    wchar_t set[2];
-    if (GetEnvironmentVariableW(L"AMBRIO_LARGE_FILES", set, 2) == 0) {
+    if (TextFromEnvironment(L"AMBRIO_LARGE_FILES").empty()) {
         GTEST_SKIP() << "takes nine gigabytes and a minute: set AMBRIO_LARGE_FILES to have it run";
     }
     constexpr LONGLONG kSize = (LONGLONG{4} << 30U) + 5;

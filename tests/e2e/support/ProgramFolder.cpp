@@ -4,17 +4,15 @@
 
 #include <system_error>
 
+#include "tests/e2e/support/Environment.h"
+
 namespace ambrio::e2e {
 
 namespace {
 
 std::wstring ProgramToTest() {
-    wchar_t buffer[4096];
-    const DWORD length = GetEnvironmentVariableW(L"AMBRIO_PROGRAM", buffer, 4096);
-    if (length > 0 && length < 4096) {
-        return std::wstring(buffer, length);
-    }
-    return TestProgramFolder() + L"\\Ambrio.scr";
+    const std::wstring named = TextFromEnvironment(L"AMBRIO_PROGRAM");
+    return named.empty() ? TestProgramFolder() + L"\\Ambrio.scr" : named;
 }
 
 void CopyPlainFile(const std::wstring& from, const std::wstring& to) {
