@@ -3,18 +3,18 @@
 #include <memory>
 
 #include "app/PasswordChange.h"
-#include "app/frmControl.h"
 #include "app/model/ModeDispatch.h"
+#include "app/preview/frmControl.h"
 #include "config/ConfigurationMode.h"
 #include "platform/FileSystem.h"
 #include "platform/TextConversion.h"
-#include "platform/win32/MessageLoop.h"
-#include "platform/win32/RegistrySettingsStore.h"
-#include "platform/win32/ScreenTwips.h"
-#include "platform/win32/SystemFolders.h"
-#include "platform/win32/Win32Clock.h"
-#include "platform/win32/Win32FileSystem.h"
-#include "saver/frmScreenSaver.h"
+#include "platform/win32/files/SystemFolders.h"
+#include "platform/win32/files/Win32FileSystem.h"
+#include "platform/win32/registry/RegistrySettingsStore.h"
+#include "platform/win32/system/Win32Clock.h"
+#include "platform/win32/windows/MessageLoop.h"
+#include "platform/win32/windows/ScreenTwips.h"
+#include "saver/form/frmScreenSaver.h"
 
 namespace ambrio {
 namespace {

@@ -1,6 +1,6 @@
 #include "app/PasswordChange.h"
 
-#include "platform/win32/SystemLibrary.h"
+#include "platform/win32/system/SystemLibrary.h"
 
 namespace ambrio {
 

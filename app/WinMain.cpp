@@ -1,8 +1,8 @@
 #include <new>
 
 #include "app/Main.h"
-#include "platform/win32/ProcessHardening.h"
-#include "platform/win32/RuntimeErrorBox.h"
+#include "platform/win32/system/ProcessHardening.h"
+#include "platform/win32/windows/RuntimeErrorBox.h"
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR commandLine, int) {
     ambrio::HardenProcess();

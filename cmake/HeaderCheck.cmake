@@ -1,7 +1,7 @@
 # Every header compiles alone: each becomes the only line of a source file of its own. The host build
 # has those that need no system header, the others are left to the builds that have it.
 
-set(portable engine/*.h settings/*.h platform/*.h app/model/*.h saver/animation/*.h saver/model/*.h
+set(portable engine/*.h settings/*.h platform/*.h app/model/*.h app/preview/model/*.h saver/animation/*.h saver/model/*.h
              config/model/*.h tests/support/*.h tests/conformance/*.h tests/faults/*.h tests/fuzz/*.h)
 file(GLOB_RECURSE headers RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS ${portable})
 list(FILTER headers EXCLUDE REGEX "/win32/")

@@ -1,7 +1,7 @@
 #include "config/ConfigurationMode.h"
 
 #include "config/frmConfiguration.h"
-#include "platform/win32/CommonControls.h"
+#include "platform/win32/windows/CommonControls.h"
 
 namespace ambrio {
 

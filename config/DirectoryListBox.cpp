@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/win32/GdiHandles.h"
-#include "platform/win32/ListDrawing.h"
+#include "platform/win32/windows/GdiHandles.h"
+#include "platform/win32/windows/ListDrawing.h"
 
 namespace ambrio {
 namespace {

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "config/model/DirectoryTree.h"
-#include "platform/win32/ControlSubclass.h"
-#include "platform/win32/FolderIcons.h"
+#include "platform/win32/windows/ControlSubclass.h"
+#include "platform/win32/windows/FolderIcons.h"
 
 namespace ambrio {
 

@@ -2,8 +2,8 @@
 
 #include "config/model/CentreForm.h"
 #include "platform/Twips.h"
-#include "platform/win32/ResourceText.h"
-#include "platform/win32/ScreenTwips.h"
+#include "platform/win32/windows/ResourceText.h"
+#include "platform/win32/windows/ScreenTwips.h"
 
 namespace ambrio {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "config/DialogContext.h"
-#include "platform/win32/Dialog.h"
-#include "platform/win32/Tooltips.h"
+#include "platform/win32/windows/Dialog.h"
+#include "platform/win32/windows/Tooltips.h"
 
 namespace ambrio {
 

@@ -4,8 +4,8 @@
 #include <span>
 
 #include "config/model/RegistryText.h"
-#include "platform/win32/RegistryKey.h"
-#include "platform/win32/StartProgram.h"
+#include "platform/win32/registry/RegistryKey.h"
+#include "platform/win32/system/StartProgram.h"
 
 namespace ambrio {
 namespace {

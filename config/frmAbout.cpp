@@ -4,7 +4,7 @@
 #include "config/SystemInformation.h"
 #include "config/WebLink.h"
 #include "config/model/DialogTexts.h"
-#include "platform/win32/ResourceText.h"
+#include "platform/win32/windows/ResourceText.h"
 #include "resources/DialogIds.h"
 #include "resources/ResourceIds.h"
 

@@ -4,7 +4,7 @@
 
 #include "config/model/DialogTexts.h"
 #include "config/model/DriveText.h"
-#include "platform/win32/FullPath.h"
+#include "platform/win32/files/FullPath.h"
 #include "resources/DialogIds.h"
 
 namespace ambrio {

@@ -5,7 +5,7 @@
 #include "config/DirectoryListBox.h"
 #include "config/Form.h"
 #include "config/model/DirectoryTree.h"
-#include "platform/win32/Drives.h"
+#include "platform/win32/files/Drives.h"
 
 namespace ambrio {
 

@@ -2,7 +2,7 @@
 
 #include "config/Form.h"
 #include "config/model/SetListModel.h"
-#include "platform/win32/CheckListBox.h"
+#include "platform/win32/windows/CheckListBox.h"
 
 namespace ambrio {
 

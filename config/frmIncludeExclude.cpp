@@ -1,7 +1,7 @@
 #include "config/frmIncludeExclude.h"
 
 #include "config/model/DialogTexts.h"
-#include "platform/win32/ResourceText.h"
+#include "platform/win32/windows/ResourceText.h"
 #include "resources/DialogIds.h"
 #include "settings/SettingKeys.h"
 

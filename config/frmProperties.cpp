@@ -74,7 +74,7 @@ void frmProperties::Click(int control) {
         case IDC_OPT_DATE_TIME:
         case IDC_OPT_ARCHIVE:
         case IDC_OPT_READ_ONLY: {
-            CopyRules rules = ReadRules();
+            CopyRulesFrame rules = ReadRules();
             SetCheckBoxes(rules);
             ShowRules(rules);
             return;
@@ -107,7 +107,7 @@ void frmProperties::lstScheme_Notify(int notification) {
 }
 
 void frmProperties::ApplySchemeText(const std::wstring& scheme) {
-    CopyRules rules = ReadRules();
+    CopyRulesFrame rules = ReadRules();
     ApplyScheme(rules, scheme);
     ShowRules(rules);
 }
@@ -155,7 +155,7 @@ SetProperties frmProperties::ReadProperties() const {
             ReadRules()};
 }
 
-void frmProperties::ShowRules(const CopyRules& rules) {
+void frmProperties::ShowRules(const CopyRulesFrame& rules) {
     const bool isFrameEnabled = rules.IsFrameEnabled;
     Enable(IDC_FRA_COPY_RULES, isFrameEnabled);
     for (const auto& [control, option] : kOptions) {
@@ -172,8 +172,8 @@ void frmProperties::ShowRules(const CopyRules& rules) {
     Enable(IDC_CHK_DELETE_COPY_READ_ONLY, isFrameEnabled && rules.IsReadOnlyBoxEnabled());
 }
 
-CopyRules frmProperties::ReadRules() const {
-    CopyRules rules;
+CopyRulesFrame frmProperties::ReadRules() const {
+    CopyRulesFrame rules;
     rules.Chosen = CopyTypeOption::None;
     for (const auto& [control, option] : kOptions) {
         if (IsTicked(control)) {

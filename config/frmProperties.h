@@ -1,7 +1,7 @@
 #pragma once
 
 #include "config/Form.h"
-#include "config/model/CopyRules.h"
+#include "config/model/CopyRulesFrame.h"
 #include "config/model/SetProperties.h"
 
 namespace ambrio {
@@ -27,8 +27,8 @@ class frmProperties : public Form {
 
     void ShowProperties(const SetProperties& properties);
     [[nodiscard]] SetProperties ReadProperties() const;
-    void ShowRules(const CopyRules& rules);
-    [[nodiscard]] CopyRules ReadRules() const;
+    void ShowRules(const CopyRulesFrame& rules);
+    [[nodiscard]] CopyRulesFrame ReadRules() const;
 };
 
 }  // namespace ambrio

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "engine/CopyRules.h"
+#include "engine/CopyRule.h"
 #include "engine/DestinationListing.h"
 #include "engine/RunHost.h"
 #include "engine/RunLog.h"

@@ -41,28 +41,4 @@ class RunHost {
     virtual void End() = 0;
 };
 
-// Passes everything on to another host, which is not owned.
-class ForwardingRunHost : public RunHost {
-  public:
-    explicit ForwardingRunHost(RunHost& target) : target_(target) {}
-
-    void DoEvents() override { target_.DoEvents(); }
-    void ShowMessage(const std::wstring& text, MessageIcon icon) override {
-        target_.ShowMessage(text, icon);
-    }
-    [[nodiscard]] std::wstring WindowsFolder() override { return target_.WindowsFolder(); }
-    [[nodiscard]] std::wstring SystemFolder() override { return target_.SystemFolder(); }
-    bool StartProgram(const std::wstring& commandLine, WindowState state) override {
-        return target_.StartProgram(commandLine, state);
-    }
-    void ShowPointer() override { target_.ShowPointer(); }
-    void LeaveTopmost() override { target_.LeaveTopmost(); }
-    [[nodiscard]] bool IsEndTimerEnabled() const override { return target_.IsEndTimerEnabled(); }
-    void UnloadForm() override { target_.UnloadForm(); }
-    void End() override { target_.End(); }
-
-  private:
-    RunHost& target_;
-};
-
 }  // namespace ambrio

@@ -43,27 +43,4 @@ class StatusPanel {
     virtual void MatchCopyFrameColour() = 0;
 };
 
-// Passes everything on to another panel, which is not owned.
-class ForwardingStatusPanel : public StatusPanel {
-  public:
-    explicit ForwardingStatusPanel(StatusPanel& target) : target_(target) {}
-
-    void SetCaption(PanelLabel label, const std::wstring& caption) override {
-        target_.SetCaption(label, caption);
-    }
-    [[nodiscard]] std::wstring Caption(PanelLabel label) const override {
-        return target_.Caption(label);
-    }
-    void SetTitle(const std::wstring& caption) override { target_.SetTitle(caption); }
-    void OpenClip(const std::wstring& path) override { target_.OpenClip(path); }
-    void PlayClip() override { target_.PlayClip(); }
-    void StopClip() override { target_.StopClip(); }
-    void CloseClip() override { target_.CloseClip(); }
-    void ShowCopyFrame(bool visible) override { target_.ShowCopyFrame(visible); }
-    void MatchCopyFrameColour() override { target_.MatchCopyFrameColour(); }
-
-  private:
-    StatusPanel& target_;
-};
-
 }  // namespace ambrio

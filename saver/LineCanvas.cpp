@@ -4,7 +4,7 @@
 #include <new>
 #include <utility>
 
-#include "platform/win32/GdiHandles.h"
+#include "platform/win32/windows/GdiHandles.h"
 #include "saver/animation/LightBuffer.h"
 #include "saver/animation/LineSet.h"
 

@@ -45,10 +45,10 @@ function(ambrio_test_program name)
 endfunction()
 
 if(WIN32)
-  ambrio_test_program(unit_tests ${AMBRIO_RESOURCES} ${UNIT_TEST_SOURCES} ${UNIT_TEST_WIN32_SOURCES}
+  ambrio_test_program(unit_tests ${AMBRIO_RESOURCES} ${UNIT_TEST_SOURCES} ${FAULT_TEST_SOURCES} ${UNIT_TEST_WIN32_SOURCES}
                       ${CONFORMANCE_TEST_SOURCES} ${CONFORMANCE_TEST_WIN32_SOURCES})
 else()
-  ambrio_test_program(unit_tests ${UNIT_TEST_SOURCES} ${FUZZ_SOURCES} ${UNIT_TEST_HOST_SOURCES}
+  ambrio_test_program(unit_tests ${UNIT_TEST_SOURCES} ${FAULT_TEST_SOURCES} ${FUZZ_SOURCES} ${FUZZ_SEED_TEST_SOURCES}
                       ${CONFORMANCE_TEST_SOURCES})
 endif()
 

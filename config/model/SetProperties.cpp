@@ -35,7 +35,7 @@ void SaveCopyType(SettingsStore& settings, const std::wstring& section, CopyType
     }
 }
 
-void LoadCheckBoxes(SettingsStore& settings, const std::wstring& section, CopyRules& rules) {
+void LoadCheckBoxes(SettingsStore& settings, const std::wstring& section, CopyRulesFrame& rules) {
     const bool isArchive = rules.Chosen == CopyTypeOption::Archive;
     const bool isReadOnly = rules.Chosen == CopyTypeOption::ReadOnly;
     rules.ClearArchive = isArchive && IsYes(settings, section, kClearArchiveBitKey);
@@ -66,7 +66,7 @@ SetProperties LoadSetProperties(SettingsStore& settings, const std::wstring& nam
     if (std::find(kSchemes.begin(), kSchemes.end(), scheme) != kSchemes.end()) {
         properties.Scheme = scheme;
     }
-    CopyRules& rules = properties.Rules;
+    CopyRulesFrame& rules = properties.Rules;
     ApplyScheme(rules, properties.Scheme);
     // By what is stored, not by what is shown: an unknown scheme keeps the option of a new Set.
     if (scheme == kSchemes[0]) {
@@ -83,7 +83,7 @@ std::optional<std::wstring> SaveSetProperties(SettingsStore& settings,
         return std::nullopt;
     }
     const std::wstring section = Trim(properties.Name);
-    const CopyRules& rules = properties.Rules;
+    const CopyRulesFrame& rules = properties.Rules;
     settings.SaveSetting(section, kSourceKey, Trim(properties.Source));
     settings.SaveSetting(section, kDestinationKey, Trim(properties.Destination));
     settings.SaveSetting(section, kRecursiveKey, YesNo(properties.Recursive));

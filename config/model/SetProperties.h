@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "config/model/CopyRules.h"
+#include "config/model/CopyRulesFrame.h"
 #include "platform/SettingsStore.h"
 #include "settings/SettingKeys.h"
 
@@ -17,7 +17,7 @@ struct SetProperties {
     bool Recursive = false;
     bool OverwriteReadOnly = false;
     std::wstring Scheme = kSchemes[0];  // the text of the box, which need not be a scheme's name
-    CopyRules Rules;
+    CopyRulesFrame Rules;
 };
 
 // What a new Set starts with.

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "platform/win32/Handle.h"
+#include "platform/win32/system/Handle.h"
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/NameOf.h"
 #include "tests/e2e/support/RunningProgram.h"

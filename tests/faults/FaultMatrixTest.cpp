@@ -13,6 +13,7 @@
 #include "tests/faults/FaultExpectation.h"
 #include "tests/faults/FaultScene.h"
 #include "tests/faults/FaultStage.h"
+#include "tests/support/ForwardingSettingsStore.h"
 
 namespace ambrio {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/SettingsStore.h"
+#include "tests/support/ForwardingSettingsStore.h"
 
 namespace ambrio {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ForwardingFileSystem.h"
+#include "tests/support/ForwardingFileSystem.h"
 
 namespace ambrio {
 

@@ -1,4 +1,4 @@
-#include "platform/win32/BackBuffer.h"
+#include "platform/win32/windows/BackBuffer.h"
 
 #include <gtest/gtest.h>
 

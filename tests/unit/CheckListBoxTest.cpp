@@ -1,4 +1,4 @@
-#include "platform/win32/CheckListBox.h"
+#include "platform/win32/windows/CheckListBox.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/win32/ExtendedPath.h"
+#include "platform/win32/files/ExtendedPath.h"
 
 #include <gtest/gtest.h>
 

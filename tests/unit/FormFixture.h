@@ -5,8 +5,8 @@
 #include <string>
 
 #include "config/DialogContext.h"
-#include "platform/win32/Dialog.h"
-#include "platform/win32/SystemFolders.h"
+#include "platform/win32/files/SystemFolders.h"
+#include "platform/win32/windows/Dialog.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/MemorySettingsStore.h"
 

@@ -1,4 +1,4 @@
-#include "saver/FormTimer.h"
+#include "platform/win32/windows/FormTimer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "tests/unit/HazardFixture.h"
 
 #include <utility>
-#include "platform/ForwardingFileSystem.h"
+#include "tests/support/ForwardingFileSystem.h"
 
 namespace ambrio {
 namespace {

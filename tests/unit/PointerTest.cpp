@@ -1,4 +1,4 @@
-#include "saver/Pointer.h"
+#include "saver/form/Pointer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/model/PreviewCaption.h"
+#include "app/preview/model/PreviewCaption.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "platform/win32/RegistrySettingsStore.h"
+#include "platform/win32/registry/RegistrySettingsStore.h"
 
 #include <gtest/gtest.h>
 
 #include "platform/RuntimeError.h"
-#include "platform/win32/RegistryKey.h"
+#include "platform/win32/registry/RegistryKey.h"
 
 namespace ambrio {
 namespace {

@@ -35,7 +35,7 @@ TEST_F(SetPropertiesTest, ANewSetStartsWithTheUsualFolders) {
     EXPECT_TRUE(set.Recursive);
     EXPECT_FALSE(set.OverwriteReadOnly);
     EXPECT_EQ(L"Set my own", set.Scheme);
-    EXPECT_EQ(CopyRules(), set.Rules);
+    EXPECT_EQ(CopyRulesFrame(), set.Rules);
 }
 
 TEST_F(SetPropertiesTest, MissingValuesTakeTheirDefaults) {
@@ -46,7 +46,7 @@ TEST_F(SetPropertiesTest, MissingValuesTakeTheirDefaults) {
     EXPECT_FALSE(set.Recursive);
     EXPECT_FALSE(set.OverwriteReadOnly);
     EXPECT_EQ(L"Set my own", set.Scheme);
-    EXPECT_EQ(CopyRules(), set.Rules);
+    EXPECT_EQ(CopyRulesFrame(), set.Rules);
     EXPECT_TRUE(store_.Writes.empty());
 }
 
@@ -56,18 +56,18 @@ TEST_F(SetPropertiesTest, OnlyTheExactYesTicks) {
         PutAllFlags(odd);
         const SetProperties set = Load();
         EXPECT_FALSE(set.Recursive || set.OverwriteReadOnly) << odd;
-        EXPECT_EQ((CopyRules{Option::Archive, false, false, false, true}), set.Rules) << odd;
+        EXPECT_EQ((CopyRulesFrame{Option::Archive, false, false, false, true}), set.Rules) << odd;
     }
     PutAllFlags(kYes);
     const SetProperties set = Load();
     EXPECT_TRUE(set.Recursive && set.OverwriteReadOnly);
-    EXPECT_EQ((CopyRules{Option::Archive, true, true, false, true}), set.Rules);
+    EXPECT_EQ((CopyRulesFrame{Option::Archive, true, true, false, true}), set.Rules);
 }
 
 TEST_F(SetPropertiesTest, TheStoredCopyTypeCountsForAUsersOwnRules) {
     PutAllFlags(kYes);
     Put(kSchemeKey, L"Set my own");
-    const std::vector<std::pair<const wchar_t*, CopyRules>> cases = {
+    const std::vector<std::pair<const wchar_t*, CopyRulesFrame>> cases = {
         {L"Date/Time", {Option::DateTime, false, false, false, true}},
         {L"ArchiveBit", {Option::Archive, true, true, false, true}},
         {L"ReadOnly", {Option::ReadOnly, false, false, true, true}},
@@ -84,15 +84,15 @@ TEST_F(SetPropertiesTest, APresetHasItsOwnCopyTypeAndTheStoredTicks) {
     Put(kCopyTypeKey, kCopyTypeReadOnly);
     Put(kSchemeKey, L"Differential");
     // The scheme ticks the deletion, and the read unticks it again.
-    EXPECT_EQ((CopyRules{Option::Archive, false, false, false, false}), Load().Rules);
+    EXPECT_EQ((CopyRulesFrame{Option::Archive, false, false, false, false}), Load().Rules);
     PutAllFlags(kYes);
-    EXPECT_EQ((CopyRules{Option::Archive, true, true, false, false}), Load().Rules);
+    EXPECT_EQ((CopyRulesFrame{Option::Archive, true, true, false, false}), Load().Rules);
     Put(kSchemeKey, L"Duplication");
-    EXPECT_EQ((CopyRules{Option::DateTime, false, false, false, false}), Load().Rules);
+    EXPECT_EQ((CopyRulesFrame{Option::DateTime, false, false, false, false}), Load().Rules);
     Put(kSchemeKey, L"Version Control");
-    EXPECT_EQ((CopyRules{Option::ReadOnly, false, false, true, false}), Load().Rules);
+    EXPECT_EQ((CopyRulesFrame{Option::ReadOnly, false, false, true, false}), Load().Rules);
     PutAllFlags(kNo);
-    EXPECT_EQ((CopyRules{Option::ReadOnly, false, false, false, false}), Load().Rules);
+    EXPECT_EQ((CopyRulesFrame{Option::ReadOnly, false, false, false, false}), Load().Rules);
 }
 
 TEST_F(SetPropertiesTest, AnUnknownSchemeKeepsTheOptionOfANewSet) {
@@ -101,7 +101,7 @@ TEST_F(SetPropertiesTest, AnUnknownSchemeKeepsTheOptionOfANewSet) {
         Put(kSchemeKey, scheme);
         const SetProperties set = Load();
         EXPECT_EQ(L"Set my own", set.Scheme);
-        EXPECT_EQ(CopyRules(), set.Rules);
+        EXPECT_EQ(CopyRulesFrame(), set.Rules);
     }
 }
 

@@ -1,4 +1,4 @@
-#include "saver/StatusPanelView.h"
+#include "saver/panel/StatusPanelView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "platform/win32/SystemLibrary.h"
+#include "platform/win32/system/SystemLibrary.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/win32/ResourceText.h"
+#include "platform/win32/windows/ResourceText.h"
 #include "resources/ResourceIds.h"
-#include "saver/Windows9x.h"
+#include "saver/form/Windows9x.h"
 
 namespace ambrio {
 namespace {

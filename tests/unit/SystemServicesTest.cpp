@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "platform/win32/ReadRegistryValue.h"
-#include "platform/win32/StartProgram.h"
-#include "platform/win32/StayAwake.h"
-#include "platform/win32/SystemFolders.h"
+#include "platform/win32/files/SystemFolders.h"
+#include "platform/win32/registry/ReadRegistryValue.h"
+#include "platform/win32/system/StartProgram.h"
+#include "platform/win32/system/StayAwake.h"
 
 namespace ambrio {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/win32/Win32Clock.h"
+#include "platform/win32/system/Win32Clock.h"
 
 #include <gtest/gtest.h>
 

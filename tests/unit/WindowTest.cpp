@@ -1,4 +1,4 @@
-#include "platform/win32/Window.h"
+#include "platform/win32/windows/Window.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/RuntimeError.h"
-#include "platform/win32/MessageLoop.h"
+#include "platform/win32/windows/MessageLoop.h"
 
 namespace ambrio {
 namespace {

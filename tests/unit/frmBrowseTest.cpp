@@ -1,6 +1,6 @@
 #include "config/frmBrowse.h"
 
-#include "platform/win32/FullPath.h"
+#include "platform/win32/files/FullPath.h"
 #include "resources/DialogIds.h"
 #include "tests/unit/FormFixture.h"
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/win32/Handle.h"
+#include "platform/win32/system/Handle.h"
 
 namespace ambrio::windowsfiles {
 

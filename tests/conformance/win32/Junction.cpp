@@ -3,7 +3,7 @@
 #include <cstring>
 #include <vector>
 
-#include "platform/win32/Handle.h"
+#include "platform/win32/system/Handle.h"
 
 namespace ambrio {
 namespace {

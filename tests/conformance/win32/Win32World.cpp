@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/win32/Handle.h"
+#include "platform/win32/system/Handle.h"
 #include "tests/conformance/WineGaps.h"
 #include "tests/conformance/win32/Junction.h"
 #include "tests/support/win32/WindowsFiles.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/win32/Win32FileSystem.h"
+#include "platform/win32/files/Win32FileSystem.h"
 #include "tests/conformance/FileSystemWorld.h"
 
 namespace ambrio {

@@ -11,8 +11,8 @@
 #include "config/frmConfiguration.h"
 #include "config/frmIncludeExclude.h"
 #include "config/frmProperties.h"
-#include "platform/win32/RegistrySettingsStore.h"
-#include "platform/win32/Win32FileSystem.h"
+#include "platform/win32/files/Win32FileSystem.h"
+#include "platform/win32/registry/RegistrySettingsStore.h"
 
 namespace ambrio {
 namespace {

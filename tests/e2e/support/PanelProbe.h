@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "saver/PanelControls.h"
+#include "saver/panel/PanelControls.h"
 #include "tests/e2e/support/WindowProbe.h"
 
 namespace ambrio::e2e {

@@ -1,0 +1,16 @@
+set(ENGINE_SOURCES
+    engine/CopyRule.cpp
+    engine/DestinationFolder.cpp
+    engine/DestinationListing.cpp
+    engine/FileCopier.cpp
+    engine/FolderGuard.cpp
+    engine/FolderWalk.cpp
+    engine/LeftoverSweep.cpp
+    engine/LogPath.cpp
+    engine/RunDriver.cpp
+    engine/RunLog.cpp
+    engine/RunSummary.cpp
+    engine/SecondarySaver.cpp
+    engine/SetLoop.cpp
+    engine/SourceListing.cpp
+)

@@ -1,0 +1,56 @@
+# What every build has, then what only one of the two worlds has.
+set(PLATFORM_SOURCES
+    platform/BooleanText.cpp
+    platform/DateTime.cpp
+    platform/FileSystem.cpp
+    platform/ProgramQuotes.cpp
+    platform/RegistryValue.cpp
+    platform/Rounding.cpp
+    platform/RuntimeError.cpp
+    platform/TemporaryName.cpp
+    platform/Trim.cpp
+    platform/Val.cpp
+)
+
+set(PLATFORM_HOST_SOURCES
+    platform/TextConversionHost.cpp
+)
+
+set(PLATFORM_WIN32_SOURCES
+    platform/win32/files/CopyWithYield.cpp
+    platform/win32/files/CrashSafeCopy.cpp
+    platform/win32/files/Drives.cpp
+    platform/win32/files/ExtendedPath.cpp
+    platform/win32/files/FileEntryData.cpp
+    platform/win32/files/FileIdentity.cpp
+    platform/win32/files/FullPath.cpp
+    platform/win32/files/SystemFolders.cpp
+    platform/win32/files/Win32Error.cpp
+    platform/win32/files/Win32FileSystem.cpp
+    platform/win32/files/Win32FolderReader.cpp
+    platform/win32/files/Win32TextStream.cpp
+    platform/win32/registry/ReadRegistryValue.cpp
+    platform/win32/registry/RegistrySettingsStore.cpp
+    platform/win32/system/ProcessHardening.cpp
+    platform/win32/system/StartProgram.cpp
+    platform/win32/system/StayAwake.cpp
+    platform/win32/system/SystemLibrary.cpp
+    platform/win32/system/TextConversionWin32.cpp
+    platform/win32/system/Win32Clock.cpp
+    platform/win32/windows/BackBuffer.cpp
+    platform/win32/windows/CheckBoxTheme.cpp
+    platform/win32/windows/CheckListBox.cpp
+    platform/win32/windows/CommonControls.cpp
+    platform/win32/windows/ControlSubclass.cpp
+    platform/win32/windows/Dialog.cpp
+    platform/win32/windows/DialogTemplate.cpp
+    platform/win32/windows/FolderIcons.cpp
+    platform/win32/windows/FormTimer.cpp
+    platform/win32/windows/ListDrawing.cpp
+    platform/win32/windows/MessageLoop.cpp
+    platform/win32/windows/ResourceText.cpp
+    platform/win32/windows/RuntimeErrorBox.cpp
+    platform/win32/windows/ScreenTwips.cpp
+    platform/win32/windows/Tooltips.cpp
+    platform/win32/windows/Window.cpp
+)

@@ -1,0 +1,167 @@
+#include "platform/win32/files/Win32FileSystem.h"
+
+#include "platform/RuntimeError.h"
+#include "platform/TemporaryName.h"
+#include "platform/win32/files/CrashSafeCopy.h"
+#include "platform/win32/files/ExtendedPath.h"
+#include "platform/win32/files/FileEntryData.h"
+#include "platform/win32/files/FileIdentity.h"
+#include "platform/win32/files/Win32Error.h"
+#include "platform/win32/files/Win32FolderReader.h"
+#include "platform/win32/files/Win32TextStream.h"
+#include "platform/win32/system/Handle.h"
+
+namespace ambrio {
+namespace {
+
+// The attributes of whatever has that name, or nothing.
+std::optional<DWORD> AttributesOf(const std::wstring& path) {
+    try {
+        WIN32_FILE_ATTRIBUTE_DATA data;
+        if (ReadFileData(ExtendedPath(path), data) == ERROR_SUCCESS) {
+            return data.dwFileAttributes;
+        }
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+bool IsDirectory(DWORD attributes) {
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+WIN32_FILE_ATTRIBUTE_DATA RequireFile(const std::wstring& extended) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (const DWORD code = ReadFileData(extended, data); code != ERROR_SUCCESS) {
+        ThrowForPath(code, extended);
+    }
+    if (IsDirectory(data.dwFileAttributes)) {
+        throw RuntimeError(ErrorNumber::FileNotFound);
+    }
+    return data;
+}
+
+}  // namespace
+
+bool Win32FileSystem::FileExists(const std::wstring& path) {
+    const auto attributes = AttributesOf(path);
+    return attributes && !IsDirectory(*attributes);
+}
+
+bool Win32FileSystem::FolderExists(const std::wstring& path) {
+    const auto attributes = AttributesOf(path);
+    return attributes && IsDirectory(*attributes);
+}
+
+FileEntry Win32FileSystem::GetFile(const std::wstring& path) {
+    const std::wstring extended = ExtendedPath(path);
+    FileEntry entry = EntryFrom(RequireFile(extended), NameOfExtended(extended));
+    if (entry.IsLink()) {
+        const auto target = ReadInformation(extended);
+        if (target && !IsDirectory(target->dwFileAttributes)) {
+            return EntryFrom(*target, entry.Name);
+        }
+    }
+    return entry;
+}
+
+std::unique_ptr<FolderReader> Win32FileSystem::GetFolder(const std::wstring& path) {
+    return std::make_unique<Win32FolderReader>(ExtendedPath(path));
+}
+
+std::optional<FolderIdentity> Win32FileSystem::IdentityOf(const std::wstring& folder) {
+    try {
+        const auto information = ReadInformation(ExtendedPath(folder));
+        if (!information || !IsDirectory(information->dwFileAttributes)) {
+            return std::nullopt;
+        }
+        const auto identity = IdentityFrom(*information);
+        return identity ? std::optional(FolderIdentity{identity->Volume, identity->File})
+                        : std::nullopt;
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+void Win32FileSystem::CreateFolder(const std::wstring& path) {
+    const std::wstring extended = ExtendedPath(path);
+    if (CreateDirectoryW(extended.c_str(), nullptr) != 0) {
+        return;
+    }
+    const DWORD code = GetLastError();
+    // The system refuses to make the root of a drive instead of saying that it is there.
+    if (code == ERROR_ACCESS_DENIED && AttributesOf(path)) {
+        throw RuntimeError(ErrorNumber::FileAlreadyExists);
+    }
+    ThrowForPath(code, extended);
+}
+
+void Win32FileSystem::SetAttributes(const std::wstring& path, FileAttributes attributes) {
+    const std::wstring extended = ExtendedPath(path);
+    if (SetFileAttributesW(extended.c_str(), SettableAttributes(attributes)) == 0) {
+        ThrowForPath(GetLastError(), extended);
+    }
+}
+
+void Win32FileSystem::DeleteFile(const std::wstring& path, bool force) {
+    const std::wstring extended = ExtendedPath(path);
+    const DWORD attributes = RequireFile(extended).dwFileAttributes;
+    const bool readOnly = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+    if (readOnly && !force) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+    if (readOnly) {
+        const DWORD writable = attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
+        if (SetFileAttributesW(extended.c_str(), SettableAttributes(writable)) == 0) {
+            ThrowLastError();
+        }
+    }
+    DWORD code = DeleteFileW(extended.c_str()) != 0 ? ERROR_SUCCESS : GetLastError();
+    // Not every system that runs this program tells the truth about a removal that was refused.
+    if (code == ERROR_SUCCESS && GetFileAttributesW(extended.c_str()) != INVALID_FILE_ATTRIBUTES) {
+        code = ERROR_ACCESS_DENIED;
+    }
+    if (code == ERROR_SUCCESS) {
+        return;
+    }
+    if (readOnly) {
+        SetFileAttributesW(extended.c_str(), SettableAttributes(attributes));
+    }
+    ThrowWin32(code);
+}
+
+void Win32FileSystem::CopyFile(const std::wstring& source, const std::wstring& destination,
+                               bool overwrite, const Yield& yield) {
+    const std::wstring extendedDestination = ExtendedPath(destination);
+    const std::wstring name = FoldedName(NameOfExtended(extendedDestination));
+    CrashSafeCopy(ExtendedPath(source), extendedDestination,
+                  TemporaryName(name, GetCurrentProcessId()), overwrite, yield);
+}
+
+std::unique_ptr<TextStream> Win32FileSystem::OpenForAppending(const std::wstring& path) {
+    return std::make_unique<Win32TextStream>(ExtendedPath(path));
+}
+
+bool Win32FileSystem::IsWritableFolder(const std::wstring& path) {
+    try {
+        const std::wstring probe =
+            BuildPath(ExtendedPath(path), TemporaryName({}, GetCurrentProcessId()));
+        return MakeHandle<UniqueHandle>(CreateFileW(
+                   probe.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                   FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr)) != nullptr;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+std::wstring Win32FileSystem::FoldedName(const std::wstring& name) const {
+    std::wstring folded(name.size(), L'\0');
+    const auto units = static_cast<int>(name.size());
+    // Without a locale's own casing rules it is the mapping that the file system uses.
+    const int mapped = LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, name.data(), units,
+                                     folded.data(), units, nullptr, nullptr, 0);
+    return mapped == units ? folded : name;
+}
+
+}  // namespace ambrio

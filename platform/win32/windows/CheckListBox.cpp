@@ -1,0 +1,127 @@
+#include "platform/win32/windows/CheckListBox.h"
+
+#include <algorithm>
+
+#include "platform/win32/windows/GdiHandles.h"
+#include "platform/win32/windows/ListDrawing.h"
+
+namespace ambrio {
+namespace {
+
+constexpr int kMarginParts = 8;  // the margin is this part of an entry's height
+
+}  // namespace
+
+void CheckListBox::Attach(HWND listBox) {
+    AttachTo(listBox);
+    boxSize_ = FitEntryHeight(listBox);
+}
+
+void CheckListBox::Add(const std::wstring& name, bool ticked) {
+    const LRESULT entry =
+        SendMessageW(Control(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+    SendMessageW(Control(), LB_SETITEMDATA, static_cast<WPARAM>(entry), ticked ? 1 : 0);
+}
+
+void CheckListBox::Clear() {
+    SendMessageW(Control(), LB_RESETCONTENT, 0, 0);
+}
+
+int CheckListBox::Count() const {
+    return static_cast<int>(SendMessageW(Control(), LB_GETCOUNT, 0, 0));
+}
+
+std::wstring CheckListBox::Name(int entry) const {
+    return ListEntryText(Control(), entry);
+}
+
+bool CheckListBox::IsTicked(int entry) const {
+    return SendMessageW(Control(), LB_GETITEMDATA, static_cast<WPARAM>(entry), 0) == 1;
+}
+
+int CheckListBox::Current() const {
+    return static_cast<int>(SendMessageW(Control(), LB_GETCURSEL, 0, 0));
+}
+
+void CheckListBox::SetCurrent(int entry) {
+    SendMessageW(Control(), LB_SETCURSEL, static_cast<WPARAM>(entry), 0);
+}
+
+LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result =
+        message == WM_CHAR && wParam == L' ' ? 0 : PassOn(message, wParam, lParam);
+    switch (message) {
+        case WM_CHAR:
+            // A blank ticks; it does not look for an entry that begins with one.
+            if (wParam == L' ') {
+                Toggle(Current());
+            }
+            break;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            Toggle(BoxAt(lParam));
+            break;
+        case LB_SETITEMDATA: {
+            RECT place;
+            if (SendMessageW(Control(), LB_GETITEMRECT, wParam, reinterpret_cast<LPARAM>(&place)) !=
+                LB_ERR) {
+                InvalidateRect(Control(), &place, TRUE);
+            }
+            break;
+        }
+        default:
+            break;
+    }
+    return result;
+}
+
+void CheckListBox::Toggle(int entry) {
+    if (entry >= 0 && entry < Count()) {
+        SendMessageW(Control(), LB_SETITEMDATA, static_cast<WPARAM>(entry),
+                     IsTicked(entry) ? 0 : 1);
+        NotifyWinEvent(EVENT_OBJECT_STATECHANGE, Control(), OBJID_CLIENT, entry + 1);
+    }
+}
+
+// The entry whose check box lies there; -1 for none.
+int CheckListBox::BoxAt(LPARAM position) const {
+    const LRESULT found = SendMessageW(Control(), LB_ITEMFROMPOINT, 0, position);
+    const POINT point = {static_cast<short>(LOWORD(position)),
+                         static_cast<short>(HIWORD(position))};
+    RECT place = {};
+    if (HIWORD(found) != 0 || SendMessageW(Control(), LB_GETITEMRECT, LOWORD(found),
+                                           reinterpret_cast<LPARAM>(&place)) == LB_ERR) {
+        return -1;
+    }
+    const RECT box = BoxOf(place);
+    const bool isInside = point.x < box.right && PtInRect(&place, point) != FALSE;
+    return isInside ? LOWORD(found) : -1;
+}
+
+RECT CheckListBox::BoxOf(const RECT& entry) const {
+    const LONG height = entry.bottom - entry.top;
+    const LONG left = entry.left + std::max<LONG>(2, height / kMarginParts);
+    const LONG top = entry.top + (height - boxSize_) / 2;
+    return {left, top, left + boxSize_, top + boxSize_};
+}
+
+void CheckListBox::Draw(const DRAWITEMSTRUCT& item) const {
+    if (static_cast<int>(item.itemID) < 0) {
+        return;
+    }
+    const RECT box = BoxOf(item.rcItem);
+    RECT text = item.rcItem;
+    text.left = box.right + (box.left - item.rcItem.left);
+    FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_WINDOW));
+    DrawBox(item.hDC, box, item.itemData == 1);
+    DrawListText(item, text, Name(static_cast<int>(item.itemID)));
+}
+
+void CheckListBox::DrawBox(HDC dc, RECT box, bool ticked) const {
+    if (!theme_.Draw(Control(), dc, box, ticked)) {
+        const UINT state = DFCS_BUTTONCHECK | (ticked ? DFCS_CHECKED : 0U);
+        DrawFrameControl(dc, &box, DFC_BUTTON, state);
+    }
+}
+
+}  // namespace ambrio

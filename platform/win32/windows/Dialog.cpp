@@ -1,0 +1,186 @@
+#include "platform/win32/windows/Dialog.h"
+
+#include <new>
+
+#include "platform/win32/windows/DialogTemplate.h"
+
+namespace ambrio {
+
+Dialog::~Dialog() {
+    if (handle_ != nullptr) {
+        // The derived part is gone; no message may reach it any more.
+        SetWindowLongPtrW(handle_, DWLP_USER, 0);
+    }
+    Unload();
+}
+
+void Dialog::Load(HWND owner) {
+    const auto layout = DialogTemplateInMessageFont(instance_, templateId_);
+    loadFailure_ = nullptr;
+    const HWND window =
+        CreateDialogIndirectParamW(instance_, reinterpret_cast<const DLGTEMPLATE*>(layout.data()),
+                                   owner, Procedure, reinterpret_cast<LPARAM>(this));
+    if (loadFailure_ != nullptr) {
+        Unload();
+        std::rethrow_exception(loadFailure_);
+    }
+    if (window == nullptr) {
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    }
+}
+
+void Dialog::ShowModal() {
+    const HWND owner = GetWindow(handle_, GW_OWNER);
+    if (owner != nullptr && IsWindowEnabled(owner) != FALSE) {
+        disabledOwner_ = owner;
+        EnableWindow(owner, FALSE);
+    }
+    Show();
+    RunUntilUnloaded();
+}
+
+void Dialog::ShowModeless() {
+    Show();
+    RunUntilUnloaded();
+}
+
+void Dialog::Show() {
+    ShowWindow(handle_, SW_SHOW);
+    SetForegroundWindow(handle_);
+    HWND focus = FirstFocus();
+    if (focus == nullptr) {
+        focus = GetNextDlgTabItem(handle_, nullptr, FALSE);
+    }
+    SendMessageW(handle_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(focus), TRUE);
+}
+
+void Dialog::RunUntilUnloaded() {
+    MSG message;
+    while (handle_ != nullptr) {
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+        if (got <= 0) {
+            // The program is to end: that goes on to the loop below this one.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            Unload();
+        } else if (IsDialogMessageW(handle_, &message) == FALSE) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+}
+
+void Dialog::Unload() {
+    if (disabledOwner_ != nullptr) {
+        // Before the window goes, or the system would activate some other program's.
+        EnableWindow(disabledOwner_, TRUE);
+        disabledOwner_ = nullptr;
+    }
+    if (handle_ != nullptr) {
+        DestroyWindow(handle_);
+    }
+}
+
+INT_PTR CALLBACK Dialog::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(handle, DWLP_USER, lParam);
+        auto* dialog = reinterpret_cast<Dialog*>(lParam);
+        dialog->handle_ = handle;
+        dialog->LoadForm();
+        return FALSE;  // the focus is set when the dialog is shown
+    }
+    auto* dialog = reinterpret_cast<Dialog*>(GetWindowLongPtrW(handle, DWLP_USER));
+    // Messages before WM_INITDIALOG belong to nobody.
+    if (dialog == nullptr) {
+        return FALSE;
+    }
+    if (message == WM_NCDESTROY) {
+        dialog->handle_ = nullptr;
+        return FALSE;
+    }
+    try {
+        return dialog->Receive(message, wParam, lParam) ? TRUE : FALSE;
+    } catch (const RuntimeError& error) {
+        dialog->OnFailure(error);
+    } catch (const std::bad_alloc&) {
+        dialog->OnFailure(RuntimeError(ErrorNumber::OutOfMemory));
+    }
+    return TRUE;
+}
+
+// No exception may pass through the system's code; Load throws it on.
+void Dialog::LoadForm() {
+    try {
+        Form_Load();
+    } catch (...) {
+        loadFailure_ = std::current_exception();
+    }
+}
+
+bool Dialog::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND:
+            return loadFailure_ == nullptr && HandleCommand(LOWORD(wParam), HIWORD(wParam));
+        case WM_DRAWITEM:
+            OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+            return true;
+        case WM_CLOSE:
+            // An owner whose modal dialog is open stays, whoever asks.
+            if (IsWindowEnabled(handle_) != FALSE) {
+                Unload();
+            }
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool Dialog::HandleCommand(int control, int notification) {
+    if (control == IDCANCEL && Control(IDCANCEL) == nullptr) {
+        return true;
+    }
+    OnCommand(control, notification);
+    return true;
+}
+
+std::wstring WindowText(HWND window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+std::wstring Dialog::Text(int control) const {
+    return WindowText(Control(control));
+}
+
+void Dialog::SetText(int control, const std::wstring& text) {
+    SetWindowTextW(Control(control), text.c_str());
+}
+
+bool Dialog::IsTicked(int control) const {
+    return Send(control, BM_GETCHECK) == BST_CHECKED;
+}
+
+void Dialog::Tick(int control, bool ticked) {
+    Send(control, BM_SETCHECK, ticked ? BST_CHECKED : BST_UNCHECKED);
+}
+
+void Dialog::Enable(int control, bool enabled) {
+    EnableWindow(Control(control), enabled ? TRUE : FALSE);
+}
+
+std::wstring Dialog::Caption() const {
+    return WindowText(handle_);
+}
+
+void Dialog::SetCaption(const std::wstring& caption) {
+    SetWindowTextW(handle_, caption.c_str());
+}
+
+SIZE Dialog::PixelsOfUnits(int across, int down) const {
+    RECT units = {0, 0, across, down};
+    MapDialogRect(handle_, &units);
+    return {units.right, units.bottom};
+}
+
+}  // namespace ambrio

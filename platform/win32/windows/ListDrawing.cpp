@@ -1,0 +1,52 @@
+#include "platform/win32/windows/ListDrawing.h"
+
+#include <algorithm>
+
+#include "platform/win32/windows/GdiHandles.h"
+
+namespace ambrio {
+
+std::wstring ListEntryText(HWND listBox, int entry) {
+    const LRESULT length = SendMessageW(listBox, LB_GETTEXTLEN, static_cast<WPARAM>(entry), 0);
+    if (length == LB_ERR) {
+        return {};
+    }
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    SendMessageW(listBox, LB_GETTEXT, static_cast<WPARAM>(entry),
+                 reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+int FitEntryHeight(HWND listBox) {
+    constexpr int kSpace = 2;  // pixels above and below
+    const HDC dc = GetDC(listBox);
+    TEXTMETRICW metrics = {};
+    {
+        const SelectedObject font(dc,
+                                  reinterpret_cast<HFONT>(SendMessageW(listBox, WM_GETFONT, 0, 0)));
+        GetTextMetricsW(dc, &metrics);
+    }
+    // The size of a check box at 96 dpi, in the screen's proportion.
+    const int boxSize = MulDiv(13, GetDeviceCaps(dc, LOGPIXELSY), USER_DEFAULT_SCREEN_DPI);
+    ReleaseDC(listBox, dc);
+    const int height = std::max<int>(metrics.tmHeight, boxSize) + 2 * kSpace;
+    SendMessageW(listBox, LB_SETITEMHEIGHT, 0, height);
+    return boxSize;
+}
+
+void DrawListText(const DRAWITEMSTRUCT& item, const RECT& place, const std::wstring& text) {
+    constexpr UINT kFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
+    const bool isSelected = (item.itemState & ODS_SELECTED) != 0;
+    FillRect(item.hDC, &place, GetSysColorBrush(isSelected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    SetBkMode(item.hDC, TRANSPARENT);
+    SetTextColor(item.hDC, GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    RECT inside = place;
+    inside.left += 2;
+    DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &inside, kFormat);
+    if ((item.itemState & ODS_FOCUS) != 0 && (item.itemState & ODS_NOFOCUSRECT) == 0) {
+        DrawFocusRect(item.hDC, &place);
+    }
+}
+
+}  // namespace ambrio

@@ -1,0 +1,152 @@
+#include "saver/form/frmScreenSaver.h"
+
+#include <utility>
+
+#include "platform/win32/windows/ScreenTwips.h"
+#include "saver/model/FormConstants.h"
+
+namespace ambrio {
+namespace {
+
+enum TimerId : UINT_PTR { kDoTheBizTimer = 1, kKeepOnRunninTimer, kEndTimer };
+
+int XOf(LPARAM position) {
+    return static_cast<short>(LOWORD(position));
+}
+int YOf(LPARAM position) {
+    return static_cast<short>(HIWORD(position));
+}
+
+}  // namespace
+
+frmScreenSaver::frmScreenSaver(const Application& application, FileSystem& fileSystem,
+                               SettingsStore& settings, Clock& clock,
+                               std::function<void()> unloaded)
+    : application_(application),
+      fileSystem_(fileSystem),
+      settings_(settings),
+      clock_(clock),
+      unloaded_(std::move(unloaded)),
+      twips_(ReadScreenTwips()),
+      tmrDoTheBiz_(kDoTheBizTimer, kDoTheBizInterval),
+      tmrKeepOnRunnin_(kKeepOnRunninTimer, kKeepOnRunninInterval),
+      tmrEnd_(kEndTimer, kEndInterval) {}
+
+frmScreenSaver::~frmScreenSaver() {
+    Destroy();
+}
+
+void frmScreenSaver::Show() {
+    MakeWindow();
+    Form_Load();
+    ShowWindow(Handle(), SW_SHOW);
+    SetForegroundWindow(Handle());
+}
+
+LRESULT frmScreenSaver::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_PAINT:
+            Paint([this](HDC target, const RECT& part) { canvas_->Paint(target, part); });
+            return 0;
+        case WM_TIMER:
+            TimerTick(wParam);
+            return 0;
+        case WM_SYSCOMMAND:
+            // The system must not start a saver over this one.
+            if ((wParam & 0xFFF0U) == SC_SCREENSAVE) {
+                return 0;
+            }
+            return Window::Receive(message, wParam, lParam);
+        case WM_DISPLAYCHANGE:
+            if (!StaysOrdinaryWindow(application_.CommandLine)) {
+                SetMaxSize();
+            }
+            return 0;
+        case WM_CLOSE:
+            CloseRequested();
+            return 0;
+        case WM_QUERYENDSESSION:
+            return AgreeToEndOfSession();
+        case WM_ENDSESSION:
+            SessionEnds(wParam != FALSE);
+            return 0;
+        case WM_DESTROY:
+            Destroyed();
+            return 0;
+        default:
+            return ReceiveInput(message, wParam, lParam);
+    }
+}
+
+LRESULT frmScreenSaver::ReceiveInput(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_KEYDOWN:
+        case WM_SYSKEYDOWN:
+        case WM_LBUTTONDOWN:
+        case WM_RBUTTONDOWN:
+        case WM_MBUTTONDOWN:
+        case WM_XBUTTONDOWN:
+            InputRule();
+            return 0;
+        case WM_MOUSEMOVE:
+            Form_MouseMove(XOf(lParam), YOf(lParam));
+            return 0;
+        default:
+            return Window::Receive(message, wParam, lParam);
+    }
+}
+
+// What every input does: it asks a run to stop, and ends the form when there is none any more.
+void frmScreenSaver::InputRule() {
+    state_.Interrupted = true;
+    if (state_.RunFinished) {
+        Unload();
+    }
+}
+
+void frmScreenSaver::Form_MouseMove(int x, int y) {
+    const int requests =
+        mouseMoveRule_.Move(static_cast<float>(x * twips_.X), static_cast<float>(y * twips_.Y));
+    for (int i = 0; i < requests; ++i) {
+        InputRule();
+    }
+}
+
+void frmScreenSaver::TimerTick(UINT_PTR timer) {
+    if (timer == tmrDoTheBiz_.Id()) {
+        tmrDoTheBiz_Timer();
+    } else if (timer == tmrKeepOnRunnin_.Id()) {
+        tmrKeepOnRunnin_Timer();
+    } else if (timer == tmrEnd_.Id()) {
+        End();
+    }
+}
+
+void frmScreenSaver::tmrDoTheBiz_Timer() {
+    if (state_.RunStarted) {
+        return;
+    }
+    tmrDoTheBiz_.SetEnabled(false);
+    tmrKeepOnRunnin_.SetEnabled(true);
+    state_.RunStarted = true;
+    awake_ = std::make_unique<StayAwake>();
+    run_->DoTheBiz();
+    awake_.reset();
+    state_.RunFinished = true;
+}
+
+void frmScreenSaver::tmrKeepOnRunnin_Timer() {
+    AnimationInputs inputs;
+    inputs.RunFinished = state_.RunFinished;
+    inputs.PowerSaveActive = desktop_.PowerSaveActive;
+    inputs.PowerSaveTimeout = desktop_.PowerSaveTimeout;
+    inputs.Interval = static_cast<std::int32_t>(tmrKeepOnRunnin_.Interval().count());
+    inputs.PixelTwipsX = application_.PixelTwipsX;
+    inputs.PixelTwipsY = application_.PixelTwipsY;
+    animation_.Step(*frame_, inputs);
+    frame_->Present();
+}
+
+}  // namespace ambrio

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "engine/RunDriver.h"
+#include "engine/RunHost.h"
+#include "engine/RunState.h"
+#include "platform/Application.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/SettingsStore.h"
+#include "platform/win32/system/StayAwake.h"
+#include "platform/win32/windows/FormTimer.h"
+#include "platform/win32/windows/ScreenTwips.h"
+#include "platform/win32/windows/Window.h"
+#include "saver/LineCanvas.h"
+#include "saver/animation/FrameAnimation.h"
+#include "saver/model/DesktopSettings.h"
+#include "saver/model/InputRules.h"
+#include "saver/panel/PanelFrame.h"
+#include "saver/panel/StatusPanelView.h"
+
+namespace ambrio {
+
+// The full-screen form that runs the backup, and everything that lives exactly as long as it. When
+// it has unloaded, the window is gone and `unloaded` has been called; the object may go later.
+//
+// The run works inside the tick of tmrDoTheBiz and lets events run in between, so input and even a
+// request to close arrive in the middle of it. They only set RunState::Interrupted then; the form
+// unloads when the run has returned.
+class frmScreenSaver : public Window, public RunHost {
+  public:
+    // Everything passed in must live longer than the form. `unloaded` is called once, on this
+    // thread.
+    frmScreenSaver(const Application& application, FileSystem& fileSystem, SettingsStore& settings,
+                   Clock& clock, std::function<void()> unloaded);
+    ~frmScreenSaver() override;
+
+    // Loads the form and shows it. Throws RuntimeError when a desktop setting is out of range.
+    void Show();
+
+    // What the run asks of the form (FormRunHost.cpp).
+    void DoEvents() override;
+    void ShowMessage(const std::wstring& text, MessageIcon icon) override;
+    std::wstring WindowsFolder() override;
+    std::wstring SystemFolder() override;
+    bool StartProgram(const std::wstring& commandLine, WindowState state) override;
+    void ShowPointer() override;
+    void LeaveTopmost() override;
+    [[nodiscard]] bool IsEndTimerEnabled() const override { return tmrEnd_.IsEnabled(); }
+    void UnloadForm() override { Unload(); }
+    void End() override;
+
+  protected:
+    LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    // Loading (FormLoad.cpp).
+    void MakeWindow();
+    void Form_Load();
+    void SetMaxSize();
+    void SetTopmost(bool topmost);
+    [[nodiscard]] bool UsesPassword() const;
+
+    // Events.
+    LRESULT ReceiveInput(UINT message, WPARAM wParam, LPARAM lParam);
+    void InputRule();
+    void Form_MouseMove(int x, int y);
+    void TimerTick(UINT_PTR timer);
+    void tmrDoTheBiz_Timer();
+    void tmrKeepOnRunnin_Timer();
+    void ShowBox(const std::wstring& text, const std::wstring& title, UINT icon);
+    [[nodiscard]] bool IsRunning() const { return state_.RunStarted && !state_.RunFinished; }
+
+    // Closing (FormUnload.cpp).
+    void Unload();
+    bool Form_QueryUnload();
+    void ShowFailureSummary();
+    void Form_Unload();
+    void Destroyed();
+    void CloseRequested();
+    LRESULT AgreeToEndOfSession();
+    void SessionEnds(bool ends);
+
+    const Application& application_;
+    FileSystem& fileSystem_;
+    SettingsStore& settings_;
+    Clock& clock_;
+    std::function<void()> unloaded_;
+    ScreenTwips twips_;
+    RunState state_;
+    MouseMoveRule mouseMoveRule_;
+    DesktopSettings desktop_;
+    std::int32_t platformId_ = 0;
+    FormTimer tmrDoTheBiz_;
+    FormTimer tmrKeepOnRunnin_;
+    FormTimer tmrEnd_;
+    std::unique_ptr<LineCanvas> canvas_;
+    std::unique_ptr<StatusPanelView> panel_;
+    std::unique_ptr<PanelFrame> frame_;
+    std::unique_ptr<RunDriver> run_;
+    FrameAnimation animation_;
+    std::unique_ptr<StayAwake> awake_;  // while the run is at work
+    bool isClosing_ = false;            // an unload is under way
+    bool isSessionEnding_ = false;      // nobody is there to answer
+};
+
+}  // namespace ambrio

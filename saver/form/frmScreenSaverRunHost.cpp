@@ -1,0 +1,54 @@
+// frmScreenSaver: what the run asks of it.
+
+#include "platform/win32/files/SystemFolders.h"
+#include "platform/win32/system/StartProgram.h"
+#include "platform/win32/windows/MessageLoop.h"
+#include "saver/form/Pointer.h"
+#include "saver/form/frmScreenSaver.h"
+
+namespace ambrio {
+
+void frmScreenSaver::DoEvents() {
+    ambrio::DoEvents();
+}
+
+void frmScreenSaver::ShowMessage(const std::wstring& text, MessageIcon icon) {
+    ShowBox(text, application_.Title, icon == MessageIcon::CriticalStop ? MB_ICONSTOP : 0);
+}
+
+std::wstring frmScreenSaver::WindowsFolder() {
+    return GetWindowsFolder();
+}
+
+std::wstring frmScreenSaver::SystemFolder() {
+    return GetSystemFolder();
+}
+
+bool frmScreenSaver::StartProgram(const std::wstring& commandLine, WindowState state) {
+    return ambrio::StartProgram(commandLine, state == WindowState::Hidden
+                                                 ? StartedWindow::Hidden
+                                                 : StartedWindow::NormalFocus);
+}
+
+void frmScreenSaver::ShowPointer() {
+    ShowPointerSurely();
+}
+
+// The last step of the run before its boxes, which may wait for hours; the system may sleep then.
+void frmScreenSaver::LeaveTopmost() {
+    awake_.reset();
+    SetTopmost(false);
+}
+
+void frmScreenSaver::End() {
+    ExitProcess(0);
+}
+
+// Nobody reads a box while the session ends, and it would hold the end up.
+void frmScreenSaver::ShowBox(const std::wstring& text, const std::wstring& title, UINT icon) {
+    if (!isSessionEnding_) {
+        MessageBoxW(Handle(), text.c_str(), title.c_str(), MB_OK | icon);
+    }
+}
+
+}  // namespace ambrio

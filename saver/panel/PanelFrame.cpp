@@ -1,0 +1,48 @@
+#include "saver/panel/PanelFrame.h"
+
+#include <cmath>
+#include <utility>
+
+namespace ambrio {
+
+PanelFrame::PanelFrame(HWND form, StatusPanelView& panel, LineCanvas& canvas,
+                       const ScreenTwips& twips, const Application& application)
+    : form_(form), panel_(panel), canvas_(canvas), twips_(twips), application_(application) {}
+
+std::int32_t PanelFrame::ParentScaleWidth() const {
+    RECT area{};
+    GetClientRect(form_, &area);
+    return static_cast<std::int32_t>(std::lround(area.right * twips_.X));
+}
+
+std::int32_t PanelFrame::ParentScaleHeight() const {
+    RECT area{};
+    GetClientRect(form_, &area);
+    return static_cast<std::int32_t>(std::lround(area.bottom * twips_.Y));
+}
+
+void PanelFrame::Move(std::int32_t left, std::int32_t top) {
+    panel_.Move(left, top);
+}
+
+void PanelFrame::SetBackColor(Colour colour) {
+    panel_.SetBackColor(colour);
+    hasNewColours_ = true;
+}
+
+void PanelFrame::SetLabelColours(const LabelColours& colours) {
+    panel_.SetLabelColours(colours);
+    hasNewColours_ = true;
+}
+
+void PanelFrame::DrawLines(std::span<const Line> lines) {
+    canvas_.Draw(lines, application_.PixelTwipsX, application_.PixelTwipsY);
+}
+
+void PanelFrame::Present() {
+    if (std::exchange(hasNewColours_, false)) {
+        panel_.Redraw();
+    }
+}
+
+}  // namespace ambrio

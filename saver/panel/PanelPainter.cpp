@@ -1,0 +1,190 @@
+#include "saver/panel/PanelPainter.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "platform/Twips.h"
+#include "saver/model/Ellipsis.h"
+
+namespace ambrio {
+namespace {
+
+constexpr int kTextHeight = 160;  // twips: eight points
+constexpr int kMargin = 45;       // of the plate inside the frame, twips
+constexpr int kCorner = 90;       // the plate's rounding, twips
+constexpr int kCaptionLeft = 120;
+constexpr int kGap = 45;  // between a fixed text and a count beside it, twips
+
+COLORREF SystemColour(Colour colour) {
+    return RGB(colour.Red, colour.Green, colour.Blue);
+}
+
+Colour Between(Colour a, Colour b) {
+    const auto half = [](std::uint8_t x, std::uint8_t y) {
+        return static_cast<std::uint8_t>((x + y) / 2);
+    };
+    return {half(a.Red, b.Red), half(a.Green, b.Green), half(a.Blue, b.Blue)};
+}
+
+UniqueFont MakeFont(const wchar_t* face, int pixels, int weight) {
+    return UniqueFont(CreateFontW(-pixels, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                                  OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY,
+                                  VARIABLE_PITCH | FF_SWISS, face));
+}
+
+// The layout was drawn for the first of these faces; the others are as narrow. A system without
+// any of them chooses by itself.
+UniqueFont MakePanelFont(HDC dc, int pixels, int weight) {
+    for (const wchar_t* face : {L"Tahoma", L"DejaVu Sans Condensed", L"Arial"}) {
+        UniqueFont font = MakeFont(face, pixels, weight);
+        const SelectedObject selected(dc, font.get());
+        wchar_t chosen[LF_FACESIZE];
+        GetTextFaceW(dc, LF_FACESIZE, chosen);
+        if (std::wstring_view(chosen) == face) {
+            return font;
+        }
+    }
+    return MakeFont(L"Tahoma", pixels, weight);
+}
+
+SIZE Extent(HDC dc, const std::wstring& text) {
+    SIZE size{};
+    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
+    return size;
+}
+
+void WriteText(HDC dc, int left, int top, Colour colour, const std::wstring& text) {
+    SetTextColor(dc, SystemColour(colour));
+    ExtTextOutW(dc, left, top, 0, nullptr, text.c_str(), static_cast<UINT>(text.size()), nullptr);
+}
+
+bool Touch(const RECT& a, const RECT& b) {
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+}  // namespace
+
+RECT PixelsOfTwips(const TwipsRect& place, double twipsPerPixelX, double twipsPerPixelY) {
+    return {PixelsFromTwips(place.Left, twipsPerPixelX), PixelsFromTwips(place.Top, twipsPerPixelY),
+            PixelsFromTwips(place.Left + place.Width, twipsPerPixelX),
+            PixelsFromTwips(place.Top + place.Height, twipsPerPixelY)};
+}
+
+PanelPainter::PanelPainter(double twipsPerPixelX, double twipsPerPixelY, const PanelTexts& texts)
+    : twipsPerPixelX_(twipsPerPixelX),
+      twipsPerPixelY_(twipsPerPixelY),
+      background_(Across(kStatusFramePlace.Width), Down(kStatusFramePlace.Height)),
+      picture_(background_.Width(), background_.Height()),
+      font_(MakePanelFont(picture_.DC(), Down(kTextHeight), FW_NORMAL)),
+      captionFont_(MakePanelFont(picture_.DC(), Down(kTextHeight), FW_BOLD)) {
+    SetBkMode(background_.DC(), TRANSPARENT);
+    SetBkMode(picture_.DC(), TRANSPARENT);
+    SettleReaches(texts);
+}
+
+int PanelPainter::Across(int twips) const {
+    return PixelsFromTwips(twips, twipsPerPixelX_);
+}
+int PanelPainter::Down(int twips) const {
+    return PixelsFromTwips(twips, twipsPerPixelY_);
+}
+
+RECT PanelPainter::PixelsOf(const TwipsRect& place) const {
+    return PixelsOfTwips(place, twipsPerPixelX_, twipsPerPixelY_);
+}
+
+// A fixed text is shown whole, also where it is wider than its box; a count may also use the room
+// that the fixed text on its left leaves.
+void PanelPainter::SettleReaches(const PanelTexts& texts) {
+    const SelectedObject font(picture_.DC(), font_.get());
+    for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
+        const PanelLabelDesign& design = kPanelLabels[i];
+        reach_[i] = PixelsOf(design.Place);
+        const LONG width = Extent(picture_.DC(), *texts[i]).cx;
+        if (design.IsFixed && design.Alignment == TextAlignment::Left) {
+            reach_[i].right = std::max(reach_[i].right, reach_[i].left + width);
+        }
+        if (design.IsFixed || design.Alignment != TextAlignment::Right) {
+            continue;
+        }
+        for (std::size_t other = 0; other < i; ++other) {
+            const RECT box = PixelsOf(kPanelLabels[other].Place);
+            if (kPanelLabels[other].IsFixed && box.left < reach_[i].left &&
+                std::abs(box.top - reach_[i].top) <= Down(kTextHeight) / 4) {
+                reach_[i].left = box.left + Extent(picture_.DC(), *texts[other]).cx + Across(kGap);
+            }
+        }
+    }
+}
+
+void PanelPainter::DrawFrame(const PanelTexts& texts) {
+    DrawBackground();
+    DrawLabels({0, 0, picture_.Width(), picture_.Height()}, texts);
+}
+
+void PanelPainter::DrawLabel(std::size_t label, const PanelTexts& texts) {
+    DrawLabels(reach_[label], texts);
+}
+
+void PanelPainter::DrawBackground() {
+    const HDC dc = background_.DC();
+    const UniqueBrush frame(CreateSolidBrush(SystemColour(backColor_)));
+    const UniqueBrush plate(CreateSolidBrush(SystemColour(colours_.Plate)));
+    const UniquePen border(CreatePen(PS_SOLID, std::max(1, Across(15)),
+                                     SystemColour(Between(backColor_, colours_.Caption))));
+    const RECT all{0, 0, background_.Width(), background_.Height()};
+    FillRect(dc, &all, frame.get());
+    const SelectedObject pen(dc, border.get());
+    const SelectedObject brush(dc, plate.get());
+    RoundRect(dc, Across(kMargin), Down(kTextHeight) * 2 / 3, all.right - Across(kMargin),
+              all.bottom - Down(kMargin) / 2, Across(kCorner), Down(kCorner));
+    DrawCaption(dc);
+}
+
+// The caption stands in the border, as on a group box.
+void PanelPainter::DrawCaption(HDC dc) {
+    const SelectedObject font(dc, captionFont_.get());
+    const int padding = Across(kCorner);
+    const RECT room{0, 0, background_.Width() - 2 * Across(kCaptionLeft) - 2 * padding, 0};
+    const std::wstring text = Shortened(caption_, [dc, &room](const std::wstring& candidate) {
+        return Extent(dc, candidate).cx <= room.right;
+    });
+    if (text.empty()) {
+        return;
+    }
+    const SIZE size = Extent(dc, text);
+    const int left = Across(kCaptionLeft);
+    RoundRect(dc, left, 0, left + size.cx + 2 * padding, size.cy + 2, Across(kCorner),
+              Down(kCorner));
+    WriteText(dc, left + padding, 1, colours_.Text, text);
+}
+
+void PanelPainter::DrawLabels(const RECT& area, const PanelTexts& texts) {
+    const HDC dc = picture_.DC();
+    background_.CopyTo(dc, area.left, area.top, area);
+    IntersectClipRect(dc, area.left, area.top, area.right, area.bottom);
+    const SelectedObject font(dc, font_.get());
+    for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
+        if (Touch(area, reach_[i])) {
+            DrawText(kPanelLabels[i], reach_[i], *texts[i]);
+        }
+    }
+    SelectClipRgn(dc, nullptr);
+}
+
+void PanelPainter::DrawText(const PanelLabelDesign& design, const RECT& reach,
+                            const std::wstring& text) {
+    const HDC dc = picture_.DC();
+    const int room = reach.right - reach.left;
+    const std::wstring shown = Shortened(text, [dc, room](const std::wstring& candidate) {
+        return Extent(dc, candidate).cx <= room;
+    });
+    int left = reach.left;
+    if (design.Alignment != TextAlignment::Left) {
+        const int spare = room - Extent(dc, shown).cx;
+        left += design.Alignment == TextAlignment::Right ? spare : spare / 2;
+    }
+    WriteText(dc, left, reach.top, design.IsFixed ? colours_.Caption : colours_.Text, shown);
+}
+
+}  // namespace ambrio

@@ -1,0 +1,177 @@
+#include "saver/panel/StatusPanelView.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/Twips.h"
+
+namespace ambrio {
+namespace {
+
+std::size_t IndexOf(int controlId) {
+    const auto found = std::find_if(kPanelLabels.begin(), kPanelLabels.end(),
+                                    [controlId](const PanelLabelDesign& design) {
+                                        return static_cast<int>(design.Control) == controlId;
+                                    });
+    return static_cast<std::size_t>(found - kPanelLabels.begin());
+}
+
+std::size_t IndexOf(PanelLabel label) {
+    return IndexOf(static_cast<int>(ControlOf(label)));
+}
+
+}  // namespace
+
+StatusPanelView::StatusPanelView(HWND form, double twipsPerPixelX, double twipsPerPixelY,
+                                 const std::wstring& slogan, std::function<void()> mouseDown)
+    : twipsPerPixelX_(twipsPerPixelX),
+      twipsPerPixelY_(twipsPerPixelY),
+      mouseDown_(std::move(mouseDown)) {
+    labelPanel_.TextChanged = [this](int controlId) { RedrawLabel(IndexOf(controlId)); };
+    labelPanel_.Paint = [this](int controlId, HDC target) {
+        painter_->Picture().CopyTo(target, 0, 0, PixelsOf(kPanelLabels[IndexOf(controlId)].Place));
+    };
+    WindowDesign design = ChildDesign(L"AmbrioStatusPanel", form,
+                                      static_cast<int>(PanelControl::fraStatus), PixelsOf(place_));
+    design.Text = kPanelDesignTitle;
+    // Not visible before there is something to show. No WS_CLIPCHILDREN: the panel draws what its
+    // labels show.
+    design.Style = WS_CHILD;
+    Create(design);
+    MakeLabels(slogan);
+    painter_ = std::make_unique<PanelPainter>(twipsPerPixelX_, twipsPerPixelY_, texts_);
+    copyFrame_ = std::make_unique<CopyFrame>(Handle(), PixelsOf(kCopyFramePlace));
+    painter_->DrawFrame(texts_);
+    ShowWindow(Handle(), SW_SHOWNA);
+}
+
+StatusPanelView::~StatusPanelView() {
+    Destroy();
+}
+
+RECT StatusPanelView::PixelsOf(const TwipsRect& place) const {
+    return PixelsOfTwips(place, twipsPerPixelX_, twipsPerPixelY_);
+}
+
+RECT StatusPanelView::WholePicture() const {
+    return {0, 0, painter_->Picture().Width(), painter_->Picture().Height()};
+}
+
+void StatusPanelView::MakeLabels(const std::wstring& slogan) {
+    for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
+        const PanelLabelDesign& design = kPanelLabels[i];
+        labels_[i] = std::make_unique<PanelLabelWindow>(
+            Handle(), static_cast<int>(design.Control), PixelsOf(design.Place),
+            design.Caption == nullptr ? slogan : design.Caption, labelPanel_);
+        texts_[i] = &labels_[i]->Text();
+    }
+}
+
+void StatusPanelView::SetCaption(PanelLabel label, const std::wstring& caption) {
+    labels_[IndexOf(label)]->SetText(caption);
+}
+
+std::wstring StatusPanelView::Caption(PanelLabel label) const {
+    return labels_[IndexOf(label)]->Text();
+}
+
+void StatusPanelView::SetTitle(const std::wstring& caption) {
+    SetWindowTextW(Handle(), caption.c_str());
+    painter_->SetCaption(caption);
+    Redraw();
+}
+
+void StatusPanelView::OpenClip(const std::wstring& path) {
+    copyFrame_->OpenClip(path);
+}
+void StatusPanelView::PlayClip() {
+    copyFrame_->PlayClip();
+}
+void StatusPanelView::StopClip() {
+    copyFrame_->StopClip();
+}
+// Nothing is copied any more, so the frame goes with the clip.
+void StatusPanelView::CloseClip() {
+    copyFrame_->CloseClip();
+    ShowCopyFrame(false);
+}
+
+void StatusPanelView::ShowCopyFrame(bool visible) {
+    copyFrame_->Show(visible);
+    if (!visible) {
+        Show(PixelsOf(kCopyFramePlace));
+    }
+}
+
+void StatusPanelView::MatchCopyFrameColour() {
+    const Colour colour = painter_->BackColor();
+    copyFrame_->SetBackColor(RGB(colour.Red, colour.Green, colour.Blue));
+}
+
+void StatusPanelView::Move(int left, int top) {
+    place_.Left = left;
+    place_.Top = top;
+    SetWindowPos(Handle(), nullptr, PixelsFromTwips(left, twipsPerPixelX_),
+                 PixelsFromTwips(top, twipsPerPixelY_), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void StatusPanelView::SetBackColor(Colour colour) {
+    painter_->SetBackColor(colour);
+}
+
+void StatusPanelView::SetLabelColours(const LabelColours& colours) {
+    painter_->SetLabelColours(colours);
+}
+
+void StatusPanelView::Redraw() {
+    painter_->DrawFrame(texts_);
+    Show(WholePicture());
+}
+
+void StatusPanelView::RedrawLabel(std::size_t label) {
+    painter_->DrawLabel(label, texts_);
+    Show(painter_->ReachOf(label));
+}
+
+// Copies a part of the picture to the screen at once, without waiting for a WM_PAINT.
+void StatusPanelView::Show(const RECT& part) {
+    if (Handle() == nullptr) {
+        return;
+    }
+    if (const HDC target = GetDC(Handle()); target != nullptr) {
+        CopyPicture(target, part);
+        ReleaseDC(Handle(), target);
+    }
+}
+
+void StatusPanelView::CopyPicture(HDC target, const RECT& part) const {
+    if (copyFrame_->IsShown()) {
+        const RECT covered = PixelsOf(kCopyFramePlace);
+        ExcludeClipRect(target, covered.left, covered.top, covered.right, covered.bottom);
+    }
+    painter_->Picture().CopyTo(target, part.left, part.top, part);
+}
+
+LRESULT StatusPanelView::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_PAINT:
+            Paint([this](HDC target, const RECT& part) { CopyPicture(target, part); });
+            return 0;
+        case WM_PRINTCLIENT:
+            CopyPicture(reinterpret_cast<HDC>(wParam), WholePicture());
+            return 0;
+        case WM_LBUTTONDOWN:
+        case WM_RBUTTONDOWN:
+        case WM_MBUTTONDOWN:
+        case WM_XBUTTONDOWN:
+            mouseDown_();
+            return 0;
+        default:
+            return Window::Receive(message, wParam, lParam);
+    }
+}
+
+}  // namespace ambrio

@@ -1,0 +1,7 @@
+set(FAULT_TEST_SOURCES
+    tests/faults/FaultExpectation.cpp
+    tests/faults/FaultMatrixTest.cpp
+    tests/faults/FaultScene.cpp
+    tests/faults/FaultStage.cpp
+    tests/faults/RunFaultTest.cpp
+)

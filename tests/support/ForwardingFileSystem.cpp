@@ -1,0 +1,70 @@
+#include "tests/support/ForwardingFileSystem.h"
+
+#include <utility>
+
+namespace ambrio {
+
+bool ForwardingFileSystem::FileExists(const std::wstring& path) {
+    return target_.FileExists(path);
+}
+
+bool ForwardingFileSystem::FolderExists(const std::wstring& path) {
+    return target_.FolderExists(path);
+}
+
+FileEntry ForwardingFileSystem::GetFile(const std::wstring& path) {
+    return target_.GetFile(path);
+}
+
+std::unique_ptr<FolderReader> ForwardingFileSystem::GetFolder(const std::wstring& path) {
+    return target_.GetFolder(path);
+}
+
+std::optional<FolderIdentity> ForwardingFileSystem::IdentityOf(const std::wstring& folder) {
+    return target_.IdentityOf(folder);
+}
+
+void ForwardingFileSystem::CreateFolder(const std::wstring& path) {
+    target_.CreateFolder(path);
+}
+
+void ForwardingFileSystem::SetAttributes(const std::wstring& path, FileAttributes attributes) {
+    target_.SetAttributes(path, attributes);
+}
+
+void ForwardingFileSystem::DeleteFile(const std::wstring& path, bool force) {
+    target_.DeleteFile(path, force);
+}
+
+void ForwardingFileSystem::CopyFile(const std::wstring& source, const std::wstring& destination,
+                                    bool overwrite, const Yield& yield) {
+    target_.CopyFile(source, destination, overwrite, yield);
+}
+
+std::unique_ptr<TextStream> ForwardingFileSystem::OpenForAppending(const std::wstring& path) {
+    return target_.OpenForAppending(path);
+}
+
+bool ForwardingFileSystem::IsWritableFolder(const std::wstring& path) {
+    return target_.IsWritableFolder(path);
+}
+
+std::wstring ForwardingFileSystem::FoldedName(const std::wstring& name) const {
+    return target_.FoldedName(name);
+}
+
+ForwardingFolderReader::ForwardingFolderReader(std::unique_ptr<FolderReader> target)
+    : target_(std::move(target)) {}
+
+bool ForwardingFolderReader::Next(FileEntry& entry) {
+    return target_->Next(entry);
+}
+
+ForwardingTextStream::ForwardingTextStream(std::unique_ptr<TextStream> target)
+    : target_(std::move(target)) {}
+
+void ForwardingTextStream::WriteLine(const std::wstring& text) {
+    target_->WriteLine(text);
+}
+
+}  // namespace ambrio

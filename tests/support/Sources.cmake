@@ -1,0 +1,15 @@
+# The doubles.
+set(TEST_SUPPORT_SOURCES
+    tests/support/CountingFileSystem.cpp
+    tests/support/EngineBench.cpp
+    tests/support/FailingFileSystem.cpp
+    tests/support/ForwardingFileSystem.cpp
+    tests/support/MemoryFileSystem.cpp
+    tests/support/MemoryFileSystemSetup.cpp
+    tests/support/MemoryHandles.cpp
+    tests/support/MemoryNode.cpp
+    tests/support/MemoryPath.cpp
+    tests/support/NameFolding.cpp
+    tests/support/ObservedFileSystem.cpp
+    tests/support/TestCodePage.cpp
+)

@@ -1,0 +1,69 @@
+# What runs natively and as a Windows program, then what only one of them has.
+set(UNIT_TEST_SOURCES
+    tests/unit/BackupSetTest.cpp
+    tests/unit/BigFolderTest.cpp
+    tests/unit/CentreFormTest.cpp
+    tests/unit/ColourWalkTest.cpp
+    tests/unit/CommandSwitchTest.cpp
+    tests/unit/ContrastTest.cpp
+    tests/unit/CopyRulesFrameTest.cpp
+    tests/unit/CopyRuleTableTest.cpp
+    tests/unit/DateTimeTest.cpp
+    tests/unit/DesktopSettingsTest.cpp
+    tests/unit/DestinationFolderTest.cpp
+    tests/unit/DialogOptionsTest.cpp
+    tests/unit/DialogTextsTest.cpp
+    tests/unit/DirectoryTreeTest.cpp
+    tests/unit/EllipsisTest.cpp
+    tests/unit/FileCopierTest.cpp
+    tests/unit/FileHazardTest.cpp
+    tests/unit/FileSystemDoublesTest.cpp
+    tests/unit/FolderGuardTest.cpp
+    tests/unit/FolderHazardTest.cpp
+    tests/unit/FolderWalkTest.cpp
+    tests/unit/FrameAnimationTest.cpp
+    tests/unit/FrameMotionTest.cpp
+    tests/unit/GeneralOptionsTest.cpp
+    tests/unit/InputRulesTest.cpp
+    tests/unit/LightBufferTest.cpp
+    tests/unit/MemoryFileSystemTest.cpp
+    tests/unit/ModeDispatchTest.cpp
+    tests/unit/NameHazardTest.cpp
+    tests/unit/PreviewCaptionTest.cpp
+    tests/unit/ProgramQuotesTest.cpp
+    tests/unit/RegistryTextTest.cpp
+    tests/unit/RegistryValueTest.cpp
+    tests/unit/RoundingTest.cpp
+    tests/unit/RunDriverTest.cpp
+    tests/unit/RunLogTest.cpp
+    tests/unit/SecondarySaversTest.cpp
+    tests/unit/SetListModelTest.cpp
+    tests/unit/SetListTest.cpp
+    tests/unit/SetLoopTest.cpp
+    tests/unit/SetPropertiesTest.cpp
+    tests/unit/StringFiguresTest.cpp
+    tests/unit/TemporaryNameTest.cpp
+    tests/unit/TextConversionTest.cpp
+    tests/unit/ValTest.cpp
+    tests/unit/WindingDownTest.cpp
+)
+
+set(UNIT_TEST_WIN32_SOURCES
+    tests/unit/BackBufferTest.cpp
+    tests/unit/CheckListBoxTest.cpp
+    tests/unit/ExtendedPathTest.cpp
+    tests/unit/FormTabOrderTest.cpp
+    tests/unit/FormTextsTest.cpp
+    tests/unit/FormTimerTest.cpp
+    tests/unit/frmBrowseTest.cpp
+    tests/unit/frmConfigurationTest.cpp
+    tests/unit/frmPropertiesTest.cpp
+    tests/unit/PointerTest.cpp
+    tests/unit/RegistrySettingsStoreTest.cpp
+    tests/unit/StatusPanelViewTest.cpp
+    tests/unit/SystemInformationTest.cpp
+    tests/unit/SystemLibraryTest.cpp
+    tests/unit/SystemServicesTest.cpp
+    tests/unit/Win32ClockTest.cpp
+    tests/unit/WindowTest.cpp
+)
