@@ -10,7 +10,7 @@ DestinationListing::DestinationListing(FileSystem& fileSystem, const std::wstrin
                                        const std::wstring& rsDestnDir)
     : fileSystem_(fileSystem), rsSourceDir_(rsSourceDir), rsDestnDir_(rsDestnDir) {}
 
-void DestinationListing::Fetch(RunHost& host, const RunState& state) {
+void DestinationListing::Fetch(RunHost& host, const RunSignals& signals) {
     try {
         const std::unique_ptr<FolderReader> reader = fileSystem_.GetFolder(rsDestnDir_);
         FileEntry entry;
@@ -19,7 +19,7 @@ void DestinationListing::Fetch(RunHost& host, const RunState& state) {
             if (count % kEntriesBetweenYields == 0) {
                 host.DoEvents();
             }
-            if (state.Interrupted) {
+            if (signals.Interrupted) {
                 ForgetAll();
                 return;
             }

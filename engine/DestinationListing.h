@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "engine/RunHost.h"
-#include "engine/RunState.h"
+#include "engine/RunSignals.h"
 #include "platform/FileSystem.h"
 
 namespace ambrio {
@@ -22,7 +22,7 @@ class DestinationListing {
     void KnowEmpty() { isListed_ = true; }
     // Lists the folder. When that fails or the run is interrupted meanwhile, each copy is asked for
     // by itself from then on. Lets events run now and then.
-    void Fetch(RunHost& host, const RunState& state);
+    void Fetch(RunHost& host, const RunSignals& signals);
 
     // The names of temporary files that killed copies left behind, as far as listed.
     [[nodiscard]] const std::vector<std::wstring>& Leftovers() const { return leftovers_; }

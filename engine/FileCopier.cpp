@@ -9,13 +9,15 @@ namespace {
 // True for as long as the platform is at work on the file, whatever ends it.
 class CopyInProgress {
   public:
-    explicit CopyInProgress(RunState& state) : state_(state) { state_.CopyInProgress = true; }
-    ~CopyInProgress() { state_.CopyInProgress = false; }
+    explicit CopyInProgress(RunSignals& signals) : signals_(signals) {
+        signals_.CopyInProgress = true;
+    }
+    ~CopyInProgress() { signals_.CopyInProgress = false; }
     CopyInProgress(const CopyInProgress&) = delete;
     CopyInProgress& operator=(const CopyInProgress&) = delete;
 
   private:
-    RunState& state_;
+    RunSignals& signals_;
 };
 
 bool IsReadOnly(const FileEntry& entry) {
@@ -23,10 +25,6 @@ bool IsReadOnly(const FileEntry& entry) {
 }
 
 }  // namespace
-
-FileCopier::FileCopier(FileSystem& fileSystem, RunLog& log, StatusPanel& panel, RunHost& host,
-                       RunState& state)
-    : fileSystem_(fileSystem), log_(log), panel_(panel), host_(host), state_(state) {}
 
 void FileCopier::CopyFile(const SourceFile& rfoSourceFile, DestinationListing& destination,
                           const std::wstring& rsCopyType, bool rbClearArchive, bool rbDeleteCopy,
@@ -36,7 +34,7 @@ void FileCopier::CopyFile(const SourceFile& rfoSourceFile, DestinationListing& d
     bool isToBeRemoved = false;
     bool isToBeCopied = false;
     try {
-        const FileEntry source = fileSystem_.GetFile(rfoSourceFile.Path);
+        const FileEntry source = run_.Files.GetFile(rfoSourceFile.Path);
         isToBeRemoved =
             rbDeleteCopy && !task.Rule.Qualifies(source.Attributes) && HasCopyToRemove(task);
         if (!isToBeRemoved) {
@@ -49,10 +47,10 @@ void FileCopier::CopyFile(const SourceFile& rfoSourceFile, DestinationListing& d
     if (isToBeRemoved) {
         RemoveCopy(task);
         // The removal took its time, so the file is read again; a failure goes to the caller.
-        isToBeCopied = IsToBeCopied(task, fileSystem_.GetFile(rfoSourceFile.Path));
+        isToBeCopied = IsToBeCopied(task, run_.Files.GetFile(rfoSourceFile.Path));
     }
-    ++state_.FilesChecked;
-    panel_.SetCaption(PanelLabel::lblChecked, std::to_wstring(state_.FilesChecked));
+    ++run_.State.FilesChecked;
+    run_.Panel.SetCaption(PanelLabel::lblChecked, std::to_wstring(run_.State.FilesChecked));
     if (isToBeCopied) {
         Copy(task, rbClearArchive && rsCopyType == kCopyTypeArchiveBit);
     } else {
@@ -63,7 +61,7 @@ void FileCopier::CopyFile(const SourceFile& rfoSourceFile, DestinationListing& d
 // What would go, were source and destination one folder, is the user's only file.
 bool FileCopier::HasCopyToRemove(const Task& task) {
     return task.Destination.MayHold(task.Source.Name) &&
-           fileSystem_.FileExists(task.DestinationPath) && !task.Destination.IsSourceItself();
+           run_.Files.FileExists(task.DestinationPath) && !task.Destination.IsSourceItself();
 }
 
 bool FileCopier::IsToBeCopied(const Task& task, const FileEntry& source) {
@@ -85,93 +83,94 @@ bool FileCopier::IsToBeCopied(const Task& task, const FileEntry& source) {
     }
     // Wanted: the copy loses its read-only bit also when it is new enough and not copied to.
     if (losesReadOnly(*copy)) {
-        fileSystem_.SetAttributes(task.DestinationPath, copy->Attributes & ~kAttributeReadOnly);
+        run_.Files.SetAttributes(task.DestinationPath, copy->Attributes & ~kAttributeReadOnly);
     }
     return isOlder(*copy);
 }
 
 void FileCopier::RemoveCopy(const Task& task) {
-    panel_.SetCaption(PanelLabel::lblFile, task.Source.Name + kRemovingCopy);
+    run_.Panel.SetCaption(PanelLabel::lblFile, task.Source.Name + kRemovingCopy);
     std::optional<RuntimeError> failure;
     try {
-        fileSystem_.DeleteFile(task.DestinationPath, true);
+        run_.Files.DeleteFile(task.DestinationPath, true);
     } catch (const RuntimeError& error) {
         failure = error;
-        ++state_.RemoveErrors;
+        ++run_.State.RemoveErrors;
     }
     task.Destination.Forget(task.Source.Name);
-    ++state_.CopiesRemoved;  // attempts; the failed ones are subtracted where they are shown
-    panel_.SetCaption(PanelLabel::lblRemoved,
-                      std::to_wstring(state_.CopiesRemoved - state_.RemoveErrors));
+    ++run_.State.CopiesRemoved;  // attempts; the failed ones are subtracted where they are shown
+    run_.Panel.SetCaption(PanelLabel::lblRemoved,
+                          std::to_wstring(run_.State.CopiesRemoved - run_.State.RemoveErrors));
     if (failure) {
-        log_.WriteLog(failure->LogText() + kWhileRemoving + PathLine(task.DestinationPath), false);
+        run_.Log.WriteLog(failure->LogText() + kWhileRemoving + PathLine(task.DestinationPath),
+                          false);
     }
 }
 
 void FileCopier::Copy(const Task& task, bool clearsArchive) {
     StartCopyDisplay();
-    panel_.SetCaption(PanelLabel::lblFile, task.Source.Name + kCopying);
-    ++state_.FilesCopied;  // attempts, as above; at once, so that no failure gets ahead of it
+    run_.Panel.SetCaption(PanelLabel::lblFile, task.Source.Name + kCopying);
+    ++run_.State.FilesCopied;  // attempts, as above; at once, so that no failure gets ahead of it
     {
-        const CopyInProgress inProgress(state_);
+        const CopyInProgress inProgress(run_.Signals);
         CopyContent(task);
         // Wanted: the bit is cleared after a failed copy too.
         if (clearsArchive) {
             ClearArchiveBit(task);
         }
     }
-    panel_.SetCaption(PanelLabel::lblFile, task.Source.Name + kDone);
-    panel_.SetCaption(PanelLabel::lblcopied,
-                      std::to_wstring(state_.FilesCopied - state_.CopyErrors));
+    run_.Panel.SetCaption(PanelLabel::lblFile, task.Source.Name + kDone);
+    run_.Panel.SetCaption(PanelLabel::lblcopied,
+                          std::to_wstring(run_.State.FilesCopied - run_.State.CopyErrors));
 }
 
 void FileCopier::CopyContent(const Task& task) {
     try {
         // A long copy must not make the windows look dead.
-        fileSystem_.CopyFile(task.Source.Path, task.DestinationPath, true,
-                             [this] { host_.DoEvents(); });
+        run_.Files.CopyFile(task.Source.Path, task.DestinationPath, true,
+                            [this] { run_.Host.DoEvents(); });
     } catch (const RuntimeError& failure) {
-        ++state_.CopyErrors;
-        log_.WriteLog(failure.LogText() + kWhileCopying + PathLine(task.Source.Path) +
-                          ToPathLine(task.DestinationPath),
-                      false);
+        ++run_.State.CopyErrors;
+        run_.Log.WriteLog(failure.LogText() + kWhileCopying + PathLine(task.Source.Path) +
+                              ToPathLine(task.DestinationPath),
+                          false);
     }
 }
 
 void FileCopier::ClearArchiveBit(const Task& task) {
     try {
         // Read again, as the copy may have taken long and the other bits are to stay.
-        const FileAttributes attributes = fileSystem_.GetFile(task.Source.Path).Attributes;
-        fileSystem_.SetAttributes(task.Source.Path, attributes & ~kAttributeArchive);
+        const FileAttributes attributes = run_.Files.GetFile(task.Source.Path).Attributes;
+        run_.Files.SetAttributes(task.Source.Path, attributes & ~kAttributeArchive);
     } catch (const RuntimeError& failure) {
-        log_.WriteLog(failure.LogText() + kWhileClearingArchiveBit + PathLine(task.Source.Path),
-                      false);
+        run_.Log.WriteLog(failure.LogText() + kWhileClearingArchiveBit + PathLine(task.Source.Path),
+                          false);
     }
 }
 
 void FileCopier::InterruptRun(const RuntimeError& failure, const Task& task) {
     const std::wstring text = failure.LogText() + kInCopyFile + PathLine(task.Source.Path) +
                               ToPathLine(task.DestinationPath);
-    state_.FatalErrorText = text;
-    state_.Interrupted = true;
-    log_.WriteLog(text, false);
+    run_.State.FatalErrorText = text;
+    run_.Signals.Interrupted = true;
+    run_.Log.WriteLog(text, false);
 }
 
 void FileCopier::StartCopyDisplay() {
     if (!AnimationPlaying_) {
-        panel_.PlayClip();
+        run_.Panel.PlayClip();
         AnimationPlaying_ = true;
-        panel_.ShowCopyFrame(true);
+        run_.Panel.ShowCopyFrame(true);
     }
-    panel_.MatchCopyFrameColour();
-    host_.DoEvents();
+    run_.Panel.MatchCopyFrameColour();
+    run_.Host.DoEvents();
 }
 
 void FileCopier::StopCopyDisplay() {
     if (AnimationPlaying_) {
-        panel_.StopClip();
+        run_.Panel.StopClip();
         AnimationPlaying_ = false;
-        panel_.ShowCopyFrame(false);
+        run_.Panel.ShowCopyFrame(false);
     }
 }
 

@@ -4,11 +4,7 @@
 
 #include "engine/CopyRule.h"
 #include "engine/DestinationListing.h"
-#include "engine/RunHost.h"
-#include "engine/RunLog.h"
-#include "engine/RunState.h"
-#include "engine/StatusPanel.h"
-#include "platform/FileSystem.h"
+#include "engine/RunContext.h"
 #include "platform/RuntimeError.h"
 
 namespace ambrio {
@@ -19,12 +15,10 @@ struct SourceFile {
     std::wstring Path;
 };
 
-// Decides what becomes of one source file and its copy, and does it. What it is given must live
-// longer.
+// Decides what becomes of one source file and its copy, and does it.
 class FileCopier {
   public:
-    FileCopier(FileSystem& fileSystem, RunLog& log, StatusPanel& panel, RunHost& host,
-               RunState& state);
+    explicit FileCopier(const RunContext& run) : run_(run) {}
 
     // Removes, makes or leaves the copy in the destination folder, which exists. A failed removal,
     // copy or archive bit is logged and counted and the file gone on with. A failure while deciding
@@ -54,11 +48,7 @@ class FileCopier {
     void StartCopyDisplay();
     void StopCopyDisplay();
 
-    FileSystem& fileSystem_;
-    RunLog& log_;
-    StatusPanel& panel_;
-    RunHost& host_;
-    RunState& state_;
+    const RunContext run_;
     bool AnimationPlaying_ = false;
 };
 

@@ -9,15 +9,8 @@
 
 namespace ambrio {
 
-FolderWalk::FolderWalk(FileSystem& fileSystem, FileCopier& copier, RunLog& log, StatusPanel& panel,
-                       RunHost& host, RunState& state)
-    : fileSystem_(fileSystem),
-      copier_(copier),
-      log_(log),
-      panel_(panel),
-      host_(host),
-      state_(state),
-      guard_(fileSystem) {}
+FolderWalk::FolderWalk(const RunContext& run, FileCopier& copier)
+    : run_(run), copier_(copier), guard_(run.Files) {}
 
 void FolderWalk::WalkFolder(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
                             bool rbRecursive, const std::wstring& rsCopyType, bool rbClearArchive,
@@ -37,16 +30,16 @@ void FolderWalk::WalkFolder(const std::wstring& rsSourceDir, const std::wstring&
 void FolderWalk::CopyFiles(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
                            bool rbRecursive, const std::wstring& rsCopyType, bool rbClearArchive,
                            bool rbDeleteCopy, bool rbOverwriteReadOnly) {
-    panel_.SetCaption(PanelLabel::lblSource, rsSourceDir);
-    panel_.SetCaption(PanelLabel::lblDest, rsDestnDir);
-    panel_.SetCaption(PanelLabel::lblFile, L"");
+    run_.Panel.SetCaption(PanelLabel::lblSource, rsSourceDir);
+    run_.Panel.SetCaption(PanelLabel::lblDest, rsDestnDir);
+    run_.Panel.SetCaption(PanelLabel::lblFile, L"");
     const Preparation preparation = PrepareFolders(rsSourceDir, rsDestnDir);
     if (preparation == Preparation::Failed) {
         return;
     }
     if (preparation == Preparation::SourceMissing) {
-        ++state_.FolderErrors;
-        log_.WriteLog(kMissingFolder + rsSourceDir + kMissingFolderEnd, false);
+        ++run_.State.FolderErrors;
+        run_.Log.WriteLog(kMissingFolder + rsSourceDir + kMissingFolderEnd, false);
     } else {
         const Rules rules{rbRecursive, rsCopyType, rbClearArchive, rbDeleteCopy,
                           rbOverwriteReadOnly};
@@ -55,13 +48,13 @@ void FolderWalk::CopyFiles(const std::wstring& rsSourceDir, const std::wstring& 
             return;
         }
     }
-    panel_.SetCaption(PanelLabel::lblChecked, std::to_wstring(state_.FilesChecked));
+    run_.Panel.SetCaption(PanelLabel::lblChecked, std::to_wstring(run_.State.FilesChecked));
 }
 
 FolderWalk::Preparation FolderWalk::PrepareFolders(const std::wstring& rsSourceDir,
                                                    const std::wstring& rsDestnDir) {
     bool isSourceThere = false;
-    if (!Try([&] { isSourceThere = fileSystem_.FolderExists(rsSourceDir); }, kAccessing,
+    if (!Try([&] { isSourceThere = run_.Files.FolderExists(rsSourceDir); }, kAccessing,
              rsSourceDir)) {
         return Preparation::Failed;
     }
@@ -70,7 +63,7 @@ FolderWalk::Preparation FolderWalk::PrepareFolders(const std::wstring& rsSourceD
     }
     bool wasMade = false;
     std::wstring action = kAccessing;
-    if (!Try([&] { wasMade = MakeDestinationFolder(fileSystem_, rsDestnDir, action); }, action,
+    if (!Try([&] { wasMade = MakeDestinationFolder(run_.Files, rsDestnDir, action); }, action,
              rsDestnDir)) {
         return Preparation::Failed;
     }
@@ -81,17 +74,17 @@ FolderWalk::Preparation FolderWalk::PrepareFolders(const std::wstring& rsSourceD
 // the remaining subfolders above, makes each one and hands over its first file. Wanted so.
 bool FolderWalk::CopyContents(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
                               bool isNew, const Rules& rules) {
-    panel_.SetCaption(PanelLabel::lblfsoStatus, kBuildingFileList);
+    run_.Panel.SetCaption(PanelLabel::lblfsoStatus, kBuildingFileList);
     SourceListing source =
-        FetchSourceListing(fileSystem_, host_, state_, rsSourceDir, rules.rbRecursive);
+        FetchSourceListing(run_.Files, run_.Host, run_.Signals, rsSourceDir, rules.rbRecursive);
     if (!CopyListedFiles(rsSourceDir, rsDestnDir, isNew, source.Files, rules)) {
         return false;
     }
     if (source.BrokenOff) {
         throw RuntimeError(*source.BrokenOff);
     }
-    panel_.SetCaption(PanelLabel::lblfsoStatus, L"");
-    panel_.SetCaption(PanelLabel::lblFile, L"");
+    run_.Panel.SetCaption(PanelLabel::lblfsoStatus, L"");
+    run_.Panel.SetCaption(PanelLabel::lblFile, L"");
     source.Files = {};  // before going deeper
     if (rules.rbRecursive) {
         WalkSubFolders(rsSourceDir, rsDestnDir, source.SubFolders, rules);
@@ -102,20 +95,20 @@ bool FolderWalk::CopyContents(const std::wstring& rsSourceDir, const std::wstrin
 bool FolderWalk::CopyListedFiles(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
                                  bool isNew, const std::vector<std::wstring>& files,
                                  const Rules& rules) {
-    DestinationListing destination(fileSystem_, rsSourceDir, rsDestnDir);
+    DestinationListing destination(run_.Files, rsSourceDir, rsDestnDir);
     if (isNew) {
         destination.KnowEmpty();
-    } else if (!state_.Interrupted) {
-        destination.Fetch(host_, state_);
-        SweepLeftovers(fileSystem_, destination, files);
+    } else if (!run_.Signals.Interrupted) {
+        destination.Fetch(run_.Host, run_.Signals);
+        SweepLeftovers(run_.Files, destination, files);
     }
     for (const std::wstring& name : files) {
         ClearFsoStatus();
         copier_.CopyFile({name, FileSystem::BuildPath(rsSourceDir, name)}, destination,
                          rules.rsCopyType, rules.rbClearArchive, rules.rbDeleteCopy,
                          rules.rbOverwriteReadOnly);
-        host_.DoEvents();
-        if (state_.Interrupted) {
+        run_.Host.DoEvents();
+        if (run_.Signals.Interrupted) {
             return false;
         }
     }
@@ -124,7 +117,7 @@ bool FolderWalk::CopyListedFiles(const std::wstring& rsSourceDir, const std::wst
 
 void FolderWalk::WalkSubFolders(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
                                 const std::vector<FileEntry>& subFolders, const Rules& rules) {
-    panel_.SetCaption(PanelLabel::lblfsoStatus, kBuildingFolderList);
+    run_.Panel.SetCaption(PanelLabel::lblfsoStatus, kBuildingFolderList);
     for (const FileEntry& subFolder : subFolders) {
         ClearFsoStatus();
         const std::wstring path = FileSystem::BuildPath(rsSourceDir, subFolder.Name);
@@ -134,7 +127,7 @@ void FolderWalk::WalkSubFolders(const std::wstring& rsSourceDir, const std::wstr
                        rules.rbDeleteCopy, rules.rbOverwriteReadOnly, subFolder.IsLink());
         }
     }
-    panel_.SetCaption(PanelLabel::lblfsoStatus, L"");
+    run_.Panel.SetCaption(PanelLabel::lblfsoStatus, L"");
 }
 
 bool FolderWalk::MayEnter(const FileEntry& subFolder, const std::wstring& path,
@@ -161,13 +154,13 @@ bool FolderWalk::Try(const std::function<void()>& step, const std::wstring& acti
 
 void FolderWalk::ReportFolder(const RuntimeError& failure, const std::wstring& action,
                               const std::wstring& folder) {
-    ++state_.FolderErrors;
-    log_.WriteLog(failure.LogText() + kWhile + action + kFolder + PathLine(folder), false);
+    ++run_.State.FolderErrors;
+    run_.Log.WriteLog(failure.LogText() + kWhile + action + kFolder + PathLine(folder), false);
 }
 
 void FolderWalk::ClearFsoStatus() {
-    if (!panel_.Caption(PanelLabel::lblfsoStatus).empty()) {
-        panel_.SetCaption(PanelLabel::lblfsoStatus, L"");
+    if (!run_.Panel.Caption(PanelLabel::lblfsoStatus).empty()) {
+        run_.Panel.SetCaption(PanelLabel::lblfsoStatus, L"");
     }
 }
 

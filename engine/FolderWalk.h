@@ -6,20 +6,15 @@
 
 #include "engine/FileCopier.h"
 #include "engine/FolderGuard.h"
-#include "engine/RunHost.h"
-#include "engine/RunLog.h"
-#include "engine/RunState.h"
-#include "engine/StatusPanel.h"
-#include "platform/FileSystem.h"
+#include "engine/RunContext.h"
 #include "platform/RuntimeError.h"
 
 namespace ambrio {
 
-// Walks the folders of a Set. What it is given must live longer.
+// Walks the folders of a Set. The copier must live longer.
 class FolderWalk {
   public:
-    FolderWalk(FileSystem& fileSystem, FileCopier& copier, RunLog& log, StatusPanel& panel,
-               RunHost& host, RunState& state);
+    FolderWalk(const RunContext& run, FileCopier& copier);
 
     // Backs up one folder with all that belongs to it, and for a recursive Set its subfolders. A
     // failure that escapes from the folder itself is logged and counted as a folder that could not
@@ -61,12 +56,8 @@ class FolderWalk {
                       const std::wstring& folder);
     void ClearFsoStatus();
 
-    FileSystem& fileSystem_;
+    const RunContext run_;
     FileCopier& copier_;
-    RunLog& log_;
-    StatusPanel& panel_;
-    RunHost& host_;
-    RunState& state_;
     FolderGuard guard_;
 };
 

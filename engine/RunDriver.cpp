@@ -12,21 +12,21 @@ namespace ambrio {
 
 RunDriver::RunDriver(const Application& application, FileSystem& fileSystem,
                      SettingsStore& settings, Clock& clock, StatusPanel& panel, RunHost& host,
-                     RunState& state)
+                     RunSignals& signals)
     : application_(application),
       fileSystem_(fileSystem),
       settings_(settings),
       clock_(clock),
       panel_(panel),
       host_(host),
-      state_(state),
-      log_(fileSystem, application, state),
-      copier_(fileSystem, log_, panel, host, state),
-      walk_(fileSystem, copier_, log_, panel, host, state),
-      sets_(settings, walk_, log_, panel, state) {}
+      signals_(signals),
+      log_(fileSystem, application, state_),
+      run_{fileSystem, log_, panel, host, state_, signals},
+      copier_(run_),
+      walk_(run_, copier_),
+      sets_(run_, settings, walk_) {}
 
 void RunDriver::DoTheBiz() {
-    ResetState();
     RunUntilSetsEnd();
     TryWriteClosingBlock();
     CloseDisplay();
@@ -36,19 +36,9 @@ void RunDriver::DoTheBiz() {
     if (!state_.FatalErrorText.empty()) {
         host_.ShowMessage(state_.FatalErrorText, MessageIcon::CriticalStop);
     }
-    if (!host_.IsEndTimerEnabled() && state_.Interrupted) {
+    if (!host_.IsEndTimerEnabled() && signals_.Interrupted) {
         host_.UnloadForm();
     }
-}
-
-// What the form has set, input before the run included, stays.
-void RunDriver::ResetState() {
-    RunState fresh;
-    fresh.Interrupted = state_.Interrupted;
-    fresh.RunStarted = state_.RunStarted;
-    fresh.RunFinished = state_.RunFinished;
-    state_ = fresh;
-    EndWord_.clear();
 }
 
 void RunDriver::RunUntilSetsEnd() {
@@ -88,7 +78,7 @@ void RunDriver::KeepFatalError(const RuntimeError& failure) {
         text += kWhileProcessingSet + PathLine(sets_.CurrentSet());
     }
     AddFatalErrorText(text);
-    state_.Interrupted = true;
+    signals_.Interrupted = true;
     try {
         log_.WriteLog(text, false);
     } catch (const LogFailure&) {
@@ -125,7 +115,7 @@ void RunDriver::WriteClosingBlock() {
     if (state_.FolderErrors > 0) {
         log_.WriteLog(UnprocessableFolders(state_), true);
     }
-    EndWord_ = EndWordOf(state_);
+    EndWord_ = EndWordOf(state_, signals_);
     log_.WriteLog(application_.Title + EndWord_ + GeneralDateText(clock_.Now()), true);
     log_.WriteLog(kSeparatorLine, false);
 }

@@ -4,8 +4,10 @@
 
 #include "engine/FileCopier.h"
 #include "engine/FolderWalk.h"
+#include "engine/RunContext.h"
 #include "engine/RunHost.h"
 #include "engine/RunLog.h"
+#include "engine/RunSignals.h"
 #include "engine/RunState.h"
 #include "engine/SecondarySaver.h"
 #include "engine/SetLoop.h"
@@ -22,7 +24,7 @@ namespace ambrio {
 class RunDriver {
   public:
     RunDriver(const Application& application, FileSystem& fileSystem, SettingsStore& settings,
-              Clock& clock, StatusPanel& panel, RunHost& host, RunState& state);
+              Clock& clock, StatusPanel& panel, RunHost& host, RunSignals& signals);
 
     // One whole run, to be called once, on the form's thread. Returns when the run is over or was
     // interrupted, after its closing steps; failures are logged, counted and shown, none comes out.
@@ -30,13 +32,15 @@ class RunDriver {
     // more. RunStarted and RunFinished are the caller's.
     void DoTheBiz();
 
+    // What the run has counted and noted so far.
+    [[nodiscard]] const RunState& State() const { return state_; }
+
     // What the box titled kFailureSummaryTitle says when the form closes; empty when nothing
     // failed.
     [[nodiscard]] std::wstring FailureSummary();
 
   private:
     // The steps of a run: up to the Sets' end, the end of the log, the hand-over.
-    void ResetState();
     void Prepare();
     void ClearLogOnNewDay();
     void RunUntilSetsEnd();
@@ -53,8 +57,10 @@ class RunDriver {
     Clock& clock_;
     StatusPanel& panel_;
     RunHost& host_;
-    RunState& state_;
+    RunSignals& signals_;
+    RunState state_;
     RunLog log_;
+    const RunContext run_;
     FileCopier copier_;
     FolderWalk walk_;
     SetLoop sets_;

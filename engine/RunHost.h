@@ -13,7 +13,7 @@ class RunHost {
   public:
     virtual ~RunHost() = default;
 
-    // Lets pending events run: input, timers, painting. May set RunState::Interrupted.
+    // Lets pending events run: input, timers, painting. May set RunSignals::Interrupted.
     virtual void DoEvents() = 0;
 
     // Shows a box with an OK button, titled with the application title, and returns when the user

@@ -5,8 +5,7 @@
 
 namespace ambrio {
 
-// What one run counts and what it and the form tell each other. It lives as long as the form and
-// is used on the form's thread only. Zero-initialised means: no run yet.
+// What one run counts and notes. It is made with the run and for no other.
 struct RunState {
     std::int32_t FilesChecked = 0;   // files handed to CopyFile
     std::int32_t FilesCopied = 0;    // copy attempts
@@ -15,10 +14,6 @@ struct RunState {
     std::int32_t RemoveErrors = 0;   // failed removals
     std::int32_t FolderErrors = 0;   // folders that could not be read or made
 
-    bool Interrupted = false;     // stop at the next test; the one channel from input to the run
-    bool CopyInProgress = false;  // a file copy is under way
-    bool RunStarted = false;
-    bool RunFinished = false;  // the one channel from the run to input
     bool LogOnlyErrors = false;
 
     std::wstring RunStartLine;    // the log's start line

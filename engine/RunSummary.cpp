@@ -24,8 +24,8 @@ std::wstring UnprocessableFolders(const RunState& state) {
     return std::to_wstring(state.FolderErrors) + kUnprocessableFolders;
 }
 
-std::wstring EndWordOf(const RunState& state) {
-    if (state.Interrupted) {
+std::wstring EndWordOf(const RunState& state, const RunSignals& signals) {
+    if (signals.Interrupted) {
         return kInterrupted;
     }
     return state.HasFailures() ? kEnded : kCompleted;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "engine/RunSignals.h"
 #include "engine/RunState.h"
 
 namespace ambrio {
@@ -15,7 +16,7 @@ namespace ambrio {
 [[nodiscard]] std::wstring UnprocessableFolders(const RunState& state);
 
 // One of kInterrupted, kEnded, kCompleted.
-[[nodiscard]] std::wstring EndWordOf(const RunState& state);
+[[nodiscard]] std::wstring EndWordOf(const RunState& state, const RunSignals& signals);
 
 // What the box at the form's end says, a line for each kind of failure and where the log lies;
 // empty when nothing failed.

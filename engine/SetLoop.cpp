@@ -10,24 +10,23 @@
 
 namespace ambrio {
 
-SetLoop::SetLoop(SettingsStore& settings, FolderWalk& walk, RunLog& log, StatusPanel& panel,
-                 const RunState& state)
-    : settings_(settings), walk_(walk), log_(log), panel_(panel), state_(state) {}
+SetLoop::SetLoop(const RunContext& run, SettingsStore& settings, FolderWalk& walk)
+    : run_(run), settings_(settings), walk_(walk) {}
 
 void SetLoop::RunAllSets() {
     const std::wstring sets = ReadSets(settings_);
-    if (state_.Interrupted) {
+    if (run_.Signals.Interrupted) {
         return;
     }
     if (sets.empty()) {
-        log_.WriteLog(kNoSets, false);
+        run_.Log.WriteLog(kNoSets, false);
         return;
     }
     const std::vector<std::wstring> names = SetNamesForRun(sets);
     for (std::size_t i = 0; i < names.size(); ++i) {
         RunSet(names[i]);
         // Wanted: not after the last Set, whose end is the list's end in any case.
-        if (state_.Interrupted && i + 1 < names.size()) {
+        if (run_.Signals.Interrupted && i + 1 < names.size()) {
             return;
         }
     }
@@ -36,7 +35,7 @@ void SetLoop::RunAllSets() {
 
 void SetLoop::RunSet(const std::wstring& Name) {
     currentSet_ = Name;
-    panel_.SetCaption(PanelLabel::lblSet, Name);
+    run_.Panel.SetCaption(PanelLabel::lblSet, Name);
     const std::optional<BackupSet> set = LoadBackupSet(settings_, Name);
     if (set) {
         LogSetLine(Name, kSetStart);
@@ -48,24 +47,24 @@ void SetLoop::RunSet(const std::wstring& Name) {
     }
     for (const PanelLabel label :
          {PanelLabel::lblSet, PanelLabel::lblSource, PanelLabel::lblDest}) {
-        panel_.SetCaption(label, L"");
+        run_.Panel.SetCaption(label, L"");
     }
     currentSet_.clear();
 }
 
 void SetLoop::LogSetLine(const std::wstring& Name, const wchar_t* word) {
-    if (!state_.LogOnlyErrors) {
-        log_.WriteLog(L"'" + Name + L"'" + word, false);
+    if (!run_.State.LogOnlyErrors) {
+        run_.Log.WriteLog(L"'" + Name + L"'" + word, false);
     }
 }
 
 void SetLoop::ShowEndOfList() {
     std::wstring errorText;
-    if (state_.HasFailures()) {
-        errorText = kErrorsReported + (kLineBreak + (kSee + log_.Path()));
+    if (run_.State.HasFailures()) {
+        errorText = kErrorsReported + (kLineBreak + (kSee + run_.Log.Path()));
     }
-    panel_.SetCaption(PanelLabel::lblSet, kAllSetsProcessed + errorText);
-    panel_.SetCaption(PanelLabel::lblFile, L"");
+    run_.Panel.SetCaption(PanelLabel::lblSet, kAllSetsProcessed + errorText);
+    run_.Panel.SetCaption(PanelLabel::lblFile, L"");
 }
 
 }  // namespace ambrio

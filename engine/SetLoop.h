@@ -3,9 +3,7 @@
 #include <string>
 
 #include "engine/FolderWalk.h"
-#include "engine/RunLog.h"
-#include "engine/RunState.h"
-#include "engine/StatusPanel.h"
+#include "engine/RunContext.h"
 #include "platform/SettingsStore.h"
 
 namespace ambrio {
@@ -13,8 +11,7 @@ namespace ambrio {
 // Runs the user's Sets in their order. What it is given must live longer.
 class SetLoop {
   public:
-    SetLoop(SettingsStore& settings, FolderWalk& walk, RunLog& log, StatusPanel& panel,
-            const RunState& state);
+    SetLoop(const RunContext& run, SettingsStore& settings, FolderWalk& walk);
 
     // Stops after the Set during which the run was interrupted. Throws RuntimeError when a Set's
     // settings cannot be read, and LogFailure.
@@ -28,11 +25,9 @@ class SetLoop {
     void ShowEndOfList();
     void LogSetLine(const std::wstring& Name, const wchar_t* word);
 
+    const RunContext run_;
     SettingsStore& settings_;
     FolderWalk& walk_;
-    RunLog& log_;
-    StatusPanel& panel_;
-    const RunState& state_;
     std::wstring currentSet_;
 };
 

@@ -2,7 +2,7 @@
 
 namespace ambrio {
 
-SourceListing FetchSourceListing(FileSystem& fileSystem, RunHost& host, const RunState& state,
+SourceListing FetchSourceListing(FileSystem& fileSystem, RunHost& host, const RunSignals& signals,
                                  const std::wstring& rsSourceDir, bool withSubFolders) {
     SourceListing listing;
     const std::unique_ptr<FolderReader> reader = fileSystem.GetFolder(rsSourceDir);
@@ -17,7 +17,7 @@ SourceListing FetchSourceListing(FileSystem& fileSystem, RunHost& host, const Ru
             if (count % kEntriesBetweenYields == 0) {
                 host.DoEvents();
             }
-            if (state.Interrupted && !listing.Files.empty()) {
+            if (signals.Interrupted && !listing.Files.empty()) {
                 break;
             }
         }

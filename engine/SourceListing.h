@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "engine/RunHost.h"
-#include "engine/RunState.h"
+#include "engine/RunSignals.h"
 #include "platform/FileSystem.h"
 #include "platform/RuntimeError.h"
 
@@ -27,7 +27,7 @@ struct SourceListing {
 // is interrupted it stops at the first file, as nobody asks for more. Subfolders are left out
 // unless wanted.
 [[nodiscard]] SourceListing FetchSourceListing(FileSystem& fileSystem, RunHost& host,
-                                               const RunState& state,
+                                               const RunSignals& signals,
                                                const std::wstring& rsSourceDir,
                                                bool withSubFolders);
 

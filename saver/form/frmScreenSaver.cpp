@@ -100,8 +100,8 @@ LRESULT frmScreenSaver::ReceiveInput(UINT message, WPARAM wParam, LPARAM lParam)
 
 // What every input does: it asks a run to stop, and ends the form when there is none any more.
 void frmScreenSaver::InputRule() {
-    state_.Interrupted = true;
-    if (state_.RunFinished) {
+    signals_.Interrupted = true;
+    if (signals_.RunFinished) {
         Unload();
     }
 }
@@ -125,21 +125,21 @@ void frmScreenSaver::TimerTick(UINT_PTR timer) {
 }
 
 void frmScreenSaver::tmrDoTheBiz_Timer() {
-    if (state_.RunStarted) {
+    if (signals_.RunStarted) {
         return;
     }
     tmrDoTheBiz_.SetEnabled(false);
     tmrKeepOnRunnin_.SetEnabled(true);
-    state_.RunStarted = true;
+    signals_.RunStarted = true;
     awake_ = std::make_unique<StayAwake>();
     run_->DoTheBiz();
     awake_.reset();
-    state_.RunFinished = true;
+    signals_.RunFinished = true;
 }
 
 void frmScreenSaver::tmrKeepOnRunnin_Timer() {
     AnimationInputs inputs;
-    inputs.RunFinished = state_.RunFinished;
+    inputs.RunFinished = signals_.RunFinished;
     inputs.PowerSaveActive = desktop_.PowerSaveActive;
     inputs.PowerSaveTimeout = desktop_.PowerSaveTimeout;
     inputs.Interval = static_cast<std::int32_t>(tmrKeepOnRunnin_.Interval().count());

@@ -7,7 +7,7 @@
 
 #include "engine/RunDriver.h"
 #include "engine/RunHost.h"
-#include "engine/RunState.h"
+#include "engine/RunSignals.h"
 #include "platform/Application.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -29,7 +29,7 @@ namespace ambrio {
 // it has unloaded, the window is gone and `unloaded` has been called; the object may go later.
 //
 // The run works inside the tick of tmrDoTheBiz and lets events run in between, so input and even a
-// request to close arrive in the middle of it. They only set RunState::Interrupted then; the form
+// request to close arrive in the middle of it. They only set RunSignals::Interrupted then; the form
 // unloads when the run has returned.
 class frmScreenSaver : public Window, public RunHost {
   public:
@@ -73,7 +73,7 @@ class frmScreenSaver : public Window, public RunHost {
     void tmrDoTheBiz_Timer();
     void tmrKeepOnRunnin_Timer();
     void ShowBox(const std::wstring& text, const std::wstring& title, UINT icon);
-    [[nodiscard]] bool IsRunning() const { return state_.RunStarted && !state_.RunFinished; }
+    [[nodiscard]] bool IsRunning() const { return signals_.RunStarted && !signals_.RunFinished; }
 
     // Closing (FormUnload.cpp).
     void Unload();
@@ -91,7 +91,7 @@ class frmScreenSaver : public Window, public RunHost {
     Clock& clock_;
     std::function<void()> unloaded_;
     ScreenTwips twips_;
-    RunState state_;
+    RunSignals signals_;
     MouseMoveRule mouseMoveRule_;
     DesktopSettings desktop_;
     std::int32_t platformId_ = 0;

@@ -43,7 +43,7 @@ void frmScreenSaver::MakeWindow() {
     panel_ = std::make_unique<StatusPanelView>(Handle(), twips_.X, twips_.Y,
                                                ResourceText(IDS_SLOGAN), [this] { InputRule(); });
     run_ = std::make_unique<RunDriver>(application_, fileSystem_, settings_, clock_, *panel_, *this,
-                                       state_);
+                                       signals_);
     frame_ = std::make_unique<PanelFrame>(Handle(), *panel_, *canvas_, twips_, application_);
 }
 

@@ -63,7 +63,7 @@ void frmScreenSaver::Destroyed() {
 // The close box. A run is asked to stop and unloads the form when it returns.
 void frmScreenSaver::CloseRequested() {
     if (IsRunning()) {
-        state_.Interrupted = true;
+        signals_.Interrupted = true;
     } else {
         Unload();
     }
@@ -72,7 +72,7 @@ void frmScreenSaver::CloseRequested() {
 // Agrees at once and uses the time until the session ends to stop a run.
 LRESULT frmScreenSaver::AgreeToEndOfSession() {
     if (IsRunning()) {
-        state_.Interrupted = true;
+        signals_.Interrupted = true;
     }
     return TRUE;
 }

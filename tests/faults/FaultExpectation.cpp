@@ -56,7 +56,7 @@ class Story {
             RunSets();
         } catch (const Fatal& fatal) {
             out_.State.FatalErrorText = fatal.Text;
-            out_.State.Interrupted = true;
+            out_.Interrupted = true;
             Log(fatal.Text);
         }
         std::wstring endWord = EndLog();
@@ -125,7 +125,7 @@ class Story {
             WalkFolder(set);
             Log(L"'" + set + L"' complete");
             out_.Captions[lblSet] = out_.Captions[lblSource] = out_.Captions[lblDest] = L"";
-            if (out_.State.Interrupted && set != kFaultSets.back()) {
+            if (out_.Interrupted && set != kFaultSets.back()) {
                 return;
             }
         }
@@ -201,7 +201,7 @@ class Story {
 
     void SweepLeftover(const std::wstring& folder) {
         const std::wstring destination = CopyFolder(folder);
-        if (!out_.State.Interrupted && !Meets(Stage::ListDestination, destination) &&
+        if (!out_.Interrupted && !Meets(Stage::ListDestination, destination) &&
             !Meets(Stage::WalkDestination, destination) &&
             !Meets(Stage::RemoveLeftover, LeftoverIn(folder))) {
             out_.Leftovers.erase(LeftoverIn(folder));
@@ -218,7 +218,7 @@ class Story {
                 FailFolder(fault_.Number, L"accessing", SourceFolder(folder));
                 return false;
             }
-            if (out_.State.Interrupted) {
+            if (out_.Interrupted) {
                 return false;
             }
         }
@@ -228,7 +228,7 @@ class Story {
     void Interrupt(const PlannedFile& file) {
         const std::wstring text = ErrorText(fault_.Number) + L" in CopyFile " + BothPaths(file);
         out_.State.FatalErrorText = text;
-        out_.State.Interrupted = true;
+        out_.Interrupted = true;
         Log(text);
     }
 
@@ -312,8 +312,8 @@ class Story {
         const auto clause = [](int count, const wchar_t* words) {
             return count == 0 ? L"" : L" and " + std::to_wstring(count) + words;
         };
-        std::wstring word = state.Interrupted ? L" interrupted "
-                                              : (state.HasFailures() ? L" ended " : L" completed ");
+        std::wstring word = out_.Interrupted ? L" interrupted "
+                                             : (state.HasFailures() ? L" ended " : L" completed ");
         try {
             Log(L"Of " + std::to_wstring(state.FilesChecked) + L" files checked, " +
                     std::to_wstring(state.FilesCopied - state.CopyErrors) + L" were copied" +
@@ -352,7 +352,7 @@ class Story {
         if (!out_.State.FatalErrorText.empty()) {
             actions.push_back(L"stop box " + out_.State.FatalErrorText);
         }
-        if (out_.State.Interrupted) {
+        if (out_.Interrupted) {
             actions.emplace_back(L"unload");
         }
     }

@@ -16,7 +16,8 @@ namespace ambrio {
 struct RunOutcome {
     std::vector<std::wstring> Log;  // line by line
     bool LogIsElsewhere = false;
-    RunState State;  // counters, Interrupted and FatalErrorText; the rest is not compared
+    RunState State;  // counters and FatalErrorText; the rest is not compared
+    bool Interrupted = false;
     std::map<PanelLabel, std::wstring> Captions;
     std::vector<std::wstring> Actions;  // of the RecordingHost
     FileFacts Sources;

@@ -99,6 +99,7 @@ RunOutcome OutcomeOf(FaultScene& scene) {
     outcome.Log = bench.Log();
     outcome.LogIsElsewhere = bench.Files.FileExists(L"C:\\Users\\me\\Local\\Ambrio\\Ambrio.log");
     outcome.State = bench.State;
+    outcome.Interrupted = bench.Signals.Interrupted;
     outcome.Captions = bench.Panel.Captions;
     outcome.Actions = bench.Host.Actions;
     outcome.Sources = scene.Sources();
@@ -128,7 +129,7 @@ class Differences {
         Compare("CopiesRemoved", is.CopiesRemoved, shall.CopiesRemoved);
         Compare("RemoveErrors", is.RemoveErrors, shall.RemoveErrors);
         Compare("FolderErrors", is.FolderErrors, shall.FolderErrors);
-        Compare("Interrupted", is.Interrupted, shall.Interrupted);
+        Compare("Interrupted", actual.Interrupted, expected.Interrupted);
         Compare("FatalErrorText", is.FatalErrorText, shall.FatalErrorText);
         Compare("captions", actual.Captions, expected.Captions);
         Compare("actions", actual.Actions, expected.Actions);
@@ -159,7 +160,7 @@ bool CellPasses(Stage stage, int occurrence, const ErrorClass& error) {
     if (!services.HasFailed()) {
         trouble += "the call was not made\n";
     }
-    if (scene.Bench.Files.OpenHandles() != 0 || scene.Bench.State.CopyInProgress) {
+    if (scene.Bench.Files.OpenHandles() != 0 || scene.Bench.Signals.CopyInProgress) {
         trouble += "something is still open\n";
     }
     if (!trouble.empty()) {

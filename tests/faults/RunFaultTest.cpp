@@ -104,7 +104,7 @@ class FaultyRun {
     void ExpectAllAccountedFor() {
         const RunState& state = bench_.State;
         EXPECT_LE(state.FolderErrors, 1);
-        if (state.Interrupted || state.FolderErrors > 0) {
+        if (bench_.Signals.Interrupted || state.FolderErrors > 0) {
             return;
         }
         if (failed_->Operation != FileOperation::FileExists) {
@@ -126,18 +126,19 @@ class FaultyRun {
 
     void ExpectRightState() {
         const RunState& state = bench_.State;
-        EXPECT_FALSE(state.CopyInProgress);
+        EXPECT_FALSE(bench_.Signals.CopyInProgress);
         EXPECT_LE(state.CopyErrors, state.FilesCopied);
         EXPECT_LE(state.RemoveErrors, state.CopiesRemoved);
-        EXPECT_EQ(state.Interrupted || IsLogFault(), !state.FatalErrorText.empty());
+        EXPECT_EQ(bench_.Signals.Interrupted || IsLogFault(), !state.FatalErrorText.empty());
         const Lines& actions = bench_.Host.Actions;
         const auto asked = [&](const std::wstring& action) {
             return std::find(actions.begin(), actions.end(), action) != actions.end();
         };
         EXPECT_TRUE(asked(L"show pointer") && asked(L"leave topmost"));
-        EXPECT_EQ(asked(L"unload"), state.Interrupted || SaverIsMissing());
+        EXPECT_EQ(asked(L"unload"), bench_.Signals.Interrupted || SaverIsMissing());
         EXPECT_EQ(asked(L"box  completed "), asked(L"end"));
-        EXPECT_FALSE(asked(L"end") && (state.Interrupted || state.HasFailures() || IsLogFault()));
+        EXPECT_FALSE(asked(L"end") &&
+                     (bench_.Signals.Interrupted || state.HasFailures() || IsLogFault()));
         EXPECT_EQ(asked(L"stop box " + state.FatalErrorText), !state.FatalErrorText.empty());
     }
     [[nodiscard]] bool SaverIsMissing() const {
@@ -157,8 +158,9 @@ class FaultyRun {
         ASSERT_GE(log.size(), 5U);
         EXPECT_EQ(log.back().substr(0, 3), L"~~~");
         const RunState& state = bench_.State;
-        const std::wstring endWord =
-            state.Interrupted ? L"interrupted" : (state.HasFailures() ? L"ended" : L"completed");
+        const std::wstring endWord = bench_.Signals.Interrupted
+                                         ? L"interrupted"
+                                         : (state.HasFailures() ? L"ended" : L"completed");
         EXPECT_TRUE(log[log.size() - 2].starts_with(L"Ambrio " + endWord));
         EXPECT_EQ(std::count(log.begin(), log.end(), L"Ambrio start 11/21/2026 3:49:46 PM"), 1);
         const auto errors = std::count_if(log.begin(), log.end(), [](const std::wstring& line) {

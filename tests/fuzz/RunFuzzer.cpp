@@ -66,7 +66,7 @@ class Scene {
             }
         }
         Failing failing(bench_.Files, faults, ErrorNumber::PermissionDenied);
-        bench_.State = RunState();
+        bench_.Signals = {};
         bench_.Run(failing, bench_.Settings);
         ExpectCounters(model);
         for (std::size_t i = 0; i < sets_.size(); ++i) {
@@ -179,10 +179,10 @@ class Scene {
             }
         };
         try {
-            bench_.State = RunState();
+            bench_.Signals = {};
             bench_.Run();
         } catch (const Killed&) {
-            bench_.State = RunState();
+            bench_.Signals = {};
         }
         bench_.Files.BeforeRename = {};
         for (std::size_t i = 0; i < sets_.size(); ++i) {
@@ -205,7 +205,7 @@ class Scene {
         Require(state.CopiesRemoved == model.Removed, "CopiesRemoved");
         Require(state.RemoveErrors == model.RemoveErrors, "RemoveErrors");
         Require(state.FolderErrors == model.FolderErrors, "FolderErrors");
-        Require(state.Interrupted == model.Interrupted, "Interrupted");
+        Require(bench_.Signals.Interrupted == model.Interrupted, "Interrupted");
     }
 
     ModelFile ReadFile(const std::wstring& path) {

@@ -29,11 +29,10 @@ void EngineBench::Set(const std::wstring& section, const std::wstring& key,
 }
 
 void EngineBench::Run(FileSystem& fileSystem, SettingsStore& settings) {
-    const bool interrupted = State.Interrupted;
-    State = RunState();
-    State.Interrupted = interrupted;
-    RunDriver driver(App, fileSystem, settings, Time, Panel, Host, State);
+    Signals = {.Interrupted = Signals.Interrupted};
+    RunDriver driver(App, fileSystem, settings, Time, Panel, Host, Signals);
     driver.DoTheBiz();
+    State = driver.State();
     FailureSummary = driver.FailureSummary();
 }
 
@@ -63,7 +62,7 @@ bool EngineBench::HasLog(const std::vector<std::wstring>& lines) {
 void EngineBench::InterruptAtEvent(int n) {
     Host.OnDoEvents = [this, n](int count) {
         if (count == n) {
-            State.Interrupted = true;
+            Signals.Interrupted = true;
         }
     };
 }

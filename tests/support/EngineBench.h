@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/RunDriver.h"
+#include "engine/RunSignals.h"
 #include "engine/RunState.h"
 #include "platform/Application.h"
 #include "tests/support/ManualClock.h"
@@ -24,7 +25,8 @@ class EngineBench {
                 const std::wstring& destination);
     void Set(const std::wstring& section, const std::wstring& key, const std::wstring& value);
 
-    // One run of a form of its own: a new state, but for `State.Interrupted`, a new driver.
+    // One run of a form of its own: a new driver, and of the signals only Interrupted is
+    // kept.
     void Run() { Run(Files, Settings); }
     void Run(FileSystem& fileSystem, SettingsStore& settings);
 
@@ -42,7 +44,8 @@ class EngineBench {
     ManualClock Time{DateTime{2026, 11, 21, 15, 49, 46}};
     RecordingPanel Panel;
     RecordingHost Host;
-    RunState State;
+    RunSignals Signals;
+    RunState State;               // of the last run, once it is over
     std::wstring FailureSummary;  // what the form would show after the last run
 };
 

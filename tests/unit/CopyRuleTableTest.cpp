@@ -122,7 +122,7 @@ class Trial {
         EXPECT_EQ(state.CopyErrors, isFailed ? 1 : 0);
         EXPECT_EQ(state.CopiesRemoved, isRemoved ? 1 : 0);
         EXPECT_EQ(state.RemoveErrors + state.FolderErrors, 0);
-        EXPECT_FALSE(state.Interrupted);
+        EXPECT_FALSE(bench_.Signals.Interrupted);
         EXPECT_EQ(bench_.Files.Content(From()), "new");
         if (bench_.Files.FileExists(To())) {
             EXPECT_EQ(bench_.Files.Content(To()), isCopied ? "new" : "old");

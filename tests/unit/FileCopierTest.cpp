@@ -130,7 +130,7 @@ TEST_F(FileCopierTest, AReadOnlyCopyThatMayNotBeOverwrittenFailsAndTheRunGoesOn)
     EXPECT_EQ(Bench.Panel.Count(L"lblFile=file.txt - done"), 1);
     EXPECT_EQ(Bench.Panel.Caption(PanelLabel::lblcopied), L"1");
     EXPECT_TRUE(Bench.Files.FileExists(L"C:\\To\\next.txt"));
-    EXPECT_FALSE(Bench.State.CopyInProgress);
+    EXPECT_FALSE(Bench.Signals.CopyInProgress);
 }
 
 // Wanted, though the file is not backed up then.
@@ -154,7 +154,7 @@ TEST_F(FileCopierTest, ASourceThatVanishesAfterTheListingStopsTheRun) {
                       L"   to <C:\\To\\file.txt>"};
     EXPECT_TRUE(Bench.HasLog(entry));
     EXPECT_EQ(Bench.State.FatalErrorText, entry[0] + L"\r\n" + entry[1] + L"\r\n" + entry[2]);
-    EXPECT_TRUE(Bench.State.Interrupted);
+    EXPECT_TRUE(Bench.Signals.Interrupted);
     EXPECT_EQ(Bench.State.FilesChecked, 0);
     EXPECT_FALSE(Bench.Files.FileExists(L"C:\\To\\next.txt"));
 }
@@ -181,7 +181,7 @@ TEST_F(FileCopierTest, AFailedRemovalIsLoggedAndCountedAndTheRunGoesOn) {
          L"'S' complete",
          L"Of 1 files checked, 0 were copied; 0 copies were removed and 1 could not be removed."}));
     EXPECT_EQ(Bench.Panel.Caption(PanelLabel::lblRemoved), L"0");
-    EXPECT_FALSE(Bench.State.Interrupted);
+    EXPECT_FALSE(Bench.Signals.Interrupted);
 }
 
 TEST_F(FileCopierTest, AnArchiveBitThatCannotBeClearedIsLoggedButNotCounted) {
@@ -209,7 +209,7 @@ TEST_F(FileCopierTest, AFailureAfterARemovalBelongsToTheFolder) {
         Bench.HasLog({L"Error 53 - File not found while accessing folder ", L"      <C:\\From>"}));
     EXPECT_EQ(Bench.State.FolderErrors, 1);
     EXPECT_EQ(Bench.State.CopiesRemoved, 1);
-    EXPECT_FALSE(Bench.State.Interrupted);
+    EXPECT_FALSE(Bench.Signals.Interrupted);
 }
 
 // The bit was set again while the removal took its time.
@@ -277,11 +277,11 @@ TEST_F(FileCopierTest, EventsRunDuringACopyWhichIsInProgressThen) {
     Source(0);
     bool sawCopyInProgress = false;
     Bench.Host.OnDoEvents = [&](int) {
-        sawCopyInProgress = sawCopyInProgress || Bench.State.CopyInProgress;
+        sawCopyInProgress = sawCopyInProgress || Bench.Signals.CopyInProgress;
     };
     Bench.Run();
     EXPECT_TRUE(sawCopyInProgress);
-    EXPECT_FALSE(Bench.State.CopyInProgress);
+    EXPECT_FALSE(Bench.Signals.CopyInProgress);
 }
 
 TEST_F(FileCopierTest, AnUnchangedFileCostsOneReadOfTheSourceAndNothingAtTheDestination) {

@@ -27,7 +27,7 @@ TEST_F(FileHazard, AFileVanishesGrowsOrIsLockedWhenItsTurnHasCome) {
     EXPECT_EQ(Content(L"C:\\Copies\\3"), "none");
     EXPECT_EQ(Content(L"C:\\Copies\\4"), "old text");
     EXPECT_EQ(Bench.State.CopyErrors, 1);
-    EXPECT_FALSE(Bench.State.Interrupted);
+    EXPECT_FALSE(Bench.Signals.Interrupted);
 }
 
 TEST_F(FileHazard, TheDestinationFileIsReadOnlyHiddenOrOfTheSystem) {

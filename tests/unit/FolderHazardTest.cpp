@@ -112,7 +112,7 @@ TEST_P(VanishingDrive, IsReportedAndLosesNothing) {
         }
     };
     Run();
-    EXPECT_TRUE(Bench.State.Interrupted || Bench.State.HasFailures());
+    EXPECT_TRUE(Bench.Signals.Interrupted || Bench.State.HasFailures());
     EXPECT_FALSE(Bench.Log().empty());
     EXPECT_EQ(Bench.Files.OpenHandles(), 0);
     Bench.Files.SetVolume(drive, true);
@@ -121,7 +121,7 @@ TEST_P(VanishingDrive, IsReportedAndLosesNothing) {
         const std::string copy = Content(std::wstring(L"E:\\Copies\\") + name);
         EXPECT_TRUE(copy == "new" || copy == "old") << copy;
     }
-    Bench.State = RunState();
+    Bench.Signals = {};
     Run();
     for (const wchar_t* name : {L"1", L"2", L"3", L"Sub\\4"}) {
         EXPECT_EQ(Content(std::wstring(L"E:\\Copies\\") + name), "new");
@@ -149,8 +149,9 @@ TEST_F(FolderHazard, TwoProgramsRunTheSameSetAtOnce) {
         }
         Bench.Files.ProcessId = 2;
         RunDriver driver(other.App, Bench.Files, Bench.Settings, other.Time, other.Panel,
-                         other.Host, other.State);
+                         other.Host, other.Signals);
         driver.DoTheBiz();
+        other.State = driver.State();
         Bench.Files.ProcessId = 1;
     };
     Run();

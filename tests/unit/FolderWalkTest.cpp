@@ -48,7 +48,7 @@ class FolderWalkTest : public testing::Test {
     void InterruptDuring(const std::wstring& file) {
         Bench.Host.OnDoEvents = [this, file](int) {
             if (Bench.Panel.Caption(PanelLabel::lblFile) == file + L" - copying") {
-                Bench.State.Interrupted = true;
+                Bench.Signals.Interrupted = true;
             }
         };
     }
@@ -150,9 +150,9 @@ TEST_F(FolderWalkTest, AnInterruptedWalkStillMakesEachRemainingFolderAndHandsOve
 TEST_F(FolderWalkTest, AnInterruptedWalkListsNoMoreThanItNeeds) {
     Files({L"1", L"2", L"3", L"4"});
     Bench.Files.WriteFile(L"C:\\To\\old", "x");
-    Bench.State.Interrupted = true;
+    Bench.Signals.Interrupted = true;
     SourceListing listing =
-        FetchSourceListing(Bench.Files, Bench.Host, Bench.State, L"C:\\From", true);
+        FetchSourceListing(Bench.Files, Bench.Host, Bench.Signals, L"C:\\From", true);
     EXPECT_EQ(listing.Files, Lines{L"1"});
 }
 
@@ -164,7 +164,7 @@ TEST_F(FolderWalkTest, ASubfolderThatCannotBeListedIsLoggedAndTheNextOnesAreWalk
                               L"      <C:\\From\\one>", L"'S' complete"}));
     EXPECT_TRUE(IsCopied(L"two\\1"));
     EXPECT_EQ(Bench.State.FolderErrors, 1);
-    EXPECT_FALSE(Bench.State.Interrupted);
+    EXPECT_FALSE(Bench.Signals.Interrupted);
     EXPECT_EQ(Bench.Panel.Caption(PanelLabel::lblfsoStatus), L"");
 }
 
@@ -239,7 +239,8 @@ TEST_F(FolderWalkTest, LongListingsLetEventsRun) {
     for (int i = 0; i < 3 * kEntriesBetweenYields; ++i) {
         Bench.Files.MakeFolder(L"C:\\From\\" + std::to_wstring(i));
     }
-    static_cast<void>(FetchSourceListing(Bench.Files, Bench.Host, Bench.State, L"C:\\From", false));
+    static_cast<void>(
+        FetchSourceListing(Bench.Files, Bench.Host, Bench.Signals, L"C:\\From", false));
     EXPECT_EQ(Bench.Host.EventCount, 3);
 }
 

@@ -112,7 +112,7 @@ TEST_F(RunDriverTest, AnInterruptedRunLeavesTheFormToTheEndTimerWhenThatIsEnable
 }
 
 TEST_F(RunDriverTest, InputBeforeTheRunStopsItAtOnce) {
-    Bench.State.Interrupted = true;
+    Bench.Signals.Interrupted = true;
     Bench.Run();
     EXPECT_FALSE(Bench.Files.FolderExists(L"C:\\Copy"));
     EXPECT_EQ(Bench.Panel.Captions[PanelLabel::lblSet], L"-");
@@ -120,6 +120,23 @@ TEST_F(RunDriverTest, InputBeforeTheRunStopsItAtOnce) {
                                   L"Of 0 files checked, 0 were copied; 0 copies were removed.",
                                   L"Ambrio interrupted " + kNow, kSeparatorLine}));
     EXPECT_EQ(LastActions(), Lines{L"unload"});
+}
+
+// They were there before the run and are the form's to change.
+TEST_F(RunDriverTest, ARunTouchesNoSignalOfTheFormAndCountsFromNothing) {
+    MakeOneCopyFail();
+    Bench.Run();
+    EXPECT_EQ(Bench.State.CopyErrors, 1);
+    RunSignals signals{.RunStarted = true, .RunFinished = true};
+    Bench.Files.Remove(L"C:\\Copy");
+    RunDriver driver(Bench.App, Bench.Files, Bench.Settings, Bench.Time, Bench.Panel, Bench.Host,
+                     signals);
+    EXPECT_EQ(driver.State().FilesChecked, 0);
+    driver.DoTheBiz();
+    EXPECT_EQ(driver.State().FilesChecked, 1);
+    EXPECT_EQ(driver.State().CopyErrors, 0);
+    EXPECT_TRUE(signals.RunStarted && signals.RunFinished);
+    EXPECT_FALSE(signals.Interrupted || signals.CopyInProgress);
 }
 
 // The box waits behind the other screen saver until the user is back.

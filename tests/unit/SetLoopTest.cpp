@@ -43,7 +43,7 @@ TEST_F(SetLoopTest, WithoutSetsOnlySaysSo) {
 // The events of a Set with one new file: before its copy, during it, after it.
 TEST_F(SetLoopTest, AnInterruptDuringTheSecondOfThreeSetsLeavesTheThirdAlone) {
     AddSets({L"A", L"B", L"C"});
-    Bench.Host.OnDoEvents = [&](int) { Bench.State.Interrupted = SetCaption() == L"B"; };
+    Bench.Host.OnDoEvents = [&](int) { Bench.Signals.Interrupted = SetCaption() == L"B"; };
     Bench.Run();
     EXPECT_TRUE(Bench.HasLog({L"'A' start", L"'A' complete", L"'B' start", L"'B' complete"}));
     EXPECT_FALSE(Bench.HasLog({L"'C' start"}));

@@ -1,0 +1,14 @@
+#pragma once
+
+namespace ambrio {
+
+// What the form and its run tell each other. It lives as long as the form, from before the run
+// until after it, and is used on the form's thread only.
+struct RunSignals {
+    bool Interrupted = false;     // stop at the next test; the one channel from input to the run
+    bool CopyInProgress = false;  // a file copy is under way
+    bool RunStarted = false;
+    bool RunFinished = false;  // the one channel from the run to input
+};
+
+}  // namespace ambrio
