@@ -25,6 +25,8 @@ foreach(room platform settings engine saver_animation saver_model app_model save
   endif()
 endforeach()
 
+ambrio_precompile(ambrio_test_support ambrio_platform)
+
 # The table of copy rules goes into the test program.
 set(copy_rules ${CMAKE_SOURCE_DIR}/tests/unit/copy-rules.txt)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${copy_rules})
@@ -35,6 +37,9 @@ configure_file(tests/fuzz/FuzzSeeds.h.in generated/FuzzSeeds.h @ONLY)
 # Compiles several sources of a program as one, as most of the time goes into the headers that they
 # share. Names in anonymous namespaces must differ within such a group.
 function(ambrio_compile_together name)
+  if(NOT AMBRIO_BATCHES)
+    return()
+  endif()
   set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
 endfunction()
 
@@ -42,6 +47,7 @@ function(ambrio_test_program name)
   add_executable(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE ambrio_test_support gtest gtest_main)
   ambrio_compile_together(${name})
+  ambrio_precompile(${name} ${name} ${STANDARD_HEADERS} <gtest/gtest.h>)
 endfunction()
 
 if(WIN32)

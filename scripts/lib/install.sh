@@ -1,6 +1,7 @@
 # Installs the Debian packages that a script needs and lacks. Sourced after common.sh.
 
-BUILD_PACKAGES=(cmake ninja-build g++ googletest g++-mingw-w64-i686 g++-mingw-w64-x86-64)
+HOST_PACKAGES=(cmake ninja-build g++ googletest)
+BUILD_PACKAGES=("${HOST_PACKAGES[@]}" g++-mingw-w64-i686 g++-mingw-w64-x86-64)
 CHECK_PACKAGES=(clang clang-format clang-tidy libclang-rt-dev)
 # The fonts are those that the panel and the dialogs fall back to where the Windows ones are missing.
 RUN_PACKAGES=(wine wine64 xvfb xauth imagemagick procps util-linux fonts-dejavu-core
