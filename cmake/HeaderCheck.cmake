@@ -2,7 +2,7 @@
 # has those that need no system header, the others are left to the builds that have it.
 
 set(portable engine/*.h settings/*.h platform/*.h app/model/*.h app/preview/model/*.h saver/animation/*.h saver/model/*.h
-             config/model/*.h tests/support/*.h tests/conformance/*.h tests/faults/*.h tests/fuzz/*.h)
+             config/model/*.h tests/support/*.h tests/conformance/*.h tests/model/*.h tests/faults/*.h tests/fuzz/*.h)
 file(GLOB_RECURSE headers RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS ${portable})
 list(FILTER headers EXCLUDE REGEX "/win32/")
 if(WIN32)

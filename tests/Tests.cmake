@@ -10,7 +10,7 @@ if(WIN32)
 endif()
 
 if(TEST_SUPPORT_SOURCES)
-  add_library(ambrio_test_support STATIC ${TEST_SUPPORT_SOURCES})
+  add_library(ambrio_test_support STATIC ${TEST_SUPPORT_SOURCES} ${REFERENCE_MODEL_SOURCES})
 else()
   add_library(ambrio_test_support INTERFACE)
 endif()

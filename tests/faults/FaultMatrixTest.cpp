@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "platform/RuntimeError.h"
-#include "tests/faults/FaultExpectation.h"
 #include "tests/faults/FaultScene.h"
 #include "tests/faults/FaultStage.h"
 #include "tests/support/ForwardingSettingsStore.h"
+#include "tests/support/WatchedRun.h"
 
 namespace ambrio {
 namespace {
@@ -93,75 +93,15 @@ class FaultyServices : public ObservedFileSystem, public ForwardingSettingsStore
     std::map<std::pair<Stage, std::wstring>, int> callsWith_;
 };
 
-RunOutcome OutcomeOf(FaultScene& scene) {
-    EngineBench& bench = scene.Bench;
-    RunOutcome outcome;
-    outcome.Log = bench.Log();
-    outcome.LogIsElsewhere = bench.Files.FileExists(L"C:\\Users\\me\\Local\\Ambrio\\Ambrio.log");
-    outcome.State = bench.State;
-    outcome.Interrupted = bench.Signals.Interrupted;
-    outcome.Captions = bench.Panel.Captions;
-    outcome.Actions = bench.Host.Actions;
-    outcome.Sources = scene.Sources();
-    outcome.Copies = scene.Copies();
-    for (const wchar_t* set : kFaultSets) {
-        for (const wchar_t* folder : kFoldersOfASet) {
-            const std::wstring leftover = LeftoverIn(std::wstring(set) + folder);
-            if (bench.Files.FileExists(leftover)) {
-                outcome.Leftovers.insert(leftover);
-            }
-        }
-    }
-    return outcome;
-}
-
-// Names each part in which two outcomes differ; empty when there is none.
-class Differences {
-  public:
-    Differences(const RunOutcome& actual, const RunOutcome& expected) {
-        const RunState& is = actual.State;
-        const RunState& shall = expected.State;
-        Compare("log", actual.Log, expected.Log);
-        Compare("place of the log", actual.LogIsElsewhere, expected.LogIsElsewhere);
-        Compare("FilesChecked", is.FilesChecked, shall.FilesChecked);
-        Compare("FilesCopied", is.FilesCopied, shall.FilesCopied);
-        Compare("CopyErrors", is.CopyErrors, shall.CopyErrors);
-        Compare("CopiesRemoved", is.CopiesRemoved, shall.CopiesRemoved);
-        Compare("RemoveErrors", is.RemoveErrors, shall.RemoveErrors);
-        Compare("FolderErrors", is.FolderErrors, shall.FolderErrors);
-        Compare("Interrupted", actual.Interrupted, expected.Interrupted);
-        Compare("FatalErrorText", is.FatalErrorText, shall.FatalErrorText);
-        Compare("captions", actual.Captions, expected.Captions);
-        Compare("actions", actual.Actions, expected.Actions);
-        Compare("sources", actual.Sources, expected.Sources);
-        Compare("copies", actual.Copies, expected.Copies);
-        Compare("leftovers", actual.Leftovers, expected.Leftovers);
-    }
-    [[nodiscard]] const std::string& Text() const { return text_; }
-
-  private:
-    template <typename Part>
-    void Compare(const char* name, const Part& actual, const Part& expected) {
-        if (!(actual == expected)) {
-            text_ += std::string(name) + "\n  is    " + testing::PrintToString(actual) +
-                     "\n  shall " + testing::PrintToString(expected) + "\n";
-        }
-    }
-
-    std::string text_;
-};
-
 // True when a run with this fault is exactly what it must be, and leaves nothing open.
 bool CellPasses(Stage stage, int occurrence, const ErrorClass& error) {
     FaultScene scene;
     FaultyServices services(scene.Bench, stage, occurrence, NumberOfWin32Code(error.Win32Code));
+    const WatchedRun run(scene.Bench);
     scene.Bench.Run(services, services);
-    std::string trouble = Differences(OutcomeOf(scene), ExpectedOutcome(services.Fault())).Text();
+    std::string trouble = run.Trouble(PlanOf(services.Fault()));
     if (!services.HasFailed()) {
         trouble += "the call was not made\n";
-    }
-    if (scene.Bench.Files.OpenHandles() != 0 || scene.Bench.Signals.CopyInProgress) {
-        trouble += "something is still open\n";
     }
     if (!trouble.empty()) {
         ADD_FAILURE() << NameOf(stage) << ", call " << occurrence << ", " << error.Name << ":\n"
@@ -183,11 +123,22 @@ std::map<Stage, int> CallsOfAWholeRun() {
     return services.Calls();
 }
 
+int CountOf(Plan plan) {
+    return static_cast<int>(
+        std::count_if(kPlannedFiles.begin(), kPlannedFiles.end(),
+                      [&](const PlannedFile& file) { return file.What == plan; }));
+}
+
 TEST(FaultMatrix, TheRunWithoutAFaultIsAsPlanned) {
     FaultScene scene;
+    const WatchedRun run(scene.Bench);
     scene.Bench.Run();
-    EXPECT_EQ(Differences(OutcomeOf(scene), ExpectedOutcome({})).Text(), "");
-    EXPECT_FALSE(scene.Bench.State.HasFailures());
+    EXPECT_EQ(run.Trouble(NoFaults()), "");
+    const RunState& state = scene.Bench.State;
+    EXPECT_FALSE(state.HasFailures());
+    EXPECT_EQ(state.FilesChecked, static_cast<int>(kPlannedFiles.size()));
+    EXPECT_EQ(state.CopiesRemoved, CountOf(Plan::RemoveCopy) + CountOf(Plan::RemoveReadOnlyCopy));
+    EXPECT_EQ(state.FilesCopied, state.FilesChecked - state.CopiesRemoved - CountOf(Plan::Leave));
 }
 
 // Every stage of a run, each class of error, at the first, a middle and the last call. The table
@@ -243,12 +194,14 @@ TEST(FaultMatrix, ASettingThatCannotBeReadCountsAsMissing) {
         };
         FaultScene scene;
         Withholding settings(scene.Bench.Settings, address);
+        WatchedRun run(scene.Bench);
         scene.Bench.Run(scene.Bench.Files, settings);
-        FaultScene without;
-        without.Bench.Settings.Values.erase(address);
-        without.Bench.Run();
-        EXPECT_EQ(Differences(OutcomeOf(scene), OutcomeOf(without)).Text(), "")
-            << testing::PrintToString(address);
+        run.World().Settings.erase(address);
+        RunOutcome outcome = run.Outcome();
+        RunOutcome foretold = Foretell(run.World(), NoFaults());
+        outcome.Settings.erase(address);
+        foretold.Settings.erase(address);
+        EXPECT_EQ(Differences(outcome, foretold), "") << testing::PrintToString(address);
     }
 }
 

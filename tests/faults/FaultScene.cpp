@@ -14,6 +14,16 @@ bool IsRemoval(Plan plan) {
     return plan == Plan::RemoveCopy || plan == Plan::RemoveReadOnlyCopy;
 }
 
+FileAttributes SourceAttributes(const PlannedFile& file) {
+    return IsRemoval(file.What) ? 0 : kAttributeArchive;
+}
+
+FileAttributes CopyAttributes(const PlannedFile& file) {
+    const bool isReadOnly =
+        file.What == Plan::ReplaceReadOnly || file.What == Plan::RemoveReadOnlyCopy;
+    return isReadOnly ? kAttributeReadOnly : 0;
+}
+
 }  // namespace
 
 std::wstring SourceFolder(const std::wstring& folder) {
@@ -36,23 +46,9 @@ std::wstring PlannedFile::Copy() const {
     return CopyFolder(Folder) + L"\\" + Name;
 }
 
-std::string Facts(std::string_view content, FileAttributes attributes) {
-    return std::string(content) + ((attributes & kAttributeArchive) != 0 ? " a" : "") +
-           ((attributes & kAttributeReadOnly) != 0 ? " r" : "");
-}
-
 std::string NewContent(const PlannedFile& file) {
-    return "new " + std::string(1, static_cast<char>(file.Name[0]));
-}
-
-FileAttributes SourceAttributes(const PlannedFile& file) {
-    return IsRemoval(file.What) ? 0 : kAttributeArchive;
-}
-
-FileAttributes CopyAttributes(const PlannedFile& file) {
-    const bool isReadOnly =
-        file.What == Plan::ReplaceReadOnly || file.What == Plan::RemoveReadOnlyCopy;
-    return isReadOnly ? kAttributeReadOnly : 0;
+    const std::wstring path = file.Folder + std::wstring(L"\\") + file.Name;
+    return "new " + std::string(path.begin(), path.end());
 }
 
 FaultScene::FaultScene() {
@@ -91,17 +87,6 @@ void FaultScene::AddFile(const PlannedFile& file) {
         Bench.Files.WriteFile(file.Copy(), std::string(kOldContent), CopyAttributes(file),
                               kOldTime);
     }
-}
-
-FileFacts FaultScene::FactsOf(std::wstring (PlannedFile::*path)() const) {
-    FileFacts facts;
-    for (const PlannedFile& file : kPlannedFiles) {
-        const std::wstring name = (file.*path)();
-        if (Bench.Files.FileExists(name)) {
-            facts[name] = Facts(Bench.Files.Content(name), Bench.Files.Node(name).Attributes);
-        }
-    }
-    return facts;
 }
 
 }  // namespace ambrio

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <map>
 #include <string>
 #include <string_view>
 
@@ -63,36 +62,20 @@ inline constexpr std::array<const wchar_t*, 3> kFoldersOfASet = {L"", L"\\s1", L
 // What a killed copy left in a destination folder that exists from the start.
 [[nodiscard]] std::wstring LeftoverIn(const std::wstring& folder);
 
-// By path: content and the letters of the attributes; what does not exist is not in it.
-using FileFacts = std::map<std::wstring, std::string>;
-
 // The three Sets, ready to run, with yesterday's log and a second screen saver that is to follow.
 class FaultScene {
   public:
     FaultScene();
 
-    // Every source, and every place where a copy may be.
-    [[nodiscard]] FileFacts Sources() { return FactsOf(&PlannedFile::Source); }
-    [[nodiscard]] FileFacts Copies() { return FactsOf(&PlannedFile::Copy); }
-
     EngineBench Bench;
 
   private:
-    [[nodiscard]] FileFacts FactsOf(std::wstring (PlannedFile::*path)() const);
     void AddSets();
     void AddFile(const PlannedFile& file);
 };
 
-// The facts of a file of this scene: its content, then "a" and "r" for the archive and the
-// read-only bit.
-[[nodiscard]] std::string Facts(std::string_view content, FileAttributes attributes);
-
 // The contents before a run: a source's is new and named after it, a copy's is old.
 [[nodiscard]] std::string NewContent(const PlannedFile& file);
 inline constexpr std::string_view kOldContent = "old";
-
-// The attributes that a file has before a run.
-[[nodiscard]] FileAttributes SourceAttributes(const PlannedFile& file);
-[[nodiscard]] FileAttributes CopyAttributes(const PlannedFile& file);
 
 }  // namespace ambrio

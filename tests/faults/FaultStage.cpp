@@ -1,43 +1,12 @@
 #include "tests/faults/FaultStage.h"
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
 #include <stdexcept>
 
 #include "tests/faults/FaultScene.h"
 
 namespace ambrio {
 namespace {
-
-constexpr std::array<const char*, static_cast<std::size_t>(Stage::End)> kNames = {
-    "save the time of the run",
-    "try the log's folder",
-    "look for the old log",
-    "remove the old log",
-    "open the log",
-    "write a line of the log",
-    "look for the source folder",
-    "list the source folder",
-    "walk the source listing",
-    "look for the destination folder",
-    "make the destination folder",
-    "list the destination folder",
-    "walk the destination listing",
-    "remove a leftover",
-    "tell folders apart",
-    "read a source file",
-    "look for a copy to remove",
-    "remove a copy",
-    "read the source after a removal",
-    "look for a copy to replace",
-    "read a copy",
-    "make a copy writable",
-    "copy a file",
-    "read the source for its archive bit",
-    "clear the archive bit",
-    "look for the second saver",
-};
 
 bool IsInSource(const std::wstring& path) {
     return path.starts_with(SourceFolder(L""));
@@ -69,8 +38,14 @@ Stage StageOfDeletion(const std::wstring& path) {
 
 }  // namespace
 
-const char* NameOf(Stage stage) {
-    return kNames.at(static_cast<std::size_t>(stage));
+FaultPlan PlanOf(const StageFault& fault) {
+    return [fault, calls = 0](Stage stage,
+                              const std::wstring& path) mutable -> std::optional<ErrorNumber> {
+        if (stage != fault.At || path != fault.Path || calls++ != fault.CallsBefore) {
+            return std::nullopt;
+        }
+        return fault.Number;
+    };
 }
 
 Stage StageFinder::StageOf(const FileCall& call) {

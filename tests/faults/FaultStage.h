@@ -3,43 +3,10 @@
 #include <string>
 
 #include "platform/RuntimeError.h"
+#include "tests/model/Stage.h"
 #include "tests/support/ObservedFileSystem.h"
 
 namespace ambrio {
-
-// What a run is about when it calls the file system or the settings store, for the run of a
-// FaultScene. The order is that of the table which the test prints.
-enum class Stage {
-    SaveLastRun,
-    TryLogFolder,
-    TestOldLog,
-    DeleteOldLog,
-    OpenLog,
-    WriteLogLine,
-    TestSourceFolder,
-    ListSource,
-    WalkSource,
-    TestDestinationFolder,
-    MakeDestinationFolder,
-    ListDestination,
-    WalkDestination,
-    RemoveLeftover,
-    TellFoldersApart,
-    ReadSource,
-    TestCopyToRemove,
-    RemoveCopy,
-    ReadSourceAgain,
-    TestCopyToReplace,
-    ReadCopy,
-    MakeCopyWritable,
-    CopyFile,
-    ReadSourceForArchiveBit,
-    ClearArchiveBit,
-    FindSecondSaver,
-    End,  // not a stage: one behind the last
-};
-
-[[nodiscard]] const char* NameOf(Stage stage);
 
 // The call that fails, and how.
 struct StageFault {
@@ -48,14 +15,12 @@ struct StageFault {
     std::wstring Path = {};  // what the call is about
     int CallsBefore = 0;     // calls of the same stage with the same path before it
     int Occurrence = 0;      // the how-manyth call of its stage it is, from 1
-
-    // True when the run is there now.
-    [[nodiscard]] bool Is(Stage stage, const std::wstring& path) const {
-        return At == stage && Path == path;
-    }
 };
 
-// Tells the stages of one run, call by call.
+// The plan that the fault makes for the reference model.
+[[nodiscard]] FaultPlan PlanOf(const StageFault& fault);
+
+// Tells the stages of one run of a FaultScene, call by call.
 class StageFinder {
   public:
     // To be asked once for each call, in their order.

@@ -1,5 +1,4 @@
 set(FAULT_TEST_SOURCES
-    tests/faults/FaultExpectation.cpp
     tests/faults/FaultMatrixTest.cpp
     tests/faults/FaultScene.cpp
     tests/faults/FaultStage.cpp

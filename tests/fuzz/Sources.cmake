@@ -1,10 +1,10 @@
 # The fuzzers and what they share; the main program of each; the tests that feed them their seeds.
 set(FUZZ_SOURCES
     tests/fuzz/CommandLineFuzzer.cpp
-    tests/fuzz/CopyModel.cpp
     tests/fuzz/DestinationFolderFuzzer.cpp
     tests/fuzz/FuzzInput.cpp
     tests/fuzz/RunFuzzer.cpp
+    tests/fuzz/RunScene.cpp
     tests/fuzz/SetListFuzzer.cpp
     tests/fuzz/TextConversionFuzzer.cpp
 )

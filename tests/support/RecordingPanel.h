@@ -38,10 +38,6 @@ class RecordingPanel : public StatusPanel {
         return std::count(Events.begin(), Events.end(), event);
     }
 
-    std::map<PanelLabel, std::wstring> Captions;
-    std::vector<std::wstring> Events;  // "lblSet=Letters", "play", "show", ...
-
-  private:
     static std::wstring NameOf(PanelLabel label) {
         static const std::map<PanelLabel, std::wstring> names = {
             {PanelLabel::lblSet, L"lblSet"},         {PanelLabel::lblSource, L"lblSource"},
@@ -50,6 +46,9 @@ class RecordingPanel : public StatusPanel {
             {PanelLabel::lblRemoved, L"lblRemoved"}, {PanelLabel::lblfsoStatus, L"lblfsoStatus"}};
         return names.at(label);
     }
+
+    std::map<PanelLabel, std::wstring> Captions;
+    std::vector<std::wstring> Events;  // "lblSet=Letters", "play", "show", ...
 };
 
 }  // namespace ambrio

@@ -12,4 +12,5 @@ set(TEST_SUPPORT_SOURCES
     tests/support/NameFolding.cpp
     tests/support/ObservedFileSystem.cpp
     tests/support/TestCodePage.cpp
+    tests/support/WatchedRun.cpp
 )
