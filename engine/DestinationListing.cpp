@@ -8,11 +8,13 @@ namespace ambrio {
 
 DestinationListing::DestinationListing(FileSystem& fileSystem, const std::wstring& rsSourceDir,
                                        const std::wstring& rsDestnDir)
-    : fileSystem_(fileSystem), rsSourceDir_(rsSourceDir), rsDestnDir_(rsDestnDir) {}
+    : fileSystem_(fileSystem),
+      source_(fileSystem, rsSourceDir),
+      destination_(fileSystem, rsDestnDir) {}
 
 void DestinationListing::Fetch(RunHost& host, const RunSignals& signals) {
     try {
-        const std::unique_ptr<FolderReader> reader = fileSystem_.GetFolder(rsDestnDir_);
+        const std::unique_ptr<FolderReader> reader = fileSystem_.GetFolder(destination_.Path());
         FileEntry entry;
         for (int count = 1; reader->Next(entry); ++count) {
             Add(entry);
@@ -46,7 +48,7 @@ void DestinationListing::ForgetAll() {
 }
 
 std::wstring DestinationListing::PathOf(const std::wstring& name) const {
-    return FileSystem::BuildPath(rsDestnDir_, name);
+    return FileSystem::BuildPath(destination_.Path(), name);
 }
 
 std::optional<FileEntry> DestinationListing::Listed(const std::wstring& name) const {
@@ -65,23 +67,17 @@ bool DestinationListing::MayHold(const std::wstring& name) const {
     return !isListed_ || copies_.contains(fileSystem_.FoldedName(name));
 }
 
-std::optional<FileEntry> DestinationListing::Ask(const std::wstring& name) const {
-    const std::wstring path = PathOf(name);
-    if (!fileSystem_.FileExists(path)) {
-        return std::nullopt;
+void DestinationListing::Note(const std::wstring& name) {
+    if (isNew_) {
+        made_.insert(fileSystem_.FoldedName(name));
     }
-    return fileSystem_.GetFile(path);
 }
 
-bool DestinationListing::IsSourceItself() {
-    if (!isSourceItself_) {
-        const auto source = fileSystem_.IdentityOf(rsSourceDir_);
-        const auto destination = fileSystem_.IdentityOf(rsDestnDir_);
-        isSourceItself_ = source && destination ? *source == *destination
-                                                : fileSystem_.FoldedName(rsSourceDir_) ==
-                                                      fileSystem_.FoldedName(rsDestnDir_);
+std::optional<FileEntry> DestinationListing::Ask(const std::wstring& name) const {
+    if (isNew_ && !made_.contains(fileSystem_.FoldedName(name))) {
+        return std::nullopt;
     }
-    return *isSourceItself_;
+    return fileSystem_.FindFile(PathOf(name));
 }
 
 }  // namespace ambrio

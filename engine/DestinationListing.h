@@ -3,8 +3,10 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
+#include "engine/KnownFolder.h"
 #include "engine/RunHost.h"
 #include "engine/RunSignals.h"
 #include "platform/FileSystem.h"
@@ -18,8 +20,8 @@ class DestinationListing {
     DestinationListing(FileSystem& fileSystem, const std::wstring& rsSourceDir,
                        const std::wstring& rsDestnDir);
 
-    // For a folder that was just made.
-    void KnowEmpty() { isListed_ = true; }
+    // For a folder that was just made: it holds only what is noted from then on.
+    void KnowEmpty() { isListed_ = isNew_ = true; }
     // Lists the folder. When that fails or the run is interrupted meanwhile, each copy is asked for
     // by itself from then on. Lets events run now and then.
     void Fetch(RunHost& host, const RunSignals& signals);
@@ -32,12 +34,15 @@ class DestinationListing {
     [[nodiscard]] std::optional<FileEntry> Listed(const std::wstring& name) const;
     // What the listing said of the copy holds no longer.
     void Forget(const std::wstring& name) { copies_.erase(fileSystem_.FoldedName(name)); }
+    // A copy is being made.
+    void Note(const std::wstring& name);
     // False when the folder was listed without it.
     [[nodiscard]] bool MayHold(const std::wstring& name) const;
-    // The copy as it is now; nothing when there is none. Throws RuntimeError.
+    // The copy as it is now; nothing when there is none. Asks the file system unless the folder was
+    // just made and no copy of that name since. Throws RuntimeError.
     [[nodiscard]] std::optional<FileEntry> Ask(const std::wstring& name) const;
     // True when a copy in it would be the source file itself. Asks the file system once.
-    [[nodiscard]] bool IsSourceItself();
+    [[nodiscard]] bool IsSourceItself() const { return source_.Is(destination_); }
 
   private:
     struct Copy {
@@ -49,12 +54,13 @@ class DestinationListing {
     void ForgetAll();
 
     FileSystem& fileSystem_;
-    const std::wstring& rsSourceDir_;
-    const std::wstring& rsDestnDir_;
+    KnownFolder source_;
+    KnownFolder destination_;
     bool isListed_ = false;
+    bool isNew_ = false;
     std::unordered_map<std::wstring, Copy> copies_;  // by folded name
+    std::unordered_set<std::wstring> made_;          // in a new folder, by folded name
     std::vector<std::wstring> leftovers_;
-    std::optional<bool> isSourceItself_;
 };
 
 }  // namespace ambrio

@@ -110,6 +110,7 @@ void FileCopier::RemoveCopy(const Task& task) {
 void FileCopier::Copy(const Task& task, bool clearsArchive) {
     StartCopyDisplay();
     run_.Panel.SetCaption(PanelLabel::lblFile, task.Source.Name + kCopying);
+    task.Destination.Note(task.Source.Name);
     ++run_.State.FilesCopied;  // attempts, as above; at once, so that no failure gets ahead of it
     {
         const CopyInProgress inProgress(run_.Signals);

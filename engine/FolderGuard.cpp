@@ -21,64 +21,44 @@ FolderGuard::Level::Level(FolderGuard& guard, const std::wstring& rsSourceDir,
     : guard_(guard) {
     std::vector<Step>& steps = guard.steps_;
     const std::size_t volumeStep = isLink || steps.empty() ? steps.size() : steps.back().VolumeStep;
-    steps.push_back({{&rsSourceDir, false, {}}, {&rsDestnDir, false, {}}, volumeStep});
+    steps.push_back({KnownFolder(guard.fileSystem_, rsSourceDir),
+                     KnownFolder(guard.fileSystem_, rsDestnDir), volumeStep});
 }
 
 FolderGuard::Level::~Level() {
     guard_.steps_.pop_back();
 }
 
-const std::optional<FolderIdentity>& FolderGuard::IdentityOf(Folder& folder) {
-    if (!folder.WasAsked) {
-        folder.Identity = fileSystem_.IdentityOf(*folder.Path);
-        folder.WasAsked = true;
-    }
-    return folder.Identity;
-}
-
 bool FolderGuard::MayEnter(const FileEntry& subfolder, const std::wstring& path,
-                           const std::wstring& destination) {
+                           const std::wstring& destination) const {
     if (IsCompatibilityJunction(subfolder)) {
         return false;
     }
-    if (IsSource(destination)) {
+    if (IsSource(KnownFolder(fileSystem_, destination))) {
         throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
-    return subfolder.IsLink() ? !LeadsBack(path) : !IsDestination(path);
+    const KnownFolder folder(fileSystem_, path);
+    return subfolder.IsLink() ? !LeadsBack(folder) : !IsDestination(folder);
 }
 
-bool FolderGuard::LeadsBack(const std::wstring& path) {
-    const std::optional<FolderIdentity> target = fileSystem_.IdentityOf(path);
-    if (!target) {
-        static_cast<void>(fileSystem_.GetFolder(path));  // a broken link fails with its own reason
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
-    }
-    return std::any_of(steps_.begin(), steps_.end(), [&](Step& step) {
-        return IdentityOf(step.Source) == target || IdentityOf(step.Destination) == target;
+bool FolderGuard::LeadsBack(const KnownFolder& link) const {
+    link.RequireIdentity();
+    return std::any_of(steps_.begin(), steps_.end(), [&](const Step& step) {
+        return step.Source.Is(link) || step.Destination.Is(link);
     });
 }
 
-bool FolderGuard::IsDestination(const std::wstring& path) {
-    const auto& volume = IdentityOf(steps_[steps_.back().VolumeStep].Source);
-    const auto& destination = IdentityOf(steps_.front().Destination);
-    const bool isElsewhere = volume && destination && volume->Volume != destination->Volume;
-    return !isElsewhere && IsSame(steps_.front().Destination, path);
+bool FolderGuard::IsDestination(const KnownFolder& subfolder) const {
+    const KnownFolder& destination = steps_.front().Destination;
+    return !destination.IsElsewhereThan(steps_[steps_.back().VolumeStep].Source) &&
+           destination.Is(subfolder);
 }
 
 // A Set that copies "\Data\Sub" to "\Data" would copy "\Data\Sub\Sub" over it. Only the Set's own
 // source folder need be looked for, as the walk comes by it before any folder below.
-bool FolderGuard::IsSource(const std::wstring& destination) {
-    const auto& source = IdentityOf(steps_.front().Source);
-    const auto& root = IdentityOf(steps_.front().Destination);
-    const bool isElsewhere = source && root && source->Volume != root->Volume;
-    return !isElsewhere && IsSame(steps_.front().Source, destination);
-}
-
-bool FolderGuard::IsSame(Folder& known, const std::wstring& path) {
-    const auto& identity = IdentityOf(known);
-    const auto folder = identity ? fileSystem_.IdentityOf(path) : std::nullopt;
-    return folder ? folder == identity
-                  : fileSystem_.FoldedName(path) == fileSystem_.FoldedName(*known.Path);
+bool FolderGuard::IsSource(const KnownFolder& destination) const {
+    const Step& root = steps_.front();
+    return !root.Source.IsElsewhereThan(root.Destination) && root.Source.Is(destination);
 }
 
 }  // namespace ambrio

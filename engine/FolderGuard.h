@@ -1,9 +1,10 @@
 #pragma once
 
-#include <optional>
+#include <cstddef>
 #include <string>
 #include <vector>
 
+#include "engine/KnownFolder.h"
 #include "platform/FileSystem.h"
 
 namespace ambrio {
@@ -17,7 +18,7 @@ class FolderGuard {
   public:
     explicit FolderGuard(FileSystem& fileSystem) : fileSystem_(fileSystem) {}
 
-    // One folder on the way, for as long as it is walked. The texts must live as long.
+    // One folder on the way, for as long as it is walked.
     class Level {
       public:
         Level(FolderGuard& guard, const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
@@ -35,27 +36,18 @@ class FolderGuard {
     // nowhere or to where nobody can tell, and where copies would take the place of source files:
     // what lies there is not backed up.
     [[nodiscard]] bool MayEnter(const FileEntry& subfolder, const std::wstring& path,
-                                const std::wstring& destination);
+                                const std::wstring& destination) const;
 
   private:
-    // An identity that is asked for once.
-    struct Folder {
-        const std::wstring* Path;
-        bool WasAsked = false;
-        std::optional<FolderIdentity> Identity;
-    };
     struct Step {
-        Folder Source;
-        Folder Destination;
+        KnownFolder Source;
+        KnownFolder Destination;
         std::size_t VolumeStep;  // the step that tells the volume: the last link, or the first
     };
 
-    const std::optional<FolderIdentity>& IdentityOf(Folder& folder);
-    bool LeadsBack(const std::wstring& path);
-    bool IsDestination(const std::wstring& path);
-    bool IsSource(const std::wstring& destination);
-    // Whether two folders are one: by identity, or by their spelling where there are none.
-    bool IsSame(Folder& known, const std::wstring& path);
+    [[nodiscard]] bool LeadsBack(const KnownFolder& link) const;
+    [[nodiscard]] bool IsDestination(const KnownFolder& subfolder) const;
+    [[nodiscard]] bool IsSource(const KnownFolder& destination) const;
 
     FileSystem& fileSystem_;
     std::vector<Step> steps_;

@@ -5,6 +5,7 @@ set(ENGINE_SOURCES
     engine/FileCopier.cpp
     engine/FolderGuard.cpp
     engine/FolderWalk.cpp
+    engine/KnownFolder.cpp
     engine/LeftoverSweep.cpp
     engine/LogPath.cpp
     engine/RunDriver.cpp

@@ -27,12 +27,13 @@ struct FileEntry {
     [[nodiscard]] bool IsLink() const { return (Attributes & kAttributeLink) != 0; }
 };
 
-// Which folder a path leads to, whatever its spelling and through whatever links.
-struct FolderIdentity {
+// Which file or folder a path leads to, whatever its spelling and through whatever links: a volume
+// and the file system's own number on it.
+struct FileIdentity {
     std::uint64_t Volume = 0;
     std::uint64_t File = 0;
 
-    friend bool operator==(const FolderIdentity&, const FolderIdentity&) = default;
+    friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
 // Walks the entries of one folder, files and subfolders, in the file system's own order, without
@@ -73,11 +74,16 @@ class FileSystem {
     // a folder of that name counts as FileNotFound.
     virtual FileEntry GetFile(const std::wstring& path) = 0;
 
+    // The same for a file that may not be there, in one look: nothing where FileExists is false,
+    // else what GetFile gives or throws.
+    virtual std::optional<FileEntry> FindFile(const std::wstring& path) = 0;
+
     // Opens the folder for listing; PathNotFound when it does not exist.
     virtual std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) = 0;
 
-    // Which folder this is; nothing when that cannot be told.
-    virtual std::optional<FolderIdentity> IdentityOf(const std::wstring& folder) = 0;
+    // Which folder this is; nothing when its file system does not number its folders. Throws the
+    // reason why the folder cannot be reached; PathNotFound when it does not exist.
+    virtual std::optional<FileIdentity> IdentityOf(const std::wstring& folder) = 0;
 
     // Makes one level. PathNotFound when the parent is missing, FileAlreadyExists when something
     // of that name exists.

@@ -34,6 +34,7 @@ TEST_P(FileSystemConformance, ALockedFileCanStillBeLookedAt) {
     const auto lock = World().Lock(file);
     EXPECT_TRUE(Files().FileExists(file));
     EXPECT_EQ(3U, Files().GetFile(file).Size);
+    EXPECT_EQ(3U, Files().FindFile(file).value_or(FileEntry()).Size);
 }
 
 TEST_P(FileSystemConformance, SetAttributesKeepsWhatItIsGiven) {
@@ -119,6 +120,8 @@ TEST_P(FileSystemConformance, ALinkToAFileIsDescribedByItsTargetAndDeletedAlone)
     }
     EXPECT_EQ(L"link", Files().GetFile(At(L"link")).Name);
     EXPECT_EQ(5U, Files().GetFile(At(L"link")).Size);
+    EXPECT_EQ(5U, Files().FindFile(At(L"link")).value_or(FileEntry()).Size);
+    EXPECT_TRUE(Files().FindFile(At(L"loose")).value_or(FileEntry()).IsLink());
     EXPECT_TRUE(Files().GetFile(At(L"loose")).IsLink());
     EXPECT_EQ(ErrorNumber::FileNotFound, Copying(At(L"loose"), At(L"copy")));
     EXPECT_EQ(std::nullopt, Copying(At(L"link"), At(L"copy")));

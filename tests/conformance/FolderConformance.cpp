@@ -57,6 +57,12 @@ TEST_P(FileSystemConformance, ListingAgreesWithGetFile) {
         EXPECT_EQ(listed.Attributes, got.Attributes);
         EXPECT_EQ(listed.DateLastModified, got.DateLastModified);
         EXPECT_EQ(listed.Size, got.Size);
+        const auto found = Files().FindFile(At(name));
+        ASSERT_TRUE(found);
+        EXPECT_EQ(name, found->Name);
+        EXPECT_EQ(listed.Attributes, found->Attributes);
+        EXPECT_EQ(listed.DateLastModified, found->DateLastModified);
+        EXPECT_EQ(listed.Size, found->Size);
     }
 }
 
@@ -74,11 +80,14 @@ TEST_P(FileSystemConformance, ExistenceIsAnsweredForAnyText) {
     EXPECT_TRUE(Files().FileExists(file));
     EXPECT_FALSE(Files().FolderExists(file));
     EXPECT_TRUE(Files().FolderExists(World().Root().substr(0, 3)));
+    EXPECT_TRUE(Files().FindFile(At(L"FILE")));
+    EXPECT_FALSE(Files().FindFile(World().Root()));
     for (const std::wstring& text :
          {std::wstring(), std::wstring(L"\\"), std::wstring(L"*?"), At(L"a:b:c"), At(L"absent\\x"),
           At(L"file\\x"), World().AbsentDrive(), std::wstring(40'000, L'x'),
           At(std::wstring(40'000, L'x')), std::wstring(L"\\\\.\\nothing")}) {
         EXPECT_FALSE(Files().FileExists(text));
+        EXPECT_FALSE(Files().FindFile(text));
     }
     EXPECT_FALSE(Files().FolderExists(L""));
     EXPECT_FALSE(Files().FolderExists(World().AbsentDrive() + L"\\"));
@@ -91,9 +100,30 @@ TEST_P(FileSystemConformance, IdentityIsThatOfTheFolderAndNotOfItsSpelling) {
     EXPECT_EQ(identity, Files().IdentityOf(At(L"FOLDER\\")));
     EXPECT_EQ(identity, Files().IdentityOf(At(L".\\x\\..\\folder")));
     EXPECT_NE(identity, Files().IdentityOf(NewFolder(L"other")));
-    EXPECT_EQ(std::nullopt, Files().IdentityOf(At(L"absent")));
-    EXPECT_EQ(std::nullopt, Files().IdentityOf(NewFile(L"file")));
-    EXPECT_EQ(std::nullopt, Files().IdentityOf(L""));
+}
+
+TEST_P(FileSystemConformance, AFolderThatCannotBeReachedHasNoIdentityButAReason) {
+    NewFile(L"file");
+    const std::wstring drive = World().AbsentDrive();
+    for (const std::wstring& path :
+         {At(L"absent"), At(L"absent\\below"), At(L"file"), At(L"file\\below"), drive + L"\\",
+          drive + L"\\folder", std::wstring()}) {
+        EXPECT_EQ(ErrorNumber::PathNotFound, RuntimeErrorOf([&] { Files().IdentityOf(path); }))
+            << testing::PrintToString(path);
+    }
+    EXPECT_EQ(ErrorNumber::BadFileNameOrNumber,
+              RuntimeErrorOf([&] { Files().IdentityOf(At(L"a?b")); }));
+}
+
+TEST_P(FileSystemConformance, ALinkThatLeadsNowhereSaysSo) {
+    const std::wstring target = NewFolder(L"target");
+    if (!World().MakeLink(At(L"lost"), At(L"nowhere"), FileSystemWorld::LinkKind::ToFolder) ||
+        !World().MakeLink(At(L"far"), At(L"no\\where"), FileSystemWorld::LinkKind::ToFolder)) {
+        GTEST_SKIP() << "this user may not make links";
+    }
+    for (const wchar_t* name : {L"lost", L"far"}) {
+        EXPECT_EQ(ErrorNumber::PathNotFound, RuntimeErrorOf([&] { Files().IdentityOf(At(name)); }));
+    }
 }
 
 TEST_P(FileSystemConformance, AFolderIsTriedForWritingWithoutATrace) {

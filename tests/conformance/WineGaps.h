@@ -11,9 +11,10 @@ struct WineGap {
     const char* Reason;
 };
 
-inline constexpr std::array<WineGap, 6> kWineGaps{{
+inline constexpr std::array<WineGap, 7> kWineGaps{{
     {"LinksToFoldersAreFollowedAndMarked", "links cannot be made"},
     {"ALinkToAFileIsDescribedByItsTargetAndDeletedAlone", "links cannot be made"},
+    {"ALinkThatLeadsNowhereSaysSo", "links cannot be made"},
     {"TheFirstSecondOfTheCalendarIsKept", "the system below may not go back beyond 1901"},
     {"ANameThatIsTooLongIsABadName", "it counts as a missing file"},
     {"NamesWithALoneSurrogate", "the system below has names in UTF-8"},

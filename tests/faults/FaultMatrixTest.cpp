@@ -48,6 +48,11 @@ class FaultyServices : public ObservedFileSystem, public ForwardingSettingsStore
     }
 
     bool Before(const FileCall& call) override {
+        // One look at a copy can overlook it as well as fail.
+        if (call.Operation == FileOperation::FindFile &&
+            IsTheOne(Stage::TestCopyToReplace, call.Path)) {
+            return false;
+        }
         const Stage stage = finder_.StageOf(call);
         if (!IsTheOne(stage, call.Path)) {
             return true;

@@ -26,7 +26,7 @@ Stage StageOfQuestion(const std::wstring& path) {
     if (path.ends_with(L".scr")) {
         return Stage::FindSecondSaver;
     }
-    return HasCopyToRemove(path) ? Stage::TestCopyToRemove : Stage::TestCopyToReplace;
+    return Stage::TestCopyToRemove;
 }
 
 Stage StageOfDeletion(const std::wstring& path) {
@@ -57,6 +57,8 @@ Stage StageFinder::StageOf(const FileCall& call) {
             return isSource ? Stage::TestSourceFolder : Stage::TestDestinationFolder;
         case FileOperation::GetFile:
             return StageOfRead(call.Path);
+        case FileOperation::FindFile:
+            return Stage::ReadCopy;
         case FileOperation::GetFolder:
             return isSource ? Stage::ListSource : Stage::ListDestination;
         case FileOperation::Next:
@@ -84,9 +86,6 @@ Stage StageFinder::StageOf(const FileCall& call) {
 }
 
 Stage StageFinder::StageOfRead(const std::wstring& path) const {
-    if (!IsInSource(path)) {
-        return Stage::ReadCopy;
-    }
     if (path == copied_) {
         return Stage::ReadSourceForArchiveBit;
     }

@@ -27,7 +27,6 @@ bool FailingFileSystem::Before(const FileCall& call) {
     }
     switch (call.Operation) {
         case FileOperation::IdentityOf:
-            return false;
         case FileOperation::FileExists:
         case FileOperation::FolderExists:
         case FileOperation::IsWritableFolder:

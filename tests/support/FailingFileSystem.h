@@ -15,11 +15,11 @@ struct FileFault {
     std::optional<FileOperation> Kind = {};             // only operations of this kind match
     std::function<bool(const FileCall&)> Matches = {};  // and only those that it says yes to
     bool AndAllAfter = false;                           // the later ones that match fail too
-    bool QuestionsThrow = false;  // FileExists and its like throw, instead of answering false
+    bool QuestionsThrow = false;  // FileExists and its like throw, instead of answering no
 };
 
 // Fails an operation without passing it on: it throws the number; FileExists, FolderExists and
-// IsWritableFolder answer false unless told to throw; IdentityOf always answers nothing.
+// IsWritableFolder answer false unless told to throw, IdentityOf then answers nothing.
 class FailingFileSystem : public ObservedFileSystem {
   public:
     explicit FailingFileSystem(FileSystem& target, FileFault fault = {});

@@ -16,11 +16,15 @@ FileEntry ForwardingFileSystem::GetFile(const std::wstring& path) {
     return target_.GetFile(path);
 }
 
+std::optional<FileEntry> ForwardingFileSystem::FindFile(const std::wstring& path) {
+    return target_.FindFile(path);
+}
+
 std::unique_ptr<FolderReader> ForwardingFileSystem::GetFolder(const std::wstring& path) {
     return target_.GetFolder(path);
 }
 
-std::optional<FolderIdentity> ForwardingFileSystem::IdentityOf(const std::wstring& folder) {
+std::optional<FileIdentity> ForwardingFileSystem::IdentityOf(const std::wstring& folder) {
     return target_.IdentityOf(folder);
 }
 

@@ -68,13 +68,13 @@ bool MemoryFileSystem::FolderExists(const std::wstring& path) {
 }
 
 FileEntry MemoryFileSystem::GetFile(const std::wstring& path) {
-    const MemoryNode::Pointer file = FindFile(path);
+    const MemoryNode::Pointer file = RequireFile(path);
     if (!file->IsLink()) {
         return file->Entry();
     }
     FileEntry entry = file->Entry();
     try {
-        entry = FindFile(file->LinkTarget)->Entry();
+        entry = RequireFile(file->LinkTarget)->Entry();
         entry.Name = file->Name;
     } catch (const RuntimeError&) {
         // A link that leads nowhere is described by itself.
@@ -83,27 +83,21 @@ FileEntry MemoryFileSystem::GetFile(const std::wstring& path) {
     return entry;
 }
 
+std::optional<FileEntry> MemoryFileSystem::FindFile(const std::wstring& path) {
+    return FileExists(path) ? std::optional(GetFile(path)) : std::nullopt;
+}
+
 std::unique_ptr<FolderReader> MemoryFileSystem::GetFolder(const std::wstring& path) {
-    const MemoryNode::Pointer folder = FindIfThere(path, LastLink::Follow);
-    if (!folder || !folder->IsFolder()) {
-        Fail(ErrorNumber::PathNotFound);
-    }
+    const MemoryNode::Pointer folder = RequireFolder(path);
     if (folder->ListingDenied) {
         Fail(ErrorNumber::PermissionDenied);
     }
     return std::make_unique<MemoryFolderReader>(folder, openHandles_);
 }
 
-std::optional<FolderIdentity> MemoryFileSystem::IdentityOf(const std::wstring& folder) {
-    try {
-        const MemoryNode::Pointer node = Find(folder, LastLink::Follow);
-        if (node->IsFolder()) {
-            return FolderIdentity{node->Volume.Id, node->Id};
-        }
-    } catch (const RuntimeError&) {
-        return std::nullopt;
-    }
-    return std::nullopt;
+std::optional<FileIdentity> MemoryFileSystem::IdentityOf(const std::wstring& folder) {
+    const MemoryNode::Pointer node = RequireFolder(folder);
+    return FileIdentity{node->Volume.Id, node->Id};
 }
 
 void MemoryFileSystem::CreateFolder(const std::wstring& path) {
@@ -121,7 +115,7 @@ void MemoryFileSystem::SetAttributes(const std::wstring& path, FileAttributes at
 }
 
 void MemoryFileSystem::DeleteFile(const std::wstring& path, bool force) {
-    const MemoryNode::Pointer file = FindFile(path);
+    const MemoryNode::Pointer file = RequireFile(path);
     RequireFree(*file);
     if (file->IsReadOnly() && !force) {
         Fail(ErrorNumber::PermissionDenied);
@@ -280,10 +274,18 @@ MemoryNode::Pointer MemoryFileSystem::FindIfThere(const std::wstring& path, Last
     }
 }
 
-MemoryNode::Pointer MemoryFileSystem::FindFile(const std::wstring& path) const {
+MemoryNode::Pointer MemoryFileSystem::RequireFile(const std::wstring& path) const {
     MemoryNode::Pointer node = Find(path, LastLink::Keep);
     if (node->IsFolder()) {
         Fail(ErrorNumber::FileNotFound);
+    }
+    return node;
+}
+
+MemoryNode::Pointer MemoryFileSystem::RequireFolder(const std::wstring& path) const {
+    MemoryNode::Pointer node = FindIfThere(path, LastLink::Follow);
+    if (!node || !node->IsFolder()) {
+        Fail(ErrorNumber::PathNotFound);
     }
     return node;
 }

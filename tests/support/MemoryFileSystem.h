@@ -24,8 +24,9 @@ class MemoryFileSystem : public FileSystem {
     bool FileExists(const std::wstring& path) override;
     bool FolderExists(const std::wstring& path) override;
     FileEntry GetFile(const std::wstring& path) override;
+    std::optional<FileEntry> FindFile(const std::wstring& path) override;
     std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) override;
-    std::optional<FolderIdentity> IdentityOf(const std::wstring& folder) override;
+    std::optional<FileIdentity> IdentityOf(const std::wstring& folder) override;
     void CreateFolder(const std::wstring& path) override;
     void SetAttributes(const std::wstring& path, FileAttributes attributes) override;
     void DeleteFile(const std::wstring& path, bool force) override;
@@ -95,7 +96,9 @@ class MemoryFileSystem : public FileSystem {
     MemoryNode::Pointer Walk(const MemoryPath& path, LastLink last, int linksFollowed = 0) const;
     // The same, but nothing when only the last name is missing.
     MemoryNode::Pointer FindIfThere(const std::wstring& path, LastLink last) const;
-    MemoryNode::Pointer FindFile(const std::wstring& path) const;
+    MemoryNode::Pointer RequireFile(const std::wstring& path) const;
+    // Links followed.
+    MemoryNode::Pointer RequireFolder(const std::wstring& path) const;
     Place PlaceOf(const std::wstring& path) const;
     // The folder that holds the path, every missing level made.
     Place MakePlace(const std::wstring& path);

@@ -56,12 +56,19 @@ FileEntry ObservedFileSystem::GetFile(const std::wstring& path) {
     return ForwardingFileSystem::GetFile(path);
 }
 
+std::optional<FileEntry> ObservedFileSystem::FindFile(const std::wstring& path) {
+    if (!Before({FileOperation::FindFile, path})) {
+        return std::nullopt;
+    }
+    return ForwardingFileSystem::FindFile(path);
+}
+
 std::unique_ptr<FolderReader> ObservedFileSystem::GetFolder(const std::wstring& path) {
     Before({FileOperation::GetFolder, path});
     return std::make_unique<ObservedReader>(ForwardingFileSystem::GetFolder(path), *this, path);
 }
 
-std::optional<FolderIdentity> ObservedFileSystem::IdentityOf(const std::wstring& folder) {
+std::optional<FileIdentity> ObservedFileSystem::IdentityOf(const std::wstring& folder) {
     if (!Before({FileOperation::IdentityOf, folder})) {
         return std::nullopt;
     }

@@ -9,6 +9,7 @@ enum class FileOperation {
     FileExists,
     FolderExists,
     GetFile,
+    FindFile,
     GetFolder,
     Next,
     IdentityOf,
@@ -37,8 +38,9 @@ class ObservedFileSystem : public ForwardingFileSystem {
     bool FileExists(const std::wstring& path) override;
     bool FolderExists(const std::wstring& path) override;
     FileEntry GetFile(const std::wstring& path) override;
+    std::optional<FileEntry> FindFile(const std::wstring& path) override;
     std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) override;
-    std::optional<FolderIdentity> IdentityOf(const std::wstring& folder) override;
+    std::optional<FileIdentity> IdentityOf(const std::wstring& folder) override;
     void CreateFolder(const std::wstring& path) override;
     void SetAttributes(const std::wstring& path, FileAttributes attributes) override;
     void DeleteFile(const std::wstring& path, bool force) override;

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "settings/SettingKeys.h"
-#include "tests/support/CountingFileSystem.h"
 #include "tests/support/EngineBench.h"
 #include "tests/support/FailingFileSystem.h"
 
@@ -284,20 +283,35 @@ TEST_F(FileCopierTest, EventsRunDuringACopyWhichIsInProgressThen) {
     EXPECT_FALSE(Bench.Signals.CopyInProgress);
 }
 
-TEST_F(FileCopierTest, AnUnchangedFileCostsOneReadOfTheSourceAndNothingAtTheDestination) {
-    constexpr int kFiles = 20;
-    for (int i = 0; i < kFiles; ++i) {
-        const std::wstring name = L"\\file" + std::to_wstring(i);
-        Bench.Files.WriteFile(L"C:\\From" + name, "x", 0, kTime);
-        Bench.Files.WriteFile(L"C:\\To" + name, "x", 0, kTime);
-    }
-    CountingFileSystem counting(Bench.Files);
-    Bench.Run(counting, Bench.Settings);
-    EXPECT_EQ(Bench.State.FilesChecked, kFiles);
-    EXPECT_EQ(counting.CallsBelow(L"C:\\From"), kFiles);
-    EXPECT_EQ(counting.CallsOf(FileOperation::GetFile), kFiles);
-    EXPECT_EQ(counting.CallsBelow(L"C:\\To"), 0);
-    EXPECT_EQ(counting.CallsOf(FileOperation::GetFolder), 2);
+// A copy that is overlooked is copied over, one that cannot be read stops the run.
+TEST_F(FileCopierTest, ACopyThatCannotBeReadStopsTheRun) {
+    Source(0, kTime + 1);
+    Copy(0);
+    RunWithFault({.Number = ErrorNumber::DiskNotReady, .Kind = FileOperation::FindFile});
+    EXPECT_TRUE(Bench.HasLog({L"Error 71 - Disk not ready in CopyFile ",
+                              L"      <C:\\From\\file.txt>", L"   to <C:\\To\\file.txt>"}));
+    EXPECT_TRUE(Bench.Signals.Interrupted);
+    EXPECT_EQ(Bench.Files.Content(kTo), "old");
+}
+
+// Every file says so, and the next Set is run.
+TEST_F(FileCopierTest, ADestinationThatIsGoneFailsEachCopyButNotTheRun) {
+    Bench.Files.SetVolume(L"D:", true);
+    Bench.Set(L"S", kDestinationKey, L"D:\\To");
+    Bench.Files.WriteFile(L"D:\\To\\file.txt", "old", 0, kTime);
+    Bench.Files.WriteFile(L"C:\\From\\after.txt", "new");
+    Source(0, kTime + 1);
+    Bench.AddSet(L"T", L"C:\\From", L"C:\\To");
+    Bench.Files.BeforeRename = [&] {
+        Bench.Files.SetVolume(L"D:", true, false);
+        Bench.Files.BeforeRename = {};
+    };
+    Bench.Run();
+    EXPECT_TRUE(Bench.HasLog({L"Error 71 - Disk not ready while copying ",
+                              L"      <C:\\From\\file.txt>", L"   to <D:\\To\\file.txt>"}));
+    EXPECT_EQ(Bench.State.CopyErrors, 2);
+    EXPECT_FALSE(Bench.Signals.Interrupted);
+    EXPECT_EQ(Bench.Files.Content(kTo), "new");
 }
 
 // What came since the listing is not overwritten.

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "settings/SettingKeys.h"
 #include "tests/support/CountingFileSystem.h"
 #include "tests/support/EngineBench.h"
@@ -91,6 +93,25 @@ TEST_F(FolderGuardTest, ABrokenLinkIsReported) {
     EXPECT_TRUE(Bench.HasLog(
         {L"Error 76 - Path not found while accessing folder ", L"      <C:\\Data\\Gone>"}));
     EXPECT_EQ(Bench.State.FolderErrors, 1);
+}
+
+// No listing is opened for that.
+TEST_F(FolderGuardTest, ALinkThatCannotBeReachedIsReportedWithItsOwnReason) {
+    Bench.Files.SetVolume(L"E:", true);
+    Bench.Files.MakeFolder(L"C:\\Data");
+    Bench.Files.MakeFolder(L"E:\\Far");
+    Bench.Files.MakeLink(L"C:\\Data\\Link", L"E:\\Far", MountPoint);
+    Bench.Files.SetVolume(L"E:", true, false);
+    Bench.AddSet(L"S", L"C:\\Data", L"C:\\Backup");
+    CountingFileSystem counting(Bench.Files);
+    Bench.Run(counting, Bench.Settings);
+    EXPECT_TRUE(Bench.HasLog(
+        {L"Error 71 - Disk not ready while accessing folder ", L"      <C:\\Data\\Link>"}));
+    EXPECT_EQ(Bench.State.FolderErrors, 1);
+    const auto listed = [&](const FileCall& call) {
+        return call.Operation == FileOperation::GetFolder && call.Path == L"C:\\Data\\Link";
+    };
+    EXPECT_EQ(std::count_if(counting.Calls().begin(), counting.Calls().end(), listed), 0);
 }
 
 TEST_F(FolderGuardTest, AWalkEndsAlsoWhereIdentitiesCannotBeTold) {

@@ -67,6 +67,18 @@ TEST_F(NameHazard, TwoNamesDifferOnlyInCase) {
     EXPECT_EQ(Content(L"C:\\Data\\Read"), "older");
 }
 
+// The first run makes the folder and knows of no copy in it but its own.
+TEST_F(NameHazard, TheSecondOfTwoNamesThatDifferOnlyInCaseIsTheOlder) {
+    File(L"C:\\Data\\Read", "newer", 13'400'000'000);
+    File(L"C:\\Elsewhere\\READ", "older", 13'300'000'000);
+    TwoCases files(Bench.Files);
+    for (const int copied : {1, 0}) {
+        Run(files);
+        EXPECT_EQ(Bench.State.FilesCopied, copied);
+        EXPECT_EQ(Content(L"C:\\Copies\\Read"), "newer");
+    }
+}
+
 TEST_F(NameHazard, NamesAreOdd) {
     const Lines names = {
         L"caf\u00e9",  L"cafe\u0301",    L"dot.",        L"dots...", L"blank ",     L" ",

@@ -2,6 +2,7 @@
 set(UNIT_TEST_SOURCES
     tests/unit/BackupSetTest.cpp
     tests/unit/BigFolderTest.cpp
+    tests/unit/CallsOfACopyTest.cpp
     tests/unit/CentreFormTest.cpp
     tests/unit/ColourWalkTest.cpp
     tests/unit/CommandSwitchTest.cpp
@@ -25,6 +26,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/FrameMotionTest.cpp
     tests/unit/GeneralOptionsTest.cpp
     tests/unit/InputRulesTest.cpp
+    tests/unit/KnownFolderTest.cpp
     tests/unit/LightBufferTest.cpp
     tests/unit/MemoryFileSystemTest.cpp
     tests/unit/ModeDispatchTest.cpp

@@ -4,16 +4,15 @@
 
 namespace ambrio {
 
-std::optional<BY_HANDLE_FILE_INFORMATION> ReadInformation(const std::wstring& extended) {
+DWORD ReadInformation(const std::wstring& extended, BY_HANDLE_FILE_INFORMATION& information) {
     const auto file = MakeHandle<UniqueHandle>(
         CreateFileW(extended.c_str(), FILE_READ_ATTRIBUTES,
                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
                     FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-    BY_HANDLE_FILE_INFORMATION information;
     if (!file || GetFileInformationByHandle(file.get(), &information) == 0) {
-        return std::nullopt;
+        return GetLastError();
     }
-    return information;
+    return ERROR_SUCCESS;
 }
 
 std::optional<FileIdentity> IdentityFrom(const BY_HANDLE_FILE_INFORMATION& information) {
@@ -27,8 +26,9 @@ std::optional<FileIdentity> IdentityFrom(const BY_HANDLE_FILE_INFORMATION& infor
 }
 
 std::optional<FileIdentity> ReadFileIdentity(const std::wstring& extended) {
-    const auto information = ReadInformation(extended);
-    return information ? IdentityFrom(*information) : std::nullopt;
+    BY_HANDLE_FILE_INFORMATION information;
+    return ReadInformation(extended, information) == ERROR_SUCCESS ? IdentityFrom(information)
+                                                                   : std::nullopt;
 }
 
 }  // namespace ambrio

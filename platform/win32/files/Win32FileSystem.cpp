@@ -14,12 +14,12 @@
 namespace ambrio {
 namespace {
 
-// The attributes of whatever has that name, or nothing.
-std::optional<DWORD> AttributesOf(const std::wstring& path) {
+// The data of whatever has that name, or nothing, whatever goes wrong.
+std::optional<WIN32_FILE_ATTRIBUTE_DATA> DataOf(const std::wstring& path) {
     try {
         WIN32_FILE_ATTRIBUTE_DATA data;
         if (ReadFileData(ExtendedPath(path), data) == ERROR_SUCCESS) {
-            return data.dwFileAttributes;
+            return data;
         }
     } catch (const RuntimeError&) {
         return std::nullopt;
@@ -42,46 +42,56 @@ WIN32_FILE_ATTRIBUTE_DATA RequireFile(const std::wstring& extended) {
     return data;
 }
 
+FileEntry FileEntryOf(const std::wstring& extended, const WIN32_FILE_ATTRIBUTE_DATA& data) {
+    FileEntry entry = EntryFrom(data, NameOfExtended(extended));
+    BY_HANDLE_FILE_INFORMATION target;
+    if (entry.IsLink() && ReadInformation(extended, target) == ERROR_SUCCESS &&
+        !IsDirectory(target.dwFileAttributes)) {
+        return EntryFrom(target, entry.Name);
+    }
+    return entry;
+}
+
 }  // namespace
 
 bool Win32FileSystem::FileExists(const std::wstring& path) {
-    const auto attributes = AttributesOf(path);
-    return attributes && !IsDirectory(*attributes);
+    const auto data = DataOf(path);
+    return data && !IsDirectory(data->dwFileAttributes);
 }
 
 bool Win32FileSystem::FolderExists(const std::wstring& path) {
-    const auto attributes = AttributesOf(path);
-    return attributes && IsDirectory(*attributes);
+    const auto data = DataOf(path);
+    return data && IsDirectory(data->dwFileAttributes);
 }
 
 FileEntry Win32FileSystem::GetFile(const std::wstring& path) {
     const std::wstring extended = ExtendedPath(path);
-    FileEntry entry = EntryFrom(RequireFile(extended), NameOfExtended(extended));
-    if (entry.IsLink()) {
-        const auto target = ReadInformation(extended);
-        if (target && !IsDirectory(target->dwFileAttributes)) {
-            return EntryFrom(*target, entry.Name);
-        }
+    return FileEntryOf(extended, RequireFile(extended));
+}
+
+std::optional<FileEntry> Win32FileSystem::FindFile(const std::wstring& path) {
+    const auto data = DataOf(path);
+    if (!data || IsDirectory(data->dwFileAttributes)) {
+        return std::nullopt;
     }
-    return entry;
+    return FileEntryOf(ExtendedPath(path), *data);
 }
 
 std::unique_ptr<FolderReader> Win32FileSystem::GetFolder(const std::wstring& path) {
     return std::make_unique<Win32FolderReader>(ExtendedPath(path));
 }
 
-std::optional<FolderIdentity> Win32FileSystem::IdentityOf(const std::wstring& folder) {
-    try {
-        const auto information = ReadInformation(ExtendedPath(folder));
-        if (!information || !IsDirectory(information->dwFileAttributes)) {
-            return std::nullopt;
-        }
-        const auto identity = IdentityFrom(*information);
-        return identity ? std::optional(FolderIdentity{identity->Volume, identity->File})
-                        : std::nullopt;
-    } catch (const RuntimeError&) {
-        return std::nullopt;
+std::optional<FileIdentity> Win32FileSystem::IdentityOf(const std::wstring& folder) {
+    BY_HANDLE_FILE_INFORMATION information;
+    const DWORD code = ReadInformation(ExtendedPath(folder), information);
+    if (code == ERROR_FILE_NOT_FOUND ||
+        (code == ERROR_SUCCESS && !IsDirectory(information.dwFileAttributes))) {
+        throw RuntimeError(ErrorNumber::PathNotFound);
     }
+    if (code != ERROR_SUCCESS) {
+        ThrowWin32(code);
+    }
+    return IdentityFrom(information);
 }
 
 void Win32FileSystem::CreateFolder(const std::wstring& path) {
@@ -91,7 +101,7 @@ void Win32FileSystem::CreateFolder(const std::wstring& path) {
     }
     const DWORD code = GetLastError();
     // The system refuses to make the root of a drive instead of saying that it is there.
-    if (code == ERROR_ACCESS_DENIED && AttributesOf(path)) {
+    if (code == ERROR_ACCESS_DENIED && DataOf(path)) {
         throw RuntimeError(ErrorNumber::FileAlreadyExists);
     }
     ThrowForPath(code, extended);

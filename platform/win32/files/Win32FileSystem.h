@@ -9,10 +9,12 @@ class Win32FileSystem : public FileSystem {
   public:
     bool FileExists(const std::wstring& path) override;
     bool FolderExists(const std::wstring& path) override;
-    // Describes what a link to a file leads to; a link that leads nowhere is described by itself.
+    // Both describe what a link to a file leads to; a link that leads nowhere is described by
+    // itself.
     FileEntry GetFile(const std::wstring& path) override;
+    std::optional<FileEntry> FindFile(const std::wstring& path) override;
     std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) override;
-    std::optional<FolderIdentity> IdentityOf(const std::wstring& folder) override;
+    std::optional<FileIdentity> IdentityOf(const std::wstring& folder) override;
     void CreateFolder(const std::wstring& path) override;
     void SetAttributes(const std::wstring& path, FileAttributes attributes) override;
     void DeleteFile(const std::wstring& path, bool force) override;

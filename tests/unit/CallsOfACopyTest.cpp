@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include "settings/SettingKeys.h"
+#include "tests/support/CountingFileSystem.h"
+#include "tests/support/EngineBench.h"
+
+namespace ambrio {
+namespace {
+
+using Operations = std::vector<FileOperation>;
+constexpr FileSeconds kCountedTime = 13'400'000'000;
+const std::wstring kCountedFile = L"C:\\From\\file.txt";
+const std::wstring kCountedCopy = L"C:\\To\\file.txt";
+
+// What one file costs, in calls of the file system; over a network each is a wait.
+class CallsOfACopyTest : public testing::Test {
+  protected:
+    CallsOfACopyTest() { Bench.AddSet(L"S", L"C:\\From", L"C:\\To"); }
+
+    void Source(FileAttributes attributes, FileSeconds time = kCountedTime) {
+        Bench.Files.WriteFile(kCountedFile, "new", attributes, time);
+    }
+    void Copy(FileAttributes attributes, FileSeconds time = kCountedTime) {
+        Bench.Files.WriteFile(kCountedCopy, "old", attributes, time);
+    }
+    // The operations on the file and on its copy, in order.
+    Operations Calls() {
+        CountingFileSystem counting(Bench.Files);
+        Bench.Run(counting, Bench.Settings);
+        Operations calls;
+        for (const FileCall& call : counting.Calls()) {
+            if (call.Path == kCountedFile || call.Path == kCountedCopy) {
+                calls.push_back(call.Operation);
+            }
+        }
+        return calls;
+    }
+
+    EngineBench Bench;
+};
+
+TEST_F(CallsOfACopyTest, OfANewFileInANewFolderAskNothingOfTheFolder) {
+    Source(0);
+    EXPECT_EQ(Calls(), (Operations{FileOperation::GetFile, FileOperation::CopyFile}));
+    EXPECT_EQ(Bench.Files.Content(kCountedCopy), "new");
+}
+
+TEST_F(CallsOfACopyTest, OfANewFileInAFolderThatWasThereLookOnceForACopy) {
+    Source(0);
+    Bench.Files.MakeFolder(L"C:\\To");
+    EXPECT_EQ(Calls(), (Operations{FileOperation::GetFile, FileOperation::FindFile,
+                                   FileOperation::CopyFile}));
+}
+
+TEST_F(CallsOfACopyTest, OfAReplacedFileLookAtItsCopyOnce) {
+    Source(0, kCountedTime + 1);
+    Copy(0);
+    EXPECT_EQ(Calls(), (Operations{FileOperation::GetFile, FileOperation::FindFile,
+                                   FileOperation::CopyFile}));
+    EXPECT_EQ(Bench.Files.Content(kCountedCopy), "new");
+}
+
+TEST_F(CallsOfACopyTest, OfAReadOnlyCopyThatIsOverwrittenLookAtItOnceToo) {
+    Bench.Set(L"S", kOverwriteReadOnlyKey, kYes);
+    Source(0, kCountedTime + 1);
+    Copy(kAttributeReadOnly);
+    EXPECT_EQ(Calls(), (Operations{FileOperation::GetFile, FileOperation::FindFile,
+                                   FileOperation::SetAttributes, FileOperation::CopyFile}));
+}
+
+TEST_F(CallsOfACopyTest, OfAnUnchangedFileReadItOnly) {
+    Source(0);
+    Copy(0);
+    EXPECT_EQ(Calls(), Operations{FileOperation::GetFile});
+}
+
+TEST_F(CallsOfACopyTest, OfAFileWhoseCopyGoesLookForTheCopyOnce) {
+    Bench.Set(L"S", kCopyTypeKey, kCopyTypeArchiveBit);
+    Bench.Set(L"S", kDeleteCopyArchiveBitKey, kYes);
+    Source(0);
+    Copy(0);
+    EXPECT_EQ(Calls(), (Operations{FileOperation::GetFile, FileOperation::FileExists,
+                                   FileOperation::DeleteFile, FileOperation::GetFile}));
+}
+
+TEST_F(CallsOfACopyTest, AnUnchangedFileCostsOneReadOfTheSourceAndNothingAtTheDestination) {
+    constexpr int kFiles = 20;
+    for (int i = 0; i < kFiles; ++i) {
+        const std::wstring name = L"\\file" + std::to_wstring(i);
+        Bench.Files.WriteFile(L"C:\\From" + name, "x", 0, kCountedTime);
+        Bench.Files.WriteFile(L"C:\\To" + name, "x", 0, kCountedTime);
+    }
+    CountingFileSystem counting(Bench.Files);
+    Bench.Run(counting, Bench.Settings);
+    EXPECT_EQ(Bench.State.FilesChecked, kFiles);
+    EXPECT_EQ(counting.CallsBelow(L"C:\\From"), kFiles);
+    EXPECT_EQ(counting.CallsOf(FileOperation::GetFile), kFiles);
+    EXPECT_EQ(counting.CallsBelow(L"C:\\To"), 0);
+    EXPECT_EQ(counting.CallsOf(FileOperation::GetFolder), 2);
+}
+
+}  // namespace
+}  // namespace ambrio

@@ -1,0 +1,81 @@
+#include "engine/KnownFolder.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/CountingFileSystem.h"
+#include "tests/support/FailingFileSystem.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/RuntimeErrorOf.h"
+
+namespace ambrio {
+namespace {
+
+class KnownFolderTest : public testing::Test {
+  protected:
+    KnownFolderTest() {
+        Files.SetVolume(L"D:", true);
+        for (const wchar_t* folder : {L"C:\\One", L"C:\\Two", L"D:\\One"}) {
+            Files.MakeFolder(folder);
+        }
+        Files.MakeLink(L"C:\\Link", L"C:\\One", MemoryFileSystem::LinkKind::MountPoint);
+    }
+    [[nodiscard]] static KnownFolder Through(FileSystem& files, const wchar_t* path) {
+        return KnownFolder(files, path);
+    }
+
+    MemoryFileSystem Files;
+    CountingFileSystem Counting{Files};
+};
+
+TEST_F(KnownFolderTest, OneFolderIsItselfWhateverItsSpelling) {
+    const KnownFolder one = Through(Files, L"C:\\One");
+    EXPECT_TRUE(one.Is(Through(Files, L"c:\\ONE\\")));
+    EXPECT_TRUE(one.Is(Through(Files, L"C:\\Link")));
+    EXPECT_FALSE(one.Is(Through(Files, L"C:\\Two")));
+    EXPECT_FALSE(one.Is(Through(Files, L"D:\\One")));
+}
+
+// A link is then none of its target, but case still does not count.
+TEST_F(KnownFolderTest, TheSpellingDecidesWhereOneIdentityCannotBeTold) {
+    FailingFileSystem unnumbered(Files, {.Kind = FileOperation::IdentityOf, .AndAllAfter = true});
+    FailingFileSystem unreachable(
+        Files, {.Kind = FileOperation::IdentityOf, .AndAllAfter = true, .QuestionsThrow = true});
+    for (FailingFileSystem* failing : {&unnumbered, &unreachable}) {
+        const KnownFolder known = Through(Files, L"C:\\One");
+        const KnownFolder unknown = Through(*failing, L"c:\\ONE");
+        EXPECT_TRUE(known.Is(unknown) && unknown.Is(known));
+        const KnownFolder link = Through(*failing, L"C:\\Link");
+        EXPECT_FALSE(known.Is(link) || link.Is(known));
+    }
+}
+
+TEST_F(KnownFolderTest, AVolumeIsElsewhereOnlyWhenBothAreKnown) {
+    const KnownFolder one = Through(Files, L"C:\\One");
+    EXPECT_TRUE(one.IsElsewhereThan(Through(Files, L"D:\\One")));
+    EXPECT_FALSE(one.IsElsewhereThan(Through(Files, L"C:\\Two")));
+    EXPECT_FALSE(one.IsElsewhereThan(Through(Files, L"D:\\Absent")));
+    EXPECT_FALSE(Through(Files, L"D:\\Absent").IsElsewhereThan(one));
+}
+
+TEST_F(KnownFolderTest, AsksOnceAndOnlyWhenItMatters) {
+    const KnownFolder one = Through(Counting, L"C:\\One");
+    const KnownFolder absent = Through(Counting, L"C:\\Absent");
+    EXPECT_TRUE(Counting.Calls().empty());
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_FALSE(one.Is(absent) || absent.Is(one) || one.IsElsewhereThan(absent));
+    }
+    EXPECT_EQ(Counting.CallsOn(L"C:\\One"), 1);
+    EXPECT_EQ(Counting.CallsOn(L"C:\\Absent"), 1);
+}
+
+TEST_F(KnownFolderTest, ARequiredIdentityFailsWithTheReason) {
+    EXPECT_EQ(RuntimeErrorOf([&] { Through(Files, L"C:\\Link").RequireIdentity(); }), std::nullopt);
+    EXPECT_EQ(RuntimeErrorOf([&] { Through(Files, L"C:\\Absent").RequireIdentity(); }),
+              ErrorNumber::PathNotFound);
+    FailingFileSystem unnumbered(Files, {.Kind = FileOperation::IdentityOf});
+    EXPECT_EQ(RuntimeErrorOf([&] { Through(unnumbered, L"C:\\One").RequireIdentity(); }),
+              ErrorNumber::PathFileAccessError);
+}
+
+}  // namespace
+}  // namespace ambrio
