@@ -6,15 +6,13 @@
 
 namespace ambrio {
 
-DestinationListing::DestinationListing(FileSystem& fileSystem, const std::wstring& rsSourceDir,
-                                       const std::wstring& rsDestnDir)
-    : fileSystem_(fileSystem),
-      source_(fileSystem, rsSourceDir),
-      destination_(fileSystem, rsDestnDir) {}
+DestinationListing::DestinationListing(FileSystem& fileSystem, const WalkedFolder& folder)
+    : fileSystem_(fileSystem), folder_(folder) {}
 
 void DestinationListing::Fetch(RunHost& host, const RunSignals& signals) {
     try {
-        const std::unique_ptr<FolderReader> reader = fileSystem_.GetFolder(destination_.Path());
+        const std::unique_ptr<FolderReader> reader =
+            fileSystem_.GetFolder(folder_.Destination().Path());
         FileEntry entry;
         for (int count = 1; reader->Next(entry); ++count) {
             Add(entry);
@@ -48,7 +46,7 @@ void DestinationListing::ForgetAll() {
 }
 
 std::wstring DestinationListing::PathOf(const std::wstring& name) const {
-    return FileSystem::BuildPath(destination_.Path(), name);
+    return FileSystem::BuildPath(folder_.Destination().Path(), name);
 }
 
 std::optional<FileEntry> DestinationListing::Listed(const std::wstring& name) const {
@@ -78,6 +76,10 @@ std::optional<FileEntry> DestinationListing::Ask(const std::wstring& name) const
         return std::nullopt;
     }
     return fileSystem_.FindFile(PathOf(name));
+}
+
+bool DestinationListing::IsSourceItself() const {
+    return folder_.Source().Is(folder_.Destination());
 }
 
 }  // namespace ambrio

@@ -6,9 +6,9 @@
 #include <unordered_set>
 #include <vector>
 
-#include "engine/KnownFolder.h"
 #include "engine/RunHost.h"
 #include "engine/RunSignals.h"
+#include "engine/WalkedFolder.h"
 #include "platform/FileSystem.h"
 
 namespace ambrio {
@@ -17,8 +17,8 @@ namespace ambrio {
 // that a copy that needs nothing costs no call; whoever is about to change a copy asks afresh.
 class DestinationListing {
   public:
-    DestinationListing(FileSystem& fileSystem, const std::wstring& rsSourceDir,
-                       const std::wstring& rsDestnDir);
+    // Both must live longer.
+    DestinationListing(FileSystem& fileSystem, const WalkedFolder& folder);
 
     // For a folder that was just made: it holds only what is noted from then on.
     void KnowEmpty() { isListed_ = isNew_ = true; }
@@ -29,6 +29,7 @@ class DestinationListing {
     // The names of temporary files that killed copies left behind, as far as listed.
     [[nodiscard]] const std::vector<std::wstring>& Leftovers() const { return leftovers_; }
 
+    [[nodiscard]] const WalkedFolder& Folder() const { return folder_; }
     [[nodiscard]] std::wstring PathOf(const std::wstring& name) const;
     // The copy as it was when the folder was listed; nothing when there was none or no listing.
     [[nodiscard]] std::optional<FileEntry> Listed(const std::wstring& name) const;
@@ -42,7 +43,7 @@ class DestinationListing {
     // just made and no copy of that name since. Throws RuntimeError.
     [[nodiscard]] std::optional<FileEntry> Ask(const std::wstring& name) const;
     // True when a copy in it would be the source file itself. Asks the file system once.
-    [[nodiscard]] bool IsSourceItself() const { return source_.Is(destination_); }
+    [[nodiscard]] bool IsSourceItself() const;
 
   private:
     struct Copy {
@@ -54,8 +55,7 @@ class DestinationListing {
     void ForgetAll();
 
     FileSystem& fileSystem_;
-    KnownFolder source_;
-    KnownFolder destination_;
+    const WalkedFolder& folder_;
     bool isListed_ = false;
     bool isNew_ = false;
     std::unordered_map<std::wstring, Copy> copies_;  // by folded name

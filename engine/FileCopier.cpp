@@ -1,23 +1,20 @@
 #include "engine/FileCopier.h"
 
 #include "engine/EngineTexts.h"
-#include "settings/SettingKeys.h"
 
 namespace ambrio {
 namespace {
 
-// True for as long as the platform is at work on the file, whatever ends it.
-class CopyInProgress {
+// Keeps a signal up for as long as it lives, whatever ends that.
+class Raised {
   public:
-    explicit CopyInProgress(RunSignals& signals) : signals_(signals) {
-        signals_.CopyInProgress = true;
-    }
-    ~CopyInProgress() { signals_.CopyInProgress = false; }
-    CopyInProgress(const CopyInProgress&) = delete;
-    CopyInProgress& operator=(const CopyInProgress&) = delete;
+    explicit Raised(bool& signal) : signal_(signal) { signal_ = true; }
+    ~Raised() { signal_ = false; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
 
   private:
-    RunSignals& signals_;
+    bool& signal_;
 };
 
 bool IsReadOnly(const FileEntry& entry) {
@@ -26,132 +23,128 @@ bool IsReadOnly(const FileEntry& entry) {
 
 }  // namespace
 
-void FileCopier::CopyFile(const SourceFile& rfoSourceFile, DestinationListing& destination,
-                          const std::wstring& rsCopyType, bool rbClearArchive, bool rbDeleteCopy,
-                          bool rbOverwriteReadOnly) {
-    const Task task{rfoSourceFile, destination, destination.PathOf(rfoSourceFile.Name),
-                    CopyRuleOf(rsCopyType), rbOverwriteReadOnly};
+void FileCopier::CopyFile(const std::wstring& name, DestinationListing& destination) {
+    const File file{name, FileSystem::BuildPath(destination.Folder().Source().Path(), name),
+                    destination.PathOf(name), destination};
     bool isToBeRemoved = false;
     bool isToBeCopied = false;
     try {
-        const FileEntry source = run_.Files.GetFile(rfoSourceFile.Path);
-        isToBeRemoved =
-            rbDeleteCopy && !task.Rule.Qualifies(source.Attributes) && HasCopyToRemove(task);
+        const FileEntry source = run_.Files.GetFile(file.Path);
+        isToBeRemoved = file.Set().Record.rbDeleteCopy &&
+                        !file.Set().Rule.Qualifies(source.Attributes) && HasCopyToRemove(file);
         if (!isToBeRemoved) {
-            isToBeCopied = IsToBeCopied(task, source);
+            isToBeCopied = IsToBeCopied(file, source);
         }
     } catch (const RuntimeError& failure) {
-        InterruptRun(failure, task);
+        InterruptRun(failure, file);
         return;
     }
     if (isToBeRemoved) {
-        RemoveCopy(task);
+        RemoveCopy(file);
         // The removal took its time, so the file is read again; a failure goes to the caller.
-        isToBeCopied = IsToBeCopied(task, run_.Files.GetFile(rfoSourceFile.Path));
+        isToBeCopied = IsToBeCopied(file, run_.Files.GetFile(file.Path));
     }
     ++run_.State.FilesChecked;
     run_.Panel.SetCaption(PanelLabel::lblChecked, std::to_wstring(run_.State.FilesChecked));
     if (isToBeCopied) {
-        Copy(task, rbClearArchive && rsCopyType == kCopyTypeArchiveBit);
+        Copy(file);
     } else {
         StopCopyDisplay();
     }
 }
 
 // What would go, were source and destination one folder, is the user's only file.
-bool FileCopier::HasCopyToRemove(const Task& task) {
-    return task.Destination.MayHold(task.Source.Name) &&
-           run_.Files.FileExists(task.DestinationPath) && !task.Destination.IsSourceItself();
+bool FileCopier::HasCopyToRemove(const File& file) {
+    return file.Copies.MayHold(file.Name) && run_.Files.FileExists(file.CopyPath) &&
+           !file.Copies.IsSourceItself();
 }
 
-bool FileCopier::IsToBeCopied(const Task& task, const FileEntry& source) {
-    if (!task.Rule.Qualifies(source.Attributes)) {
+bool FileCopier::IsToBeCopied(const File& file, const FileEntry& source) {
+    if (!file.Set().Rule.Qualifies(source.Attributes)) {
         return false;
     }
     const auto isOlder = [&](const FileEntry& copy) {
         return source.DateLastModified > copy.DateLastModified;
     };
     const auto losesReadOnly = [&](const FileEntry& copy) {
-        return task.OverwritesReadOnly && IsReadOnly(copy);
+        return file.Set().Record.rbOverwriteReadOnly && IsReadOnly(copy);
     };
-    std::optional<FileEntry> copy = task.Destination.Listed(task.Source.Name);
+    std::optional<FileEntry> copy = file.Copies.Listed(file.Name);
     if (!copy || isOlder(*copy) || losesReadOnly(*copy)) {
-        copy = task.Destination.Ask(task.Source.Name);
+        copy = file.Copies.Ask(file.Name);
     }
     if (!copy) {
         return true;
     }
     // Wanted: the copy loses its read-only bit also when it is new enough and not copied to.
     if (losesReadOnly(*copy)) {
-        run_.Files.SetAttributes(task.DestinationPath, copy->Attributes & ~kAttributeReadOnly);
+        run_.Files.SetAttributes(file.CopyPath, copy->Attributes & ~kAttributeReadOnly);
     }
     return isOlder(*copy);
 }
 
-void FileCopier::RemoveCopy(const Task& task) {
-    run_.Panel.SetCaption(PanelLabel::lblFile, task.Source.Name + kRemovingCopy);
+void FileCopier::RemoveCopy(const File& file) {
+    run_.Panel.SetCaption(PanelLabel::lblFile, file.Name + kRemovingCopy);
     std::optional<RuntimeError> failure;
     try {
-        run_.Files.DeleteFile(task.DestinationPath, true);
+        run_.Files.DeleteFile(file.CopyPath, true);
     } catch (const RuntimeError& error) {
         failure = error;
         ++run_.State.RemoveErrors;
     }
-    task.Destination.Forget(task.Source.Name);
+    file.Copies.Forget(file.Name);
     ++run_.State.CopiesRemoved;  // attempts; the failed ones are subtracted where they are shown
     run_.Panel.SetCaption(PanelLabel::lblRemoved,
                           std::to_wstring(run_.State.CopiesRemoved - run_.State.RemoveErrors));
     if (failure) {
-        run_.Log.WriteLog(failure->LogText() + kWhileRemoving + PathLine(task.DestinationPath),
-                          false);
+        run_.Log.WriteLog(failure->LogText() + kWhileRemoving + PathLine(file.CopyPath), false);
     }
 }
 
-void FileCopier::Copy(const Task& task, bool clearsArchive) {
+void FileCopier::Copy(const File& file) {
     StartCopyDisplay();
-    run_.Panel.SetCaption(PanelLabel::lblFile, task.Source.Name + kCopying);
-    task.Destination.Note(task.Source.Name);
+    run_.Panel.SetCaption(PanelLabel::lblFile, file.Name + kCopying);
+    file.Copies.Note(file.Name);
     ++run_.State.FilesCopied;  // attempts, as above; at once, so that no failure gets ahead of it
     {
-        const CopyInProgress inProgress(run_.Signals);
-        CopyContent(task);
+        const Raised inProgress(run_.Signals.CopyInProgress);
+        CopyContent(file);
         // Wanted: the bit is cleared after a failed copy too.
-        if (clearsArchive) {
-            ClearArchiveBit(task);
+        if (file.Set().ClearsArchiveBit) {
+            ClearArchiveBit(file);
         }
     }
-    run_.Panel.SetCaption(PanelLabel::lblFile, task.Source.Name + kDone);
+    run_.Panel.SetCaption(PanelLabel::lblFile, file.Name + kDone);
     run_.Panel.SetCaption(PanelLabel::lblcopied,
                           std::to_wstring(run_.State.FilesCopied - run_.State.CopyErrors));
 }
 
-void FileCopier::CopyContent(const Task& task) {
+void FileCopier::CopyContent(const File& file) {
     try {
         // A long copy must not make the windows look dead.
-        run_.Files.CopyFile(task.Source.Path, task.DestinationPath, true,
-                            [this] { run_.Host.DoEvents(); });
+        run_.Files.CopyFile(file.Path, file.CopyPath, true, [this] { run_.Host.DoEvents(); });
     } catch (const RuntimeError& failure) {
         ++run_.State.CopyErrors;
-        run_.Log.WriteLog(failure.LogText() + kWhileCopying + PathLine(task.Source.Path) +
-                              ToPathLine(task.DestinationPath),
-                          false);
+        run_.Log.WriteLog(
+            failure.LogText() + kWhileCopying + PathLine(file.Path) + ToPathLine(file.CopyPath),
+            false);
     }
 }
 
-void FileCopier::ClearArchiveBit(const Task& task) {
+void FileCopier::ClearArchiveBit(const File& file) {
     try {
         // Read again, as the copy may have taken long and the other bits are to stay.
-        const FileAttributes attributes = run_.Files.GetFile(task.Source.Path).Attributes;
-        run_.Files.SetAttributes(task.Source.Path, attributes & ~kAttributeArchive);
+        const FileAttributes attributes = run_.Files.GetFile(file.Path).Attributes;
+        run_.Files.SetAttributes(file.Path, attributes & ~kAttributeArchive);
     } catch (const RuntimeError& failure) {
-        run_.Log.WriteLog(failure.LogText() + kWhileClearingArchiveBit + PathLine(task.Source.Path),
+        run_.Log.WriteLog(failure.LogText() + kWhileClearingArchiveBit + PathLine(file.Path),
                           false);
     }
 }
 
-void FileCopier::InterruptRun(const RuntimeError& failure, const Task& task) {
-    const std::wstring text = failure.LogText() + kInCopyFile + PathLine(task.Source.Path) +
-                              ToPathLine(task.DestinationPath);
+void FileCopier::InterruptRun(const RuntimeError& failure, const File& file) {
+    const std::wstring text =
+        failure.LogText() + kInCopyFile + PathLine(file.Path) + ToPathLine(file.CopyPath);
     run_.State.FatalErrorText = text;
     run_.Signals.Interrupted = true;
     run_.Log.WriteLog(text, false);

@@ -1,7 +1,7 @@
 #include "engine/FolderGuard.h"
 
-#include <algorithm>
-
+#include "engine/KnownFolder.h"
+#include "engine/WalkedFolder.h"
 #include "platform/RuntimeError.h"
 
 namespace ambrio {
@@ -14,51 +14,39 @@ bool IsCompatibilityJunction(const FileEntry& folder) {
     return folder.IsLink() && folder.IsMountPoint && (folder.Attributes & kBits) == kBits;
 }
 
-}  // namespace
-
-FolderGuard::Level::Level(FolderGuard& guard, const std::wstring& rsSourceDir,
-                          const std::wstring& rsDestnDir, bool isLink)
-    : guard_(guard) {
-    std::vector<Step>& steps = guard.steps_;
-    const std::size_t volumeStep = isLink || steps.empty() ? steps.size() : steps.back().VolumeStep;
-    steps.push_back({KnownFolder(guard.fileSystem_, rsSourceDir),
-                     KnownFolder(guard.fileSystem_, rsDestnDir), volumeStep});
-}
-
-FolderGuard::Level::~Level() {
-    guard_.steps_.pop_back();
-}
-
-bool FolderGuard::MayEnter(const FileEntry& subfolder, const std::wstring& path,
-                           const std::wstring& destination) const {
-    if (IsCompatibilityJunction(subfolder)) {
-        return false;
+bool LeadsBack(const WalkedFolder& link) {
+    link.Source().RequireIdentity();
+    for (const WalkedFolder* step = link.Parent(); step != nullptr; step = step->Parent()) {
+        if (step->Source().Is(link.Source()) || step->Destination().Is(link.Source())) {
+            return true;
+        }
     }
-    if (IsSource(KnownFolder(fileSystem_, destination))) {
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
-    }
-    const KnownFolder folder(fileSystem_, path);
-    return subfolder.IsLink() ? !LeadsBack(folder) : !IsDestination(folder);
+    return false;
 }
 
-bool FolderGuard::LeadsBack(const KnownFolder& link) const {
-    link.RequireIdentity();
-    return std::any_of(steps_.begin(), steps_.end(), [&](const Step& step) {
-        return step.Source.Is(link) || step.Destination.Is(link);
-    });
-}
-
-bool FolderGuard::IsDestination(const KnownFolder& subfolder) const {
-    const KnownFolder& destination = steps_.front().Destination;
-    return !destination.IsElsewhereThan(steps_[steps_.back().VolumeStep].Source) &&
-           destination.Is(subfolder);
+bool IsSetsDestination(const WalkedFolder& subfolder) {
+    const KnownFolder& destination = subfolder.Root().Destination();
+    return !destination.IsElsewhereThan(subfolder.VolumeRoot().Source()) &&
+           destination.Is(subfolder.Source());
 }
 
 // A Set that copies "\Data\Sub" to "\Data" would copy "\Data\Sub\Sub" over it. Only the Set's own
 // source folder need be looked for, as the walk comes by it before any folder below.
-bool FolderGuard::IsSource(const KnownFolder& destination) const {
-    const Step& root = steps_.front();
-    return !root.Source.IsElsewhereThan(root.Destination) && root.Source.Is(destination);
+bool IsSetsSource(const WalkedFolder& root, const KnownFolder& destination) {
+    return !root.Source().IsElsewhereThan(root.Destination()) && root.Source().Is(destination);
+}
+
+}  // namespace
+
+bool FolderGuard::MayEnter(const WalkedFolder& subfolder, const FileEntry& entry) const {
+    if (IsCompatibilityJunction(entry)) {
+        return false;
+    }
+    // Looked at apart, as the folder may be another one, or one at all, when the walk is there.
+    if (IsSetsSource(subfolder.Root(), KnownFolder(fileSystem_, subfolder.Destination().Path()))) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+    return entry.IsLink() ? !LeadsBack(subfolder) : !IsSetsDestination(subfolder);
 }
 
 }  // namespace ambrio

@@ -1,61 +1,67 @@
 #include "engine/FolderWalk.h"
 
 #include <optional>
+#include <utility>
 
 #include "engine/DestinationFolder.h"
 #include "engine/EngineTexts.h"
 #include "engine/LeftoverSweep.h"
 #include "engine/SourceListing.h"
+#include "engine/WalkedSet.h"
+#include "settings/BackupSet.h"
 
 namespace ambrio {
 
-FolderWalk::FolderWalk(const RunContext& run, FileCopier& copier)
-    : run_(run), copier_(copier), guard_(run.Files) {}
-
-void FolderWalk::WalkFolder(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
-                            bool rbRecursive, const std::wstring& rsCopyType, bool rbClearArchive,
-                            bool rbDeleteCopy, bool rbOverwriteReadOnly, bool isLink) {
-    const FolderGuard::Level level(guard_, rsSourceDir, rsDestnDir, isLink);
-    try {
-        CopyFiles(rsSourceDir, rsDestnDir, rbRecursive, rsCopyType, rbClearArchive, rbDeleteCopy,
-                  rbOverwriteReadOnly);
-    } catch (const LogFailure&) {
-        throw;
-    } catch (const RuntimeError& failure) {
-        ClearFsoStatus();
-        ReportFolder(failure, kAccessing, rsSourceDir);
-    }
-}
+FolderWalk::FolderWalk(const RunContext& run, FileCopier& copier) : run_(run), copier_(copier) {}
 
 void FolderWalk::CopyFiles(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
                            bool rbRecursive, const std::wstring& rsCopyType, bool rbClearArchive,
                            bool rbDeleteCopy, bool rbOverwriteReadOnly) {
-    run_.Panel.SetCaption(PanelLabel::lblSource, rsSourceDir);
-    run_.Panel.SetCaption(PanelLabel::lblDest, rsDestnDir);
+    BackupSet set;
+    set.rsSourceDir = rsSourceDir;
+    set.rsDestnDir = rsDestnDir;
+    set.rbRecursive = rbRecursive;
+    set.rsCopyType = rsCopyType;
+    set.rbClearArchive = rbClearArchive;
+    set.rbDeleteCopy = rbDeleteCopy;
+    set.rbOverwriteReadOnly = rbOverwriteReadOnly;
+    const WalkedSet walked(run_.Files, std::move(set));
+    WalkFolder(WalkedFolder(run_.Files, walked));
+}
+
+void FolderWalk::WalkFolder(const WalkedFolder& folder) {
+    try {
+        BackUpFolder(folder);
+    } catch (const LogFailure&) {
+        throw;
+    } catch (const RuntimeError& failure) {
+        ClearFsoStatus();
+        ReportFolder(failure, kAccessing, folder.Source());
+    }
+}
+
+void FolderWalk::BackUpFolder(const WalkedFolder& folder) {
+    run_.Panel.SetCaption(PanelLabel::lblSource, folder.Source().Path());
+    run_.Panel.SetCaption(PanelLabel::lblDest, folder.Destination().Path());
     run_.Panel.SetCaption(PanelLabel::lblFile, L"");
-    const Preparation preparation = PrepareFolders(rsSourceDir, rsDestnDir);
+    const Preparation preparation = PrepareFolders(folder);
     if (preparation == Preparation::Failed) {
         return;
     }
     if (preparation == Preparation::SourceMissing) {
         ++run_.State.FolderErrors;
-        run_.Log.WriteLog(kMissingFolder + rsSourceDir + kMissingFolderEnd, false);
-    } else {
-        const Rules rules{rbRecursive, rsCopyType, rbClearArchive, rbDeleteCopy,
-                          rbOverwriteReadOnly};
-        const bool isNew = preparation == Preparation::DestinationMade;
-        if (!CopyContents(rsSourceDir, rsDestnDir, isNew, rules)) {
-            return;
-        }
+        run_.Log.WriteLog(kMissingFolder + folder.Source().Path() + kMissingFolderEnd, false);
+    } else if (!CopyContents(folder, preparation == Preparation::DestinationMade)) {
+        return;
     }
     run_.Panel.SetCaption(PanelLabel::lblChecked, std::to_wstring(run_.State.FilesChecked));
 }
 
-FolderWalk::Preparation FolderWalk::PrepareFolders(const std::wstring& rsSourceDir,
-                                                   const std::wstring& rsDestnDir) {
+FolderWalk::Preparation FolderWalk::PrepareFolders(const WalkedFolder& folder) {
+    const KnownFolder& source = folder.Source();
+    const KnownFolder& destination = folder.Destination();
     bool isSourceThere = false;
-    if (!Try([&] { isSourceThere = run_.Files.FolderExists(rsSourceDir); }, kAccessing,
-             rsSourceDir)) {
+    if (!Try([&] { isSourceThere = run_.Files.FolderExists(source.Path()); }, kAccessing, source)) {
         return Preparation::Failed;
     }
     if (!isSourceThere) {
@@ -63,8 +69,8 @@ FolderWalk::Preparation FolderWalk::PrepareFolders(const std::wstring& rsSourceD
     }
     bool wasMade = false;
     std::wstring action = kAccessing;
-    if (!Try([&] { wasMade = MakeDestinationFolder(run_.Files, rsDestnDir, action); }, action,
-             rsDestnDir)) {
+    if (!Try([&] { wasMade = MakeDestinationFolder(run_.Files, destination.Path(), action); },
+             action, destination)) {
         return Preparation::Failed;
     }
     return wasMade ? Preparation::DestinationMade : Preparation::DestinationThere;
@@ -72,30 +78,29 @@ FolderWalk::Preparation FolderWalk::PrepareFolders(const std::wstring& rsSourceD
 
 // False when the run was interrupted among the files. Only they look at that: the walk goes on with
 // the remaining subfolders above, makes each one and hands over its first file. Wanted so.
-bool FolderWalk::CopyContents(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
-                              bool isNew, const Rules& rules) {
-    run_.Panel.SetCaption(PanelLabel::lblfsoStatus, kBuildingFileList);
-    SourceListing source =
-        FetchSourceListing(run_.Files, run_.Host, run_.Signals, rsSourceDir, rules.rbRecursive);
-    if (!CopyListedFiles(rsSourceDir, rsDestnDir, isNew, source.Files, rules)) {
+bool FolderWalk::CopyContents(const WalkedFolder& folder, bool isNew) {
+    const bool isRecursive = folder.Set().Record.rbRecursive;
+    ShowFsoStatus(kBuildingFileList);
+    SourceListing source = FetchSourceListing(run_.Files, run_.Host, run_.Signals,
+                                              folder.Source().Path(), isRecursive);
+    if (!CopyListedFiles(folder, isNew, source.Files)) {
         return false;
     }
     if (source.BrokenOff) {
         throw RuntimeError(*source.BrokenOff);
     }
-    run_.Panel.SetCaption(PanelLabel::lblfsoStatus, L"");
+    ShowFsoStatus(L"");
     run_.Panel.SetCaption(PanelLabel::lblFile, L"");
     source.Files = {};  // before going deeper
-    if (rules.rbRecursive) {
-        WalkSubFolders(rsSourceDir, rsDestnDir, source.SubFolders, rules);
+    if (isRecursive) {
+        WalkSubFolders(folder, source.SubFolders);
     }
     return true;
 }
 
-bool FolderWalk::CopyListedFiles(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
-                                 bool isNew, const std::vector<std::wstring>& files,
-                                 const Rules& rules) {
-    DestinationListing destination(run_.Files, rsSourceDir, rsDestnDir);
+bool FolderWalk::CopyListedFiles(const WalkedFolder& folder, bool isNew,
+                                 const std::vector<std::wstring>& files) {
+    DestinationListing destination(run_.Files, folder);
     if (isNew) {
         destination.KnowEmpty();
     } else if (!run_.Signals.Interrupted) {
@@ -104,9 +109,7 @@ bool FolderWalk::CopyListedFiles(const std::wstring& rsSourceDir, const std::wst
     }
     for (const std::wstring& name : files) {
         ClearFsoStatus();
-        copier_.CopyFile({name, FileSystem::BuildPath(rsSourceDir, name)}, destination,
-                         rules.rsCopyType, rules.rbClearArchive, rules.rbDeleteCopy,
-                         rules.rbOverwriteReadOnly);
+        copier_.CopyFile(name, destination);
         run_.Host.DoEvents();
         if (run_.Signals.Interrupted) {
             return false;
@@ -115,31 +118,29 @@ bool FolderWalk::CopyListedFiles(const std::wstring& rsSourceDir, const std::wst
     return true;
 }
 
-void FolderWalk::WalkSubFolders(const std::wstring& rsSourceDir, const std::wstring& rsDestnDir,
-                                const std::vector<FileEntry>& subFolders, const Rules& rules) {
-    run_.Panel.SetCaption(PanelLabel::lblfsoStatus, kBuildingFolderList);
-    for (const FileEntry& subFolder : subFolders) {
+void FolderWalk::WalkSubFolders(const WalkedFolder& folder,
+                                const std::vector<FileEntry>& subFolders) {
+    ShowFsoStatus(kBuildingFolderList);
+    for (const FileEntry& entry : subFolders) {
         ClearFsoStatus();
-        const std::wstring path = FileSystem::BuildPath(rsSourceDir, subFolder.Name);
-        const std::wstring destination = FileSystem::BuildPath(rsDestnDir, subFolder.Name);
-        if (MayEnter(subFolder, path, destination)) {
-            WalkFolder(path, destination, rules.rbRecursive, rules.rsCopyType, rules.rbClearArchive,
-                       rules.rbDeleteCopy, rules.rbOverwriteReadOnly, subFolder.IsLink());
+        const WalkedFolder subFolder(folder, entry);
+        if (MayEnter(subFolder, entry)) {
+            WalkFolder(subFolder);
         }
     }
-    run_.Panel.SetCaption(PanelLabel::lblfsoStatus, L"");
+    ShowFsoStatus(L"");
 }
 
-bool FolderWalk::MayEnter(const FileEntry& subFolder, const std::wstring& path,
-                          const std::wstring& destination) {
+bool FolderWalk::MayEnter(const WalkedFolder& subFolder, const FileEntry& entry) {
     bool may = false;
-    return Try([&] { may = guard_.MayEnter(subFolder, path, destination); }, kAccessing, path) &&
+    return Try([&] { may = subFolder.Set().Guard.MayEnter(subFolder, entry); }, kAccessing,
+               subFolder.Source()) &&
            may;
 }
 
 // `action` is read after the step, which may change it.
 bool FolderWalk::Try(const std::function<void()>& step, const std::wstring& action,
-                     const std::wstring& folder) {
+                     const KnownFolder& folder) {
     std::optional<RuntimeError> failure;
     try {
         step();
@@ -153,14 +154,20 @@ bool FolderWalk::Try(const std::function<void()>& step, const std::wstring& acti
 }
 
 void FolderWalk::ReportFolder(const RuntimeError& failure, const std::wstring& action,
-                              const std::wstring& folder) {
+                              const KnownFolder& folder) {
     ++run_.State.FolderErrors;
-    run_.Log.WriteLog(failure.LogText() + kWhile + action + kFolder + PathLine(folder), false);
+    run_.Log.WriteLog(failure.LogText() + kWhile + action + kFolder + PathLine(folder.Path()),
+                      false);
+}
+
+void FolderWalk::ShowFsoStatus(const std::wstring& caption) {
+    run_.Panel.SetCaption(PanelLabel::lblfsoStatus, caption);
+    fsoStatus_ = caption;
 }
 
 void FolderWalk::ClearFsoStatus() {
-    if (!run_.Panel.Caption(PanelLabel::lblfsoStatus).empty()) {
-        run_.Panel.SetCaption(PanelLabel::lblfsoStatus, L"");
+    if (!fsoStatus_.empty()) {
+        ShowFsoStatus(L"");
     }
 }
 

@@ -6,7 +6,7 @@ namespace ambrio {
 // until after it, and is used on the form's thread only.
 struct RunSignals {
     bool Interrupted = false;     // stop at the next test; the one channel from input to the run
-    bool CopyInProgress = false;  // a file copy is under way
+    bool CopyInProgress = false;  // the platform is at work on a file
     bool RunStarted = false;
     bool RunFinished = false;  // the one channel from the run to input
 };

@@ -39,8 +39,8 @@ void SetLoop::RunSet(const std::wstring& Name) {
     const std::optional<BackupSet> set = LoadBackupSet(settings_, Name);
     if (set) {
         LogSetLine(Name, kSetStart);
-        walk_.WalkFolder(set->rsSourceDir, set->rsDestnDir, set->rbRecursive, set->rsCopyType,
-                         set->rbClearArchive, set->rbDeleteCopy, set->rbOverwriteReadOnly);
+        walk_.CopyFiles(set->rsSourceDir, set->rsDestnDir, set->rbRecursive, set->rsCopyType,
+                        set->rbClearArchive, set->rbDeleteCopy, set->rbOverwriteReadOnly);
         LogSetLine(Name, kSetComplete);  // wanted: after an interrupt too
     } else {
         LogSetLine(Name, kSetNotSelected);

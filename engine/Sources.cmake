@@ -14,4 +14,5 @@ set(ENGINE_SOURCES
     engine/SecondarySaver.cpp
     engine/SetLoop.cpp
     engine/SourceListing.cpp
+    engine/WalkedFolder.cpp
 )

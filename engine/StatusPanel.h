@@ -25,7 +25,6 @@ class StatusPanel {
     // Sets the caption and repaints the label before returning, since the run holds the thread
     // between its yields.
     virtual void SetCaption(PanelLabel label, const std::wstring& caption) = 0;
-    [[nodiscard]] virtual std::wstring Caption(PanelLabel label) const = 0;
 
     // The caption of the frame fraStatus.
     virtual void SetTitle(const std::wstring& caption) = 0;
