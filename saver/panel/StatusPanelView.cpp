@@ -71,10 +71,6 @@ void StatusPanelView::SetCaption(PanelLabel label, const std::wstring& caption) 
     labels_[IndexOf(label)]->SetText(caption);
 }
 
-std::wstring StatusPanelView::Caption(PanelLabel label) const {
-    return labels_[IndexOf(label)]->Text();
-}
-
 void StatusPanelView::SetTitle(const std::wstring& caption) {
     SetWindowTextW(Handle(), caption.c_str());
     painter_->SetCaption(caption);

@@ -24,7 +24,6 @@ class StatusPanelView : public Window, public StatusPanel {
     ~StatusPanelView() override;
 
     void SetCaption(PanelLabel label, const std::wstring& caption) override;
-    [[nodiscard]] std::wstring Caption(PanelLabel label) const override;
     void SetTitle(const std::wstring& caption) override;
     void OpenClip(const std::wstring& path) override;
     void PlayClip() override;

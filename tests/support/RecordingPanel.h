@@ -23,9 +23,7 @@ class RecordingPanel : public StatusPanel {
         Captions[label] = caption;
         Events.push_back(NameOf(label) + L"=" + caption);
     }
-    [[nodiscard]] std::wstring Caption(PanelLabel label) const override {
-        return Captions.at(label);
-    }
+    [[nodiscard]] const std::wstring& Caption(PanelLabel label) const { return Captions.at(label); }
     void SetTitle(const std::wstring& caption) override { Events.push_back(L"title=" + caption); }
     void OpenClip(const std::wstring& path) override { Events.push_back(L"open " + path); }
     void PlayClip() override { Events.emplace_back(L"play"); }
