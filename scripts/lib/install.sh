@@ -7,6 +7,10 @@ CHECK_PACKAGES=(clang clang-format clang-tidy libclang-rt-dev)
 RUN_PACKAGES=(wine wine64 xvfb xauth imagemagick procps util-linux fonts-dejavu-core
     fonts-dejavu-extra)
 
+# Everything is taken from the release that this system is, and nothing from its updates: only so do
+# the two architectures that Wine needs go together at any hour.
+SUITE=$(. /etc/os-release && echo "$VERSION_CODENAME")
+
 is_installed() { [ "$(dpkg-query -W -f='${db:Status-Abbrev}' "$1" 2>/dev/null)" = "ii " ]; }
 
 # The package lists, fetched at most once. A list that cannot be fetched (the one of the other
@@ -22,7 +26,7 @@ fetch_lists() {
 install_packages() {
     mkdir -p "$AMBRIO_BUILD"
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
-        -t bookworm "$@" >"$AMBRIO_BUILD/install.log" 2>&1 </dev/null
+        -t "$SUITE" "$@" >"$AMBRIO_BUILD/install.log" 2>&1 </dev/null
 }
 
 # need PACKAGE...: makes sure that all of them are there.
@@ -45,7 +49,7 @@ unpack_package() {
     [ ! -d "$2" ] || return 0
     fetch_lists
     mkdir -p "$2.part"
-    (cd "$2.part" && apt-get download -qq -t bookworm "$1" && dpkg-deb -x ./*.deb . && rm ./*.deb) >/dev/null 2>&1 ||
+    (cd "$2.part" && apt-get download -qq -t "$SUITE" "$1" && dpkg-deb -x ./*.deb . && rm ./*.deb) >/dev/null 2>&1 ||
         fail "the package $1 cannot be had"
     mv "$2.part" "$2"
 }
