@@ -37,9 +37,9 @@ class CopyFrame : public Window {
     void NextPicture();
 
     HWND animation_ = nullptr;  // Animation1, a child
-    UniqueBrush background_;
     COLORREF colour_ = 0;
-    std::wstring path_;  // of the open clip
+    UniqueBrush background_;  // of that colour
+    std::wstring path_;       // of the open clip
     int picture_ = 0;
     bool isShown_ = false;
 };
