@@ -1,5 +1,6 @@
 #include "AviFile.h"
 
+#include <algorithm>
 #include <map>
 
 namespace clip {

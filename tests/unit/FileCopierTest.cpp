@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "settings/SettingKeys.h"
 #include "tests/support/EngineBench.h"
 #include "tests/support/FailingFileSystem.h"

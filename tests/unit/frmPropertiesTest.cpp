@@ -1,5 +1,8 @@
 #include "config/frmProperties.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 #include "resources/DialogIds.h"
 #include "tests/unit/FormFixture.h"
 
