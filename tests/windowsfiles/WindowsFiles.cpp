@@ -7,9 +7,9 @@
 #include <memory>
 #include <system_error>
 
+#include "tests/support/win32/ImportTable.h"
 #include "tests/windowsfiles/Changing.h"
 #include "tests/windowsfiles/FileFacts.h"
-#include "tests/windowsfiles/ImportTable.h"
 #include "tests/windowsfiles/Looking.h"
 
 namespace ambrio::windowsfiles {

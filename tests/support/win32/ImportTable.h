@@ -2,7 +2,7 @@
 
 #include <span>
 
-namespace ambrio::windowsfiles {
+namespace ambrio {
 
 // A function of the system and what is to be called in its place.
 struct Replacement {
@@ -16,4 +16,4 @@ struct Replacement {
 [[nodiscard]] bool ReplaceImports(std::span<const Replacement> replacements,
                                   std::span<const char* const> unknown);
 
-}  // namespace ambrio::windowsfiles
+}  // namespace ambrio

@@ -1,4 +1,4 @@
-#include "tests/windowsfiles/ImportTable.h"
+#include "tests/support/win32/ImportTable.h"
 
 #include <algorithm>
 #include <cstring>
@@ -6,7 +6,7 @@
 
 #include "platform/win32/WindowsHeaders.h"
 
-namespace ambrio::windowsfiles {
+namespace ambrio {
 namespace {
 
 char* ImageBase() {
@@ -71,4 +71,4 @@ bool ReplaceImports(std::span<const Replacement> replacements,
     return true;
 }
 
-}  // namespace ambrio::windowsfiles
+}  // namespace ambrio
