@@ -48,6 +48,8 @@ class BrowseTest : public DialogTest {
         Tell(list, LB_SETCURSEL, static_cast<WPARAM>(list.Send(LB_GETCOUNT).value_or(1) - 1));
     }
 
+    [[nodiscard]] const WindowProbe& Properties() const { return *properties_; }
+
   private:
     std::optional<WindowProbe> properties_;
 };
@@ -67,6 +69,28 @@ TEST_F(BrowseTest, AFolderIsTheOpenOneAndCancelLeavesTheBox) {
     SetSource(L"typed");
     EXPECT_TRUE(Closes(Browse(), IDCANCEL));
     EXPECT_EQ(Source(), L"typed");
+    Close();
+}
+
+TEST_F(BrowseTest, EachButtonFillsItsOwnBox) {
+    const std::wstring source = Folder.Below(L"Source");
+    const std::wstring destination = Folder.Below(L"Destination");
+    MakeFolders(source + L"\\Inner");
+    MakeFolders(destination + L"\\Inner");
+    Settings.Write(L"S", L"Destination", destination);
+    EXPECT_TRUE(Closes(OpenFor(source), IDCANCEL));
+    const auto openInner = [this](int button, const wchar_t* title) {
+        const WindowProbe browse = Open(Properties(), button, title);
+        HighlightLast(browse);
+        Tell(At(browse, IDC_DIR1), WM_KEYDOWN, VK_RETURN);
+        EXPECT_TRUE(Closes(browse, IDOK));
+    };
+    openInner(IDC_CMD_BROWSE_1, L"Choose S destination folder");
+    EXPECT_EQ(TextOf(Properties(), IDC_TXT_FOLDER_1), destination + L"\\Inner");
+    EXPECT_EQ(Source(), source);
+    openInner(IDC_CMD_BROWSE_0, kBrowse);
+    EXPECT_EQ(Source(), source + L"\\Inner");
+    EXPECT_EQ(TextOf(Properties(), IDC_TXT_FOLDER_1), destination + L"\\Inner");
     Close();
 }
 
@@ -124,6 +148,20 @@ TEST_F(BrowseTest, AnotherDriveShowsItsCurrentDirectory) {
     ChooseDrive(browse, isElsewhere ? here.substr(0, 2) : mapped.Name());
     EXPECT_TRUE(Closes(browse, IDOK));
     EXPECT_EQ(Source(), isElsewhere ? here : root);
+    Close();
+}
+
+TEST_F(BrowseTest, TheDriveIsThatOfTheFolder) {
+    const bool isElsewhere = CurrentFolder().front() != Folder.Path().front();
+    const MappedDrive mapped(Folder.Path());
+    const std::wstring place = isElsewhere ? Folder.Path() : mapped.Name() + L"\\";
+    if (!FolderExists(place)) {
+        GTEST_SKIP() << "there is no other drive";
+    }
+    const WindowProbe browse = OpenFor(place);
+    EXPECT_EQ(TextOf(browse, IDC_DRIVE1).substr(0, 2), place.substr(0, 2));
+    EXPECT_TRUE(Closes(browse, IDOK));
+    EXPECT_EQ(Source(), place);
     Close();
 }
 

@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
+#include <memory>
+#include <vector>
 
 #include "tests/e2e/StandIn.h"
 #include "tests/e2e/support/DialogTest.h"
@@ -17,17 +18,26 @@ class ConfigurationTest : public DialogTest {
   protected:
     // Puts the stand-in among the system's savers and makes it the stored one; skips the test when
     // the system's folders refuse it.
-    void StoreSaver(const std::wstring& name) {
-        saver_.emplace(TestProgramFolder() + L"\\StandInSaver.scr",
-                       WindowsFolder() + L"\\" + name + L".scr");
-        if (!saver_->IsInstalled()) {
-            GTEST_SKIP() << "the system's folders cannot be written with these rights";
+    void StoreSaver(const std::wstring& name) { StoreSaver(name, {WindowsFolder()}); }
+    void StoreSaver(const std::wstring& name, const std::vector<std::wstring>& folders) {
+        for (const std::wstring& folder : folders) {
+            savers_.push_back(std::make_unique<SystemFile>(
+                TestProgramFolder() + L"\\StandInSaver.scr", folder + L"\\" + name + L".scr"));
+            if (!savers_.back()->IsInstalled()) {
+                GTEST_SKIP() << "the system's folders cannot be written with these rights";
+            }
         }
         Settings.Write(L"General", L"Secondary SS", name);
     }
+    // Presses "Settings..." and gives the command line that the saver was started with.
+    static std::wstring SettingsLine(const WindowProbe& dialog) {
+        Press(dialog, IDC_CMD_SETTINGS);
+        EXPECT_TRUE(WaitUntil([] { return ReadText(kStandInKey, kSaverCommandLine).has_value(); }));
+        return ReadText(kStandInKey, kSaverCommandLine).value_or(L"");
+    }
 
   private:
-    std::optional<SystemFile> saver_;
+    std::vector<std::unique_ptr<SystemFile>> savers_;
 };
 
 TEST_F(ConfigurationTest, CreatesTicksReordersAndSavesSets) {
@@ -156,14 +166,23 @@ TEST_F(ConfigurationTest, ShowsTheSettingsOfTheChosenSaver) {
     }
     const WindowProbe dialog = OpenConfiguration();
     EXPECT_EQ(TextOf(dialog, IDC_CBO_SS), name);
-    Press(dialog, IDC_CMD_SETTINGS);
-    EXPECT_TRUE(WaitUntil([] { return ReadText(kStandInKey, kSaverCommandLine).has_value(); }));
-    const std::wstring line = ReadText(kStandInKey, kSaverCommandLine).value_or(L"");
-    EXPECT_EQ(line.substr(line.size() - std::min<std::size_t>(line.size(), 3)), L" /c");
+    EXPECT_TRUE(SettingsLine(dialog).ends_with(L" /c"));
     EXPECT_EQ(ReadNumber(kStandInKey, kSaverShowState), static_cast<DWORD>(SW_SHOWMINIMIZED));
     EXPECT_TRUE(Closes(dialog, IDOK));
     EXPECT_TRUE(Ends());
     EXPECT_EQ(Settings.Read(L"General", L"Secondary SS"), name);
+}
+
+TEST_F(ConfigurationTest, ASaverInBothFoldersIsTheOneInTheWindowsFolder) {
+    const std::wstring name = L"AmbrioStandIn";
+    const RegistryTreeGuard standIn(kStandInKey);
+    StoreSaver(name, {WindowsFolder(), SystemFolder()});
+    if (IsSkipped()) {
+        return;
+    }
+    const WindowProbe dialog = OpenConfiguration();
+    EXPECT_EQ(SettingsLine(dialog), WindowsFolder() + L"\\" + name + L".scr /c");
+    CloseConfiguration();
 }
 
 TEST_F(ConfigurationTest, ASaverThatIsGoneLeavesNoneCurrentAndIsStoredAsEmpty) {

@@ -51,9 +51,13 @@ set(UNIT_TEST_SOURCES
 )
 
 set(UNIT_TEST_WIN32_SOURCES
+    tests/support/win32/ImportTable.cpp
+    tests/support/win32/ReplacedImport.cpp
     tests/unit/BackBufferTest.cpp
     tests/unit/CheckListBoxTest.cpp
     tests/unit/ExtendedPathTest.cpp
+    tests/unit/FormPlaceTest.cpp
+    tests/unit/FormRoundTripTest.cpp
     tests/unit/FormTabOrderTest.cpp
     tests/unit/FormTextsTest.cpp
     tests/unit/FormTimerTest.cpp

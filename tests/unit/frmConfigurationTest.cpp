@@ -3,6 +3,7 @@
 #include "platform/RuntimeError.h"
 #include "resources/DialogIds.h"
 #include "settings/SettingKeys.h"
+#include "tests/unit/BeepCounter.h"
 #include "tests/unit/FormFixture.h"
 
 namespace ambrio {
@@ -91,13 +92,34 @@ TEST_F(frmConfigurationTest, AMovedSetStaysInView) {
 }
 
 TEST_F(frmConfigurationTest, AnEmptyListOnlyBeeps) {
+    const BeepCounter beeps;
     Open();
     for (const int button : {IDC_CMD_UP, IDC_CMD_DOWN, IDC_CMD_REMOVE}) {
+        const int before = beeps.Count();
         At(button).Click();
+        EXPECT_EQ(before + 1, beeps.Count()) << button;
     }
     EXPECT_EQ(L"", Sets());
     At(IDOK).Click();
     EXPECT_EQ(L"", General(kSetsKey));
+}
+
+TEST_F(frmConfigurationTest, BeepsAtTheEndsOfTheListAndNowhereElse) {
+    const BeepCounter beeps;
+    Put(kSetsKey, L"A,B,C");
+    Open();
+    At(IDC_CMD_UP).Click();
+    EXPECT_EQ(1, beeps.Count());
+    At(IDC_CMD_DOWN).Click();
+    At(IDC_CMD_DOWN).Click();
+    EXPECT_EQ(1, beeps.Count());
+    At(IDC_CMD_DOWN).Click();
+    EXPECT_EQ(2, beeps.Count());
+    At(IDC_CMD_UP).Click();
+    At(IDC_CMD_UP).Click();
+    EXPECT_EQ(2, beeps.Count());
+    At(IDC_CMD_UP).Click();
+    EXPECT_EQ(3, beeps.Count());
 }
 
 TEST_F(frmConfigurationTest, SpaceAndMouseTick) {

@@ -83,6 +83,15 @@ TEST_F(frmPropertiesTest, ATypedSchemeIsAppliedWhenItIsOneAndStoredInAnyCase) {
     EXPECT_EQ(L"Mine", (Store.Values[{L"S", kSchemeKey}]));
 }
 
+// Such as one that was pasted by the mouse, or put there by another program.
+TEST_F(frmPropertiesTest, ASchemeThatNoEditAnnouncedIsAppliedWhenItsBoxLosesTheFocus) {
+    Open(L"");
+    At(IDC_LST_SCHEME).SetText(L"Differential");
+    ExpectRules(IDC_OPT_DATE_TIME, {}, {IDC_FRA_COPY_RULES});
+    At(IDC_LST_SCHEME).Notify(CBN_KILLFOCUS);
+    ExpectRules(IDC_OPT_ARCHIVE, {IDC_CHK_DELETE_COPY_ARCHIVE}, {});
+}
+
 TEST_F(frmPropertiesTest, AnOptionUnticksAndEnablesTheBoxes) {
     Open(L"");
     At(IDC_OPT_ARCHIVE).Click();
