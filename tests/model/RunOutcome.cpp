@@ -54,7 +54,7 @@ std::optional<std::wstring> ValueIn(const Facts& facts, const std::wstring& name
 }
 
 std::string Shown(const std::optional<std::wstring>& value) {
-    return value ? "[" + Narrow(*value) + "]" : "nothing";
+    return value ? std::string("[").append(Narrow(*value)).append("]") : "nothing";
 }
 
 }  // namespace
