@@ -21,7 +21,8 @@ constexpr std::array kOperations = {FileOperation::FileExists,
                                     FileOperation::CopyFile,
                                     FileOperation::OpenForAppending,
                                     FileOperation::IsWritableFolder,
-                                    FileOperation::WriteLine};
+                                    FileOperation::WriteLine,
+                                    FileOperation::FindFile};
 
 constexpr std::array kNumbers = {ErrorNumber::PermissionDenied, ErrorNumber::PathNotFound,
                                  ErrorNumber::FileNotFound,     ErrorNumber::DiskFull,
@@ -128,6 +129,7 @@ void RunScene::AddFile(const std::wstring& path, const std::string& content) {
 RunFaults RunScene::MakeFaults() {
     RunFaults faults;
     faults.Number = kNumbers[input_.Below(kNumbers.size())];
+    faults.CopiesAreOverlooked = input_.Bool();
     faults.InputBeforeTheRun = OneIn(16);
     if (places_.empty() || paths_.empty()) {
         return faults;
@@ -152,11 +154,13 @@ std::vector<std::wstring> RunScene::PathsFor(FileOperation operation) {
     switch (operation) {
         case FileOperation::FileExists:
             return {copy, EngineBench::LogFile(), L"C:\\Windows\\Stars.scr"};
+        case FileOperation::FindFile:
+            return {copy};
         case FileOperation::DeleteFile:
             return {copy, EngineBench::LogFile()};
-        case FileOperation::GetFile:
         case FileOperation::SetAttributes:
             return {source, copy};
+        case FileOperation::GetFile:
         case FileOperation::CopyFile:
             return {source};
         case FileOperation::CreateFolder:

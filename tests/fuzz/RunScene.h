@@ -16,6 +16,7 @@ namespace ambrio {
 struct RunFaults {
     std::set<std::pair<FileOperation, std::wstring>> Calls = {};  // by what they are called with
     ErrorNumber Number = ErrorNumber::PermissionDenied;           // with which they fail
+    bool CopiesAreOverlooked = false;  // by a look that fails, which else throws
     bool InputBeforeTheRun = false;
     std::wstring InputAtCopyOf = {};  // the source that is being copied when input comes
 };

@@ -111,7 +111,7 @@ bool ReferenceWalk::WalkContent(const std::wstring& source, const std::wstring& 
     }
     for (const std::wstring& name : content.Files) {
         run_.Show(L"lblfsoStatus", L"");
-        HandOver({name, PathBelow(source, name), PathBelow(destination, name)}, listing);
+        HandOver({name, PathBelow(source, name), PathBelow(destination, name), isNew}, listing);
         if (run_.Out.Interrupted) {
             return false;
         }
@@ -220,7 +220,8 @@ bool ReferenceWalk::HasCopyToRemove(const File& file, const Listing& listing) co
            !run_.Fails(Stage::TestCopyToRemove, file.Copy) && run_.Disk.File(file.Copy) != nullptr;
 }
 
-// A listed copy that needs nothing is believed; any other is looked at anew.
+// A listed copy that needs nothing is believed; any other is looked at anew, but for a folder that
+// was made just now.
 bool ReferenceWalk::IsToBeCopied(const File& file, const Listing& listing) {
     const FileSeconds time = run_.Disk.File(file.Source)->Time;
     const auto needsNothing = [&](const ModelNode& copy) {
@@ -232,11 +233,14 @@ bool ReferenceWalk::IsToBeCopied(const File& file, const Listing& listing) {
             return false;
         }
     }
-    const ModelNode* copy = run_.Disk.File(file.Copy);
-    if (run_.Fails(Stage::TestCopyToReplace, file.Copy) || copy == nullptr) {
+    if (file.IsInNewFolder || run_.Fails(Stage::TestCopyToReplace, file.Copy)) {
         return true;
     }
     Require(Stage::ReadCopy, file.Copy);
+    const ModelNode* copy = run_.Disk.File(file.Copy);
+    if (copy == nullptr) {
+        return true;
+    }
     if (set_.OverwritesReadOnly && IsReadOnly(*copy)) {
         Require(Stage::MakeCopyWritable, file.Copy);
         run_.Disk.SetAttributes(file.Copy, copy->Attributes & ~kAttributeReadOnly);

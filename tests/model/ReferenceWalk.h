@@ -34,6 +34,7 @@ class ReferenceWalk {
         std::wstring Name;
         std::wstring Source;
         std::wstring Copy;
+        bool IsInNewFolder;  // the copy: the walk has made its folder
     };
     // The copies in a folder as they were when it was listed; nothing when it was not.
     using Listing = std::optional<std::map<std::wstring, ModelNode>>;

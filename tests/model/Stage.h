@@ -31,7 +31,7 @@ enum class Stage {
     TestCopyToRemove,
     RemoveCopy,
     ReadSourceAgain,
-    TestCopyToReplace,
+    TestCopyToReplace,  // with ReadCopy one call, which can overlook the copy or fail
     ReadCopy,
     MakeCopyWritable,
     CopyFile,
