@@ -7,7 +7,7 @@
 #include "app/preview/frmControl.h"
 #include "config/ConfigurationMode.h"
 #include "platform/FileSystem.h"
-#include "platform/TextConversion.h"
+#include "platform/Rounding.h"
 #include "platform/win32/files/SystemFolders.h"
 #include "platform/win32/files/Win32FileSystem.h"
 #include "platform/win32/registry/RegistrySettingsStore.h"

@@ -5,7 +5,7 @@
 #include "ProductVersion.h"
 #include "engine/EngineTexts.h"
 #include "engine/RunSummary.h"
-#include "platform/TextConversion.h"
+#include "platform/GeneralDate.h"
 #include "settings/GeneralOptions.h"
 
 namespace ambrio {

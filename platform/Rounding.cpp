@@ -1,8 +1,9 @@
+#include "platform/Rounding.h"
+
 #include <cmath>
 #include <limits>
 
 #include "platform/RuntimeError.h"
-#include "platform/TextConversion.h"
 
 namespace ambrio {
 namespace {

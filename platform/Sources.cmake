@@ -1,6 +1,5 @@
 # What every build has, then what only one of the two worlds has.
 set(PLATFORM_SOURCES
-    platform/BooleanText.cpp
     platform/DateTime.cpp
     platform/FileSystem.cpp
     platform/ProgramQuotes.cpp
@@ -13,7 +12,8 @@ set(PLATFORM_SOURCES
 )
 
 set(PLATFORM_HOST_SOURCES
-    platform/TextConversionHost.cpp
+    platform/host/BooleanText.cpp
+    platform/host/GeneralDate.cpp
 )
 
 set(PLATFORM_WIN32_SOURCES
@@ -35,8 +35,10 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/system/StartProgram.cpp
     platform/win32/system/StayAwake.cpp
     platform/win32/system/SystemLibrary.cpp
-    platform/win32/system/TextConversionWin32.cpp
     platform/win32/system/Win32Clock.cpp
+    platform/win32/text/Automation.cpp
+    platform/win32/text/BooleanText.cpp
+    platform/win32/text/GeneralDate.cpp
     platform/win32/windows/BackBuffer.cpp
     platform/win32/windows/CheckBoxTheme.cpp
     platform/win32/windows/CheckListBox.cpp

@@ -1,6 +1,6 @@
 #include "settings/BackupSet.h"
 
-#include "platform/TextConversion.h"
+#include "platform/BooleanText.h"
 #include "settings/SettingKeys.h"
 
 namespace ambrio {

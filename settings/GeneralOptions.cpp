@@ -1,6 +1,6 @@
 #include "settings/GeneralOptions.h"
 
-#include "platform/TextConversion.h"
+#include "platform/GeneralDate.h"
 #include "settings/SettingKeys.h"
 
 namespace ambrio {

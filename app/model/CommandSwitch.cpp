@@ -1,6 +1,6 @@
 #include "app/model/CommandSwitch.h"
 
-#include "platform/TextConversion.h"
+#include "platform/Rounding.h"
 #include "platform/Val.h"
 
 namespace ambrio {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/TextConversion.h"
+#include "platform/BooleanText.h"
 #include "settings/SetList.h"
 #include "settings/SettingKeys.h"
 

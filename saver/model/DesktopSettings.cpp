@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "platform/TextConversion.h"
+#include "platform/Rounding.h"
 #include "platform/Val.h"
 
 namespace ambrio {

@@ -2,8 +2,8 @@
 
 #include "app/model/CommandSwitch.h"
 #include "platform/ProgramQuotes.h"
+#include "platform/Rounding.h"
 #include "platform/RuntimeError.h"
-#include "platform/TextConversion.h"
 #include "platform/Val.h"
 #include "tests/fuzz/Fuzzers.h"
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "platform/GeneralDate.h"
 #include "platform/TemporaryName.h"
-#include "platform/TextConversion.h"
 #include "settings/SettingKeys.h"
 
 namespace ambrio {

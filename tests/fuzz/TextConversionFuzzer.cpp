@@ -2,9 +2,11 @@
 #include <cstring>
 #include <limits>
 
+#include "platform/BooleanText.h"
+#include "platform/GeneralDate.h"
 #include "platform/RegistryValue.h"
+#include "platform/Rounding.h"
 #include "platform/RuntimeError.h"
-#include "platform/TextConversion.h"
 #include "platform/Val.h"
 #include "tests/fuzz/Fuzzers.h"
 

@@ -1,7 +1,7 @@
 #include "tests/support/WatchedRun.h"
 
 #include "ProductVersion.h"
-#include "platform/TextConversion.h"
+#include "platform/GeneralDate.h"
 
 namespace ambrio {
 namespace {

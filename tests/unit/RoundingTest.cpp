@@ -2,8 +2,8 @@
 
 #include <limits>
 
+#include "platform/Rounding.h"
 #include "platform/RuntimeError.h"
-#include "platform/TextConversion.h"
 
 namespace ambrio {
 namespace {

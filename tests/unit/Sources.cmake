@@ -2,6 +2,7 @@
 set(UNIT_TEST_SOURCES
     tests/unit/BackupSetTest.cpp
     tests/unit/BigFolderTest.cpp
+    tests/unit/BooleanTextTest.cpp
     tests/unit/CallsOfACopyTest.cpp
     tests/unit/CentreFormTest.cpp
     tests/unit/ColourWalkTest.cpp
@@ -24,6 +25,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/FolderWalkTest.cpp
     tests/unit/FrameAnimationTest.cpp
     tests/unit/FrameMotionTest.cpp
+    tests/unit/GeneralDateTest.cpp
     tests/unit/GeneralOptionsTest.cpp
     tests/unit/InputRulesTest.cpp
     tests/unit/KnownFolderTest.cpp
@@ -45,7 +47,6 @@ set(UNIT_TEST_SOURCES
     tests/unit/SetPropertiesTest.cpp
     tests/unit/StringFiguresTest.cpp
     tests/unit/TemporaryNameTest.cpp
-    tests/unit/TextConversionTest.cpp
     tests/unit/ValTest.cpp
     tests/unit/WindingDownTest.cpp
 )

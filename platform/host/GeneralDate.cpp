@@ -1,12 +1,12 @@
+// The en-US forms, for builds that have no automation.
+
+#include "platform/GeneralDate.h"
+
 #include <chrono>
-#include <cwctype>
 #include <regex>
 
-#include "platform/RuntimeError.h"
-#include "platform/TextConversion.h"
 #include "platform/Trim.h"
-
-// The en-US forms, for builds that have no automation.
+#include "platform/host/LowerCase.h"
 
 namespace ambrio {
 namespace {
@@ -21,13 +21,6 @@ std::wstring TimeText(const DateTime& when) {
     const int hour = when.Hour % kHoursOfHalfDay;
     return std::to_wstring(hour == 0 ? kHoursOfHalfDay : hour) + L':' + TwoDigits(when.Minute) +
            L':' + TwoDigits(when.Second) + (when.Hour < kHoursOfHalfDay ? L" AM" : L" PM");
-}
-
-std::wstring Lower(std::wstring text) {
-    for (wchar_t& c : text) {
-        c = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(c)));
-    }
-    return text;
 }
 
 int NumberOf(const std::wssub_match& digits) {
@@ -85,7 +78,7 @@ std::wstring GeneralDateText(const DateTime& when) {
 }
 
 std::optional<DateTime> DateFromText(const std::wstring& text) {
-    const std::wstring plain = Lower(Trim(text));
+    const std::wstring plain = LowerCase(Trim(text));
     const std::size_t blank = plain.find(L' ');
     DateTime when;
     if (ReadTime(plain, when)) {
@@ -99,22 +92,6 @@ std::optional<DateTime> DateFromText(const std::wstring& text) {
         return std::nullopt;
     }
     return when;
-}
-
-bool BooleanFromText(const std::wstring& text) {
-    const std::wstring plain = Lower(text);
-    if (plain == L"true" || text == L"#TRUE#") {
-        return true;
-    }
-    if (plain == L"false" || text == L"#FALSE#") {
-        return false;
-    }
-    static const std::wregex number(LR"( *[+-]?(\d[\d,]*\.?\d*|\.\d+)(e[+-]?\d+)? *)");
-    if (!std::regex_match(plain, number)) {
-        throw RuntimeError(ErrorNumber::TypeMismatch);
-    }
-    // Not zero when one digit of the mantissa is not zero.
-    return plain.substr(0, plain.find(L'e')).find_first_of(L"123456789") != std::wstring::npos;
 }
 
 }  // namespace ambrio

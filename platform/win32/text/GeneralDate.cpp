@@ -1,8 +1,9 @@
+#include "platform/GeneralDate.h"
+
 #include <memory>
 
 #include "platform/RuntimeError.h"
-#include "platform/TextConversion.h"
-#include "platform/win32/WindowsHeaders.h"
+#include "platform/win32/text/Automation.h"
 
 namespace ambrio {
 namespace {
@@ -11,18 +12,6 @@ struct FreeBstr {
     void operator()(OLECHAR* text) const { SysFreeString(text); }
 };
 using Bstr = std::unique_ptr<OLECHAR, FreeBstr>;
-
-void Check(HRESULT result) {
-    if (result == DISP_E_OVERFLOW) {
-        throw RuntimeError(ErrorNumber::Overflow);
-    }
-    if (result == E_OUTOFMEMORY) {
-        throw RuntimeError(ErrorNumber::OutOfMemory);
-    }
-    if (FAILED(result)) {
-        throw RuntimeError(ErrorNumber::TypeMismatch);
-    }
-}
 
 DATE VariantTimeOf(const DateTime& when) {
     SYSTEMTIME time{};
@@ -39,16 +28,11 @@ DATE VariantTimeOf(const DateTime& when) {
     return date;
 }
 
-// Some declarations of the conversions miss the const that their contract has.
-OLECHAR* Unchanged(const std::wstring& text) {
-    return const_cast<OLECHAR*>(text.c_str());
-}
-
 }  // namespace
 
 std::wstring GeneralDateText(const DateTime& when) {
     BSTR raw = nullptr;
-    Check(VarBstrFromDate(VariantTimeOf(when), LOCALE_USER_DEFAULT, 0, &raw));
+    RequireConverted(VarBstrFromDate(VariantTimeOf(when), LOCALE_USER_DEFAULT, 0, &raw));
     const Bstr text(raw);
     return {text.get(), SysStringLen(text.get())};
 }
@@ -56,17 +40,11 @@ std::wstring GeneralDateText(const DateTime& when) {
 std::optional<DateTime> DateFromText(const std::wstring& text) {
     DATE date = 0;
     SYSTEMTIME time{};
-    if (FAILED(VarDateFromStr(Unchanged(text), LOCALE_USER_DEFAULT, 0, &date)) ||
+    if (FAILED(VarDateFromStr(AutomationText(text), LOCALE_USER_DEFAULT, 0, &date)) ||
         !VariantTimeToSystemTime(date, &time)) {
         return std::nullopt;
     }
     return DateTime{time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};
-}
-
-bool BooleanFromText(const std::wstring& text) {
-    VARIANT_BOOL value = VARIANT_FALSE;
-    Check(VarBoolFromStr(Unchanged(text), LOCALE_USER_DEFAULT, 0, &value));
-    return value != VARIANT_FALSE;
 }
 
 }  // namespace ambrio
