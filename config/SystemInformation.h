@@ -1,17 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "platform/FileSystem.h"
-#include "platform/win32/WindowsHeaders.h"
 
 namespace ambrio {
-
-// Reads a registry value of at most 1024 characters as text, see RegistryText. The key is opened
-// with all rights, so one that the user may only read counts as missing, as do longer values. False
-// when it cannot be read; `KeyVal` is then empty.
-bool GetKeyValue(HKEY KeyRoot, const std::wstring& KeyName, const std::wstring& SubKeyRef,
-                 std::wstring& KeyVal);
 
 // Finds and starts the system's information tool. False when there is none or it does not start.
 [[nodiscard]] bool StartSysInfo(FileSystem& fileSystem);

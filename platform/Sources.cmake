@@ -2,6 +2,7 @@
 set(PLATFORM_SOURCES
     platform/DateTime.cpp
     platform/FileSystem.cpp
+    platform/KeyValueText.cpp
     platform/ProgramQuotes.cpp
     platform/RegistryValue.cpp
     platform/Rounding.cpp
@@ -29,8 +30,11 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/files/Win32FileSystem.cpp
     platform/win32/files/Win32FolderReader.cpp
     platform/win32/files/Win32TextStream.cpp
+    platform/win32/registry/GetKeyValue.cpp
     platform/win32/registry/ReadRegistryValue.cpp
+    platform/win32/registry/RegistryKey.cpp
     platform/win32/registry/RegistrySettingsStore.cpp
+    platform/win32/system/AssociatedProgram.cpp
     platform/win32/system/ProcessHardening.cpp
     platform/win32/system/StartProgram.cpp
     platform/win32/system/StayAwake.cpp

@@ -28,6 +28,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/GeneralDateTest.cpp
     tests/unit/GeneralOptionsTest.cpp
     tests/unit/InputRulesTest.cpp
+    tests/unit/KeyValueTextTest.cpp
     tests/unit/KnownFolderTest.cpp
     tests/unit/LightBufferTest.cpp
     tests/unit/MemoryFileSystemTest.cpp
@@ -35,7 +36,6 @@ set(UNIT_TEST_SOURCES
     tests/unit/NameHazardTest.cpp
     tests/unit/PreviewCaptionTest.cpp
     tests/unit/ProgramQuotesTest.cpp
-    tests/unit/RegistryTextTest.cpp
     tests/unit/RegistryValueTest.cpp
     tests/unit/RoundingTest.cpp
     tests/unit/RunDriverTest.cpp
@@ -54,6 +54,7 @@ set(UNIT_TEST_SOURCES
 set(UNIT_TEST_WIN32_SOURCES
     tests/support/win32/ImportTable.cpp
     tests/support/win32/ReplacedImport.cpp
+    tests/unit/AssociatedProgramTest.cpp
     tests/unit/BackBufferTest.cpp
     tests/unit/CheckListBoxTest.cpp
     tests/unit/ExtendedPathTest.cpp
@@ -65,10 +66,10 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/frmBrowseTest.cpp
     tests/unit/frmConfigurationTest.cpp
     tests/unit/frmPropertiesTest.cpp
+    tests/unit/GetKeyValueTest.cpp
     tests/unit/PointerTest.cpp
     tests/unit/RegistrySettingsStoreTest.cpp
     tests/unit/StatusPanelViewTest.cpp
-    tests/unit/SystemInformationTest.cpp
     tests/unit/SystemLibraryTest.cpp
     tests/unit/SystemServicesTest.cpp
     tests/unit/Win32ClockTest.cpp

@@ -16,13 +16,6 @@ void Check(LSTATUS status) {
     }
 }
 
-RegistryKey Opened(HKEY parent, const std::wstring& name) {
-    HKEY key = nullptr;
-    return RegOpenKeyExW(parent, name.c_str(), 0, KEY_QUERY_VALUE, &key) == ERROR_SUCCESS
-               ? RegistryKey(key)
-               : RegistryKey();
-}
-
 RegistryKey Created(HKEY parent, const std::wstring& name) {
     HKEY key = nullptr;
     Check(RegCreateKeyExW(parent, name.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
@@ -59,11 +52,11 @@ RegistrySettingsStore::RegistrySettingsStore(const std::wstring& title)
 
 std::wstring RegistrySettingsStore::GetSetting(const std::wstring& section, const std::wstring& key,
                                                const std::wstring& fallback) {
-    const RegistryKey root = Opened(HKEY_CURRENT_USER, root_);
+    const RegistryKey root = OpenRegistryKey(HKEY_CURRENT_USER, root_, KEY_QUERY_VALUE);
     if (!root) {
         return fallback;
     }
-    const RegistryKey opened = Opened(root.get(), section);
+    const RegistryKey opened = OpenRegistryKey(root.get(), section, KEY_QUERY_VALUE);
     return opened ? TextOf(opened.get(), key).value_or(fallback) : fallback;
 }
 

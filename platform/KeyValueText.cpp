@@ -1,4 +1,4 @@
-#include "config/model/RegistryText.h"
+#include "platform/KeyValueText.h"
 
 #include <algorithm>
 #include <charconv>
@@ -8,7 +8,7 @@ namespace ambrio {
 namespace {
 
 // Wanted: a byte below 16 loses a digit.
-std::wstring NumberText(std::span<const std::uint8_t> bytes) {
+std::wstring NumberOfDigits(std::span<const std::uint8_t> bytes) {
     char hexadecimal[16];
     char* end = hexadecimal;
     for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
@@ -21,7 +21,7 @@ std::wstring NumberText(std::span<const std::uint8_t> bytes) {
 
 }  // namespace
 
-std::wstring RegistryText(RegistryType type, std::span<const std::uint8_t> bytes) {
+std::wstring KeyValueText(RegistryType type, std::span<const std::uint8_t> bytes) {
     if (type == RegistryType::Number) {
         constexpr std::size_t kBytesOfNumber = 4;
         std::span<const std::uint8_t> number = bytes.first(std::min(bytes.size(), kBytesOfNumber));
@@ -29,7 +29,7 @@ std::wstring RegistryText(RegistryType type, std::span<const std::uint8_t> bytes
         if (!number.empty() && number.back() == 0) {
             number = number.first(number.size() - 1);
         }
-        return NumberText(number);
+        return NumberOfDigits(number);
     }
     std::wstring text = RegistryCharacters(type, bytes);
     if (!text.empty() && text.back() == L'\0') {

@@ -1,19 +1,17 @@
-#include "config/SystemInformation.h"
+#include "platform/win32/registry/GetKeyValue.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
-
-#include "config/WebLink.h"
 
 namespace ambrio {
 namespace {
 
 constexpr wchar_t kKey[] = L"Software\\Ambrio unit tests\\GetKeyValue";
 
-class SystemInformationTest : public ::testing::Test {
+class GetKeyValueTest : public ::testing::Test {
   protected:
-    ~SystemInformationTest() override {
+    ~GetKeyValueTest() override {
         RegDeleteKeyW(HKEY_CURRENT_USER, kKey);
         RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\Ambrio unit tests");
     }
@@ -27,7 +25,7 @@ class SystemInformationTest : public ::testing::Test {
     std::wstring value_ = L"before";
 };
 
-TEST_F(SystemInformationTest, ReadsTextsAndNumbers) {
+TEST_F(GetKeyValueTest, ReadsTextsAndNumbers) {
     Put(REG_SZ, L"C:\\Info \x0416", 10 * sizeof(wchar_t));
     EXPECT_TRUE(Get());
     EXPECT_EQ(L"C:\\Info \x0416", value_);
@@ -37,7 +35,7 @@ TEST_F(SystemInformationTest, ReadsTextsAndNumbers) {
     EXPECT_EQ(L"21", value_);
 }
 
-TEST_F(SystemInformationTest, WhatCannotBeReadIsEmpty) {
+TEST_F(GetKeyValueTest, WhatCannotBeReadIsEmpty) {
     EXPECT_FALSE(Get());
     EXPECT_EQ(L"", value_);
     const std::vector<wchar_t> longText(1025, L'x');
@@ -47,10 +45,15 @@ TEST_F(SystemInformationTest, WhatCannotBeReadIsEmpty) {
     EXPECT_EQ(L"", value_);
 }
 
-TEST(WebLink, FindsNoProgramForAnExtensionThatNobodyKnowsAndLeavesNoFile) {
-    EXPECT_EQ(L"", GetBrowserPath(L"ambrio-unknown"));
-    EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesW(L"~temp.ambrio-unknown"));
-    EXPECT_EQ(L"", GetBrowserPath(L"no\\such:file"));
+TEST_F(GetKeyValueTest, ReadsAsManyBytesOfWhatIsNoTextAsCharactersOfATextAndNoMore) {
+    std::vector<BYTE> bytes(1024, 'y');
+    Put(REG_BINARY, bytes.data(), bytes.size());
+    EXPECT_TRUE(Get());
+    EXPECT_EQ(std::wstring(1024, L'y'), value_);
+    bytes.push_back('y');
+    Put(REG_BINARY, bytes.data(), bytes.size());
+    EXPECT_FALSE(Get());
+    EXPECT_EQ(L"", value_);
 }
 
 }  // namespace
