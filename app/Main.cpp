@@ -36,7 +36,7 @@ class Program : public Modes {
           clock_(clock) {}
 
     void ShowConfiguration() override {
-        ambrio::ShowConfiguration(application_, fileSystem_, settings_, instance_);
+        RunConfigurationMode(application_, fileSystem_, settings_, instance_);
     }
     bool IsNotRunning(const std::wstring& title) override {
         return FindWindowW(nullptr, title.c_str()) == nullptr;

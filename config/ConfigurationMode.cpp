@@ -5,8 +5,8 @@
 
 namespace ambrio {
 
-void ShowConfiguration(const Application& application, FileSystem& fileSystem,
-                       SettingsStore& settings, HINSTANCE instance) {
+void RunConfigurationMode(const Application& application, FileSystem& fileSystem,
+                          SettingsStore& settings, HINSTANCE instance) {
     CommonControls::InitClasses(ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES);
     DialogContext context{application, fileSystem, settings, instance, {}, 0};
     frmConfiguration form(context);

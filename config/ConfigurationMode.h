@@ -12,7 +12,7 @@ namespace ambrio {
 // loaded into it (such as a "Selected" text that is no Boolean); nothing is then on the screen.
 // The three references must live until it returns; `instance` is the module that holds the
 // dialogs' resources.
-void ShowConfiguration(const Application& application, FileSystem& fileSystem,
-                       SettingsStore& settings, HINSTANCE instance);
+void RunConfigurationMode(const Application& application, FileSystem& fileSystem,
+                          SettingsStore& settings, HINSTANCE instance);
 
 }  // namespace ambrio

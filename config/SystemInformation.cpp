@@ -1,7 +1,7 @@
 #include "config/SystemInformation.h"
 
 #include "platform/win32/registry/GetKeyValue.h"
-#include "platform/win32/system/StartProgram.h"
+#include "platform/win32/system/LaunchProgram.h"
 
 namespace ambrio {
 namespace {
@@ -23,7 +23,7 @@ bool FindTool(FileSystem& fileSystem, std::wstring& path) {
 
 bool StartSysInfo(FileSystem& fileSystem) {
     std::wstring path;
-    return FindTool(fileSystem, path) && StartProgram(path, StartedWindow::NormalFocus);
+    return FindTool(fileSystem, path) && LaunchProgram(path, WindowState::NormalFocus);
 }
 
 }  // namespace ambrio

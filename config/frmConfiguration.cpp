@@ -8,7 +8,7 @@
 #include "config/model/DialogTexts.h"
 #include "config/model/SecondarySavers.h"
 #include "platform/win32/files/SystemFolders.h"
-#include "platform/win32/system/StartProgram.h"
+#include "platform/win32/system/LaunchProgram.h"
 #include "resources/DialogIds.h"
 #include "resources/ResourceIds.h"
 #include "settings/GeneralOptions.h"
@@ -59,7 +59,7 @@ void frmConfiguration::Form_Load() {
 
     SetProgramIcon();
     SetCaption(ConfigurationCaption(title));
-    const std::wstring sets = ambrio::ReadSets(Context().Settings);
+    const std::wstring sets = ReadSets(Context().Settings);
     const DialogOptions options = LoadDialogOptions(Context().Settings);
     Tick(IDC_CHK_LOG_ONLY_ERRORS, options.LogOnlyErrors);
     Tick(IDC_CHK_CLEAR_LOG_DAILY, options.ClearLogDaily);
@@ -132,7 +132,7 @@ void frmConfiguration::OnDrawItem(const DRAWITEMSTRUCT& item) {
 }
 
 void frmConfiguration::cmdMove_Click(bool (SetListModel::*move)()) {
-    SetListModel sets = ReadSets();
+    SetListModel sets = ListedSets();
     if ((sets.*move)()) {
         ShowSets(sets);
     } else {
@@ -143,7 +143,7 @@ void frmConfiguration::cmdMove_Click(bool (SetListModel::*move)()) {
 void frmConfiguration::cmdNew_Click() {
     Context().CurrentSetName.clear();
     ShowProperties();
-    SetListModel sets = ReadSets();
+    SetListModel sets = ListedSets();
     if (!Context().CurrentSetName.empty()) {
         sets.Add(Context().CurrentSetName);
     }
@@ -153,7 +153,7 @@ void frmConfiguration::cmdNew_Click() {
 }
 
 void frmConfiguration::cmdProperties_Click() {
-    Context().CurrentSetName = ReadSets().CurrentName();
+    Context().CurrentSetName = ListedSets().CurrentName();
     ShowProperties();
 }
 
@@ -164,7 +164,7 @@ void frmConfiguration::ShowProperties() {
 }
 
 void frmConfiguration::cmdRemove_Click() {
-    SetListModel sets = ReadSets();
+    SetListModel sets = ListedSets();
     if (!sets.Current()) {
         MessageBeep(MB_OK);
         return;
@@ -178,7 +178,7 @@ void frmConfiguration::cmdRemove_Click() {
 
 void frmConfiguration::cmdSettings_Click() {
     const auto path = SaverPath(Context().Files, SaverFolders(), Text(IDC_CBO_SS));
-    if (path && !StartProgram(SettingsCommandLine(*path), StartedWindow::MinimisedFocus)) {
+    if (path && !LaunchProgram(SettingsCommandLine(*path), WindowState::MinimisedFocus)) {
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
 }
@@ -194,13 +194,13 @@ void frmConfiguration::cmdAbout_Click() {
 }
 
 void frmConfiguration::cmdOk_Click() {
-    ReadSets().Save(Context().Settings);
+    ListedSets().Save(Context().Settings);
     SaveDialogOptions(Context().Settings, {IsTicked(IDC_CHK_LOG_ONLY_ERRORS),
                                            IsTicked(IDC_CHK_CLEAR_LOG_DAILY), Text(IDC_CBO_SS)});
     Unload();
 }
 
-SetListModel frmConfiguration::ReadSets() const {
+SetListModel frmConfiguration::ListedSets() const {
     std::vector<SetEntry> entries;
     for (int i = 0; i < lstSets_.Count(); ++i) {
         entries.push_back({lstSets_.Name(i), lstSets_.IsTicked(i)});

@@ -31,7 +31,7 @@ class frmConfiguration : public Form {
     void cmdOk_Click();
 
     void ShowProperties();
-    [[nodiscard]] SetListModel ReadSets() const;
+    [[nodiscard]] SetListModel ListedSets() const;
     void ShowSets(const SetListModel& sets);
 
     CheckListBox lstSets_;

@@ -51,7 +51,7 @@ void frmProperties::Form_Load() {
         Send(IDC_LST_SCHEME, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(scheme));
     }
     const std::wstring& name = Context().CurrentSetName;
-    SetCaption(name.empty() ? NewSetCaption() : ambrio::SetCaption(name));
+    SetCaption(PropertiesCaption(name));
     // A disabled box takes the form's background by itself.
     Enable(IDC_TXT_SET, name.empty());
     ShowProperties(name.empty() ? NewSetProperties() : LoadSetProperties(Context().Settings, name));

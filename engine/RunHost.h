@@ -2,10 +2,11 @@
 
 #include <string>
 
+#include "platform/WindowState.h"
+
 namespace ambrio {
 
 enum class MessageIcon { None, CriticalStop };
-enum class WindowState { Hidden, NormalFocus };
 
 // What a run needs of the form and the system around it. Failures of the calls that return nothing
 // are ignored by the implementation. To be used on the form's thread.

@@ -35,8 +35,8 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/registry/RegistryKey.cpp
     platform/win32/registry/RegistrySettingsStore.cpp
     platform/win32/system/AssociatedProgram.cpp
+    platform/win32/system/LaunchProgram.cpp
     platform/win32/system/ProcessHardening.cpp
-    platform/win32/system/StartProgram.cpp
     platform/win32/system/StayAwake.cpp
     platform/win32/system/SystemLibrary.cpp
     platform/win32/system/Win32Clock.cpp

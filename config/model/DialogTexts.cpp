@@ -15,12 +15,8 @@ std::wstring RemoveQuestion(const std::wstring& setName) {
     return L"About to remove " + setName + L"\r\nfrom your list of backup sets.\r\nAre you sure?";
 }
 
-std::wstring NewSetCaption() {
-    return L"New Set Properties";
-}
-
-std::wstring SetCaption(const std::wstring& setName) {
-    return setName + L" Properties";
+std::wstring PropertiesCaption(const std::wstring& setName) {
+    return (setName.empty() ? L"New Set" : setName) + L" Properties";
 }
 
 std::wstring BrowseCaption(const std::wstring& setName, std::int16_t browseIndex) {

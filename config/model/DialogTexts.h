@@ -15,8 +15,8 @@ inline constexpr std::int16_t kBrowseDestination = 1;
 [[nodiscard]] std::wstring LogOnlyErrorsTooltip(const std::wstring& title);
 [[nodiscard]] std::wstring RemoveQuestion(const std::wstring& setName);
 
-[[nodiscard]] std::wstring NewSetCaption();
-[[nodiscard]] std::wstring SetCaption(const std::wstring& setName);
+// For a new Set the name is empty.
+[[nodiscard]] std::wstring PropertiesCaption(const std::wstring& setName);
 
 // For a new Set the name is empty, and two blanks stand in a row.
 [[nodiscard]] std::wstring BrowseCaption(const std::wstring& setName, std::int16_t browseIndex);

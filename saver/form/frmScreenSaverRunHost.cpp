@@ -1,7 +1,7 @@
 // frmScreenSaver: what the run asks of it.
 
 #include "platform/win32/files/SystemFolders.h"
-#include "platform/win32/system/StartProgram.h"
+#include "platform/win32/system/LaunchProgram.h"
 #include "platform/win32/windows/MessageLoop.h"
 #include "saver/form/Pointer.h"
 #include "saver/form/frmScreenSaver.h"
@@ -9,7 +9,7 @@
 namespace ambrio {
 
 void frmScreenSaver::DoEvents() {
-    ambrio::DoEvents();
+    HandleWaitingMessages();
 }
 
 void frmScreenSaver::ShowMessage(const std::wstring& text, MessageIcon icon) {
@@ -25,9 +25,7 @@ std::wstring frmScreenSaver::SystemFolder() {
 }
 
 bool frmScreenSaver::StartProgram(const std::wstring& commandLine, WindowState state) {
-    return ambrio::StartProgram(commandLine, state == WindowState::Hidden
-                                                 ? StartedWindow::Hidden
-                                                 : StartedWindow::NormalFocus);
+    return LaunchProgram(commandLine, state);
 }
 
 void frmScreenSaver::ShowPointer() {

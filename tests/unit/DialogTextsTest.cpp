@@ -13,8 +13,8 @@ TEST(DialogTexts, AreToTheLetter) {
               LogOnlyErrorsTooltip(L"T"));
     EXPECT_EQ(L"About to remove A & B\r\nfrom your list of backup sets.\r\nAre you sure?",
               RemoveQuestion(L"A & B"));
-    EXPECT_EQ(L"New Set Properties", NewSetCaption());
-    EXPECT_EQ(L"S Properties", SetCaption(L"S"));
+    EXPECT_EQ(L"New Set Properties", PropertiesCaption(L""));
+    EXPECT_EQ(L"S Properties", PropertiesCaption(L"S"));
     EXPECT_EQ(L"Choose S source folder", BrowseCaption(L"S", 0));
     EXPECT_EQ(L"Choose  destination folder", BrowseCaption(L"", 1));
     EXPECT_EQ(L"Drive D: cannot be opened.\r\nDisk not ready",

@@ -2,7 +2,7 @@
 
 #include "platform/win32/files/SystemFolders.h"
 #include "platform/win32/registry/ReadRegistryValue.h"
-#include "platform/win32/system/StartProgram.h"
+#include "platform/win32/system/LaunchProgram.h"
 #include "platform/win32/system/StayAwake.h"
 
 namespace ambrio {
@@ -53,13 +53,13 @@ TEST_F(ReadRegistryValueTest, ReadsTextsOfUpTo254Characters) {
     EXPECT_EQ(L"", Read(REG_SZ, longer.c_str(), (longer.size() + 1) * sizeof(wchar_t)));
 }
 
-TEST(StartProgram, FindsABareNameThroughTheSearchPath) {
-    EXPECT_TRUE(StartProgram(L"hostname.exe", StartedWindow::Hidden));
+TEST(LaunchProgram, FindsABareNameThroughTheSearchPath) {
+    EXPECT_TRUE(LaunchProgram(L"hostname.exe", WindowState::Hidden));
 }
 
-TEST(StartProgram, SaysFalseWhenThereIsNoSuchProgram) {
-    EXPECT_FALSE(StartProgram(L"No such saver.scr /S", StartedWindow::Hidden));
-    EXPECT_FALSE(StartProgram(L"", StartedWindow::NormalFocus));
+TEST(LaunchProgram, SaysFalseWhenThereIsNoSuchProgram) {
+    EXPECT_FALSE(LaunchProgram(L"No such saver.scr /S", WindowState::Hidden));
+    EXPECT_FALSE(LaunchProgram(L"", WindowState::NormalFocus));
 }
 
 TEST(StayAwake, HoldsTheSystemAndNotTheDisplayAndLetsGo) {

@@ -85,9 +85,9 @@ TEST(MessageLoop, LetsEverythingThatWaitsRun) {
     RecordingWindow window;
     window.Post(1);
     window.Post(2);
-    DoEvents();
+    HandleWaitingMessages();
     EXPECT_EQ((std::vector<int>{1, 2}), window.Received);
-    DoEvents();
+    HandleWaitingMessages();
     EXPECT_EQ(2U, window.Received.size());
 }
 
@@ -95,12 +95,12 @@ TEST(MessageLoop, EndsForAQuitThatCameWhileEventsRan) {
     RecordingWindow window;
     window.Post(1);
     PostQuitMessage(0);
-    DoEvents();
-    DoEvents();
+    HandleWaitingMessages();
+    HandleWaitingMessages();
     EXPECT_EQ(std::vector<int>{1}, window.Received);
     RunMessageLoop();
     window.Post(2);
-    DoEvents();
+    HandleWaitingMessages();
     EXPECT_EQ((std::vector<int>{1, 2}), window.Received);
 }
 

@@ -5,28 +5,28 @@
 namespace ambrio {
 namespace {
 
-void Handle(const MSG& message) {
+void Dispatch(const MSG& message) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
 }
 
 }  // namespace
 
-void DoEvents() {
+void HandleWaitingMessages() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
         if (message.message == WM_QUIT) {
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
-        Handle(message);
+        Dispatch(message);
     }
 }
 
 void RunMessageLoop() {
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        Handle(message);
+        Dispatch(message);
     }
 }
 

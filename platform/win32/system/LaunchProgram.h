@@ -2,13 +2,13 @@
 
 #include <string>
 
-namespace ambrio {
+#include "platform/WindowState.h"
 
-enum class StartedWindow { Hidden, MinimisedFocus, NormalFocus };
+namespace ambrio {
 
 // Starts a program by its command line and does not wait for it. A name without a folder is found
 // through the system's search path; the program need not be in quotes. False when it could not be
 // started.
-[[nodiscard]] bool StartProgram(const std::wstring& commandLine, StartedWindow window);
+[[nodiscard]] bool LaunchProgram(const std::wstring& commandLine, WindowState state);
 
 }  // namespace ambrio

@@ -1,4 +1,4 @@
-#include "platform/win32/system/StartProgram.h"
+#include "platform/win32/system/LaunchProgram.h"
 
 #include "platform/ProgramQuotes.h"
 #include "platform/win32/WindowsHeaders.h"
@@ -6,13 +6,13 @@
 namespace ambrio {
 namespace {
 
-WORD ShowCommand(StartedWindow window) {
-    switch (window) {
-        case StartedWindow::Hidden:
+WORD ShowCommand(WindowState state) {
+    switch (state) {
+        case WindowState::Hidden:
             return SW_HIDE;
-        case StartedWindow::MinimisedFocus:
+        case WindowState::MinimisedFocus:
             return SW_SHOWMINIMIZED;
-        case StartedWindow::NormalFocus:
+        case WindowState::NormalFocus:
             break;
     }
     return SW_SHOWNORMAL;
@@ -20,13 +20,13 @@ WORD ShowCommand(StartedWindow window) {
 
 }  // namespace
 
-bool StartProgram(const std::wstring& commandLine, StartedWindow window) {
+bool LaunchProgram(const std::wstring& commandLine, WindowState state) {
     // The call writes into the text that it is given.
     std::wstring line = WithQuotedProgram(commandLine);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
-    startup.wShowWindow = ShowCommand(window);
+    startup.wShowWindow = ShowCommand(state);
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                         &startup, &process)) {
