@@ -44,18 +44,16 @@ void DirectoryListBox::Show(const std::vector<DirectoryRow>& rows, std::size_t o
 
 // Deep paths and long names are reached by scrolling; nothing is cut.
 void DirectoryListBox::SetScrollWidth(const std::vector<DirectoryRow>& rows) {
-    const HDC dc = GetDC(Control());
+    const WindowDC dc(Control());
+    const SelectedObject font(dc.get(),
+                              reinterpret_cast<HFONT>(SendMessageW(Control(), WM_GETFONT, 0, 0)));
     LONG width = 0;
-    {
-        const SelectedObject font(
-            dc, reinterpret_cast<HFONT>(SendMessageW(Control(), WM_GETFONT, 0, 0)));
-        for (const DirectoryRow& row : rows) {
-            SIZE extent = {};
-            GetTextExtentPoint32W(dc, row.Name.c_str(), static_cast<int>(row.Name.size()), &extent);
-            width = std::max<LONG>(width, TextLeft(row.Depth) + extent.cx + 2 * kGap);
-        }
+    for (const DirectoryRow& row : rows) {
+        SIZE extent = {};
+        GetTextExtentPoint32W(dc.get(), row.Name.c_str(), static_cast<int>(row.Name.size()),
+                              &extent);
+        width = std::max<LONG>(width, TextLeft(row.Depth) + extent.cx + 2 * kGap);
     }
-    ReleaseDC(Control(), dc);
     SendMessageW(Control(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width), 0);
 }
 

@@ -4,6 +4,7 @@
 #include "platform/Twips.h"
 #include "platform/win32/windows/ResourceText.h"
 #include "platform/win32/windows/ScreenTwips.h"
+#include "resources/ResourceIds.h"
 
 namespace ambrio {
 namespace {
@@ -45,6 +46,11 @@ void Form::CentreOver(HWND parent) {
 
 int Form::Ask(const std::wstring& text, const std::wstring& title, UINT style) {
     return MessageBoxW(Handle(), text.c_str(), title.c_str(), style);
+}
+
+HANDLE Form::ProgramIcon(int metric) const {
+    const int size = GetSystemMetrics(metric);
+    return LoadImageW(Instance(), MAKEINTRESOURCEW(IDI_AMBRIO), IMAGE_ICON, size, size, LR_SHARED);
 }
 
 }  // namespace ambrio

@@ -33,6 +33,9 @@ class Form : public Dialog {
     void CentreOver(HWND parent);
     // A message box over this dialog; returns the button's id.
     int Ask(const std::wstring& text, const std::wstring& title, UINT style);
+    // The program's icon in the size that a metric of the system (SM_CXICON, SM_CXSMICON) tells.
+    // The system's to free.
+    [[nodiscard]] HANDLE ProgramIcon(int metric) const;
 
   private:
     DialogContext& context_;

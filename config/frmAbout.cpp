@@ -22,11 +22,7 @@ void frmAbout::Form_Load() {
     SetText(IDC_ABOUT_LABEL1, ResourceText(IDS_ABOUT_LABEL1));
     SetText(IDC_ABOUT_LABEL2, ResourceText(IDS_WEB_ADDRESS));
     SetText(IDC_ABOUT_LABEL3, ResourceText(IDS_SLOGAN));
-    // A shared icon is the system's to free.
-    const HANDLE icon =
-        LoadImageW(Instance(), MAKEINTRESOURCEW(IDI_AMBRIO), IMAGE_ICON,
-                   GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON), LR_SHARED);
-    Send(IDC_PIC_ICON, STM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon));
+    Send(IDC_PIC_ICON, STM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(ProgramIcon(SM_CXICON)));
 }
 
 HWND frmAbout::FirstFocus() const {

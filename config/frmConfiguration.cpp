@@ -10,7 +10,6 @@
 #include "platform/win32/files/SystemFolders.h"
 #include "platform/win32/system/LaunchProgram.h"
 #include "resources/DialogIds.h"
-#include "resources/ResourceIds.h"
 #include "settings/GeneralOptions.h"
 
 namespace ambrio {
@@ -72,15 +71,11 @@ void frmConfiguration::Form_Load() {
     Send(IDC_CBO_SS, CB_SETCURSEL, saver ? *saver : static_cast<WPARAM>(-1));
 }
 
-// For the task bar; shared icons are the system's to free.
+// For the task bar.
 void frmConfiguration::SetProgramIcon() {
-    const auto icon = [this](int size) {
-        return reinterpret_cast<LPARAM>(LoadImageW(Instance(), MAKEINTRESOURCEW(IDI_AMBRIO),
-                                                   IMAGE_ICON, GetSystemMetrics(size),
-                                                   GetSystemMetrics(size), LR_SHARED));
-    };
-    SendMessageW(Handle(), WM_SETICON, ICON_BIG, icon(SM_CXICON));
-    SendMessageW(Handle(), WM_SETICON, ICON_SMALL, icon(SM_CXSMICON));
+    SendMessageW(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(ProgramIcon(SM_CXICON)));
+    SendMessageW(Handle(), WM_SETICON, ICON_SMALL,
+                 reinterpret_cast<LPARAM>(ProgramIcon(SM_CXSMICON)));
 }
 
 void frmConfiguration::FillSavers() {

@@ -130,11 +130,9 @@ void LineCanvas::Draw(std::span<const Line> lines, std::int16_t pixelTwipsX,
     if (changes.empty()) {
         return;
     }
-    if (const HDC target = GetDC(window_); target != nullptr) {
-        for (const PixelRect& part : changes) {
-            buffer_->CopyTo(target, part);
-        }
-        ReleaseDC(window_, target);
+    const WindowDC target(window_);
+    for (const PixelRect& part : changes) {
+        buffer_->CopyTo(target.get(), part);
     }
 }
 

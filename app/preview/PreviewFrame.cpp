@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/Twips.h"
+#include "saver/SystemColour.h"
 
 namespace ambrio {
 namespace {
@@ -13,10 +14,6 @@ constexpr int kMargin = 60;   // of the plate inside the frame, twips
 constexpr int kPadding = 45;  // of the text on the plate, twips
 constexpr int kCorner = 90;   // the plate's rounding, twips
 constexpr int kCaptionLength = 10;
-
-COLORREF SystemColour(Colour colour) {
-    return RGB(colour.Red, colour.Green, colour.Blue);
-}
 
 // The frame takes at most three quarters of the picture, so that it has room to move and lines are
 // seen.
@@ -116,11 +113,9 @@ LRESULT PreviewFrame::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
         DrawPicture();
         isStale_ = false;
     }
-    PAINTSTRUCT paint;
-    if (const HDC target = BeginPaint(Handle(), &paint); target != nullptr) {
-        buffer_.CopyTo(target, paint.rcPaint.left, paint.rcPaint.top, paint.rcPaint);
-    }
-    EndPaint(Handle(), &paint);
+    Paint([this](HDC target, const RECT& part) {
+        buffer_.CopyTo(target, part.left, part.top, part);
+    });
     return 0;
 }
 

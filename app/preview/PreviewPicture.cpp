@@ -65,7 +65,7 @@ LRESULT PreviewPicture::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ERASEBKGND:
             return 1;
         case WM_PAINT:
-            Paint();
+            Paint([this](HDC target, const RECT& part) { canvas_->Paint(target, part); });
             return 0;
         case WM_DESTROY:
             PreviewActive_ = false;
@@ -73,14 +73,6 @@ LRESULT PreviewPicture::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
         default:
             return Window::Receive(message, wParam, lParam);
     }
-}
-
-void PreviewPicture::Paint() {
-    PAINTSTRUCT paint;
-    if (const HDC target = BeginPaint(Handle(), &paint); target != nullptr) {
-        canvas_->Paint(target, paint.rcPaint);
-    }
-    EndPaint(Handle(), &paint);
 }
 
 }  // namespace ambrio

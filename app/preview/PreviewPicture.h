@@ -41,7 +41,6 @@ class PreviewPicture : public Window {
   private:
     static LRESULT CALLBACK ReplacementProcedure(HWND handle, UINT message, WPARAM wParam,
                                                  LPARAM lParam);
-    void Paint();
 
     HWND form_;
     const Application& application_;

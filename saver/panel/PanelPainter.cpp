@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/Twips.h"
+#include "saver/SystemColour.h"
 #include "saver/model/Ellipsis.h"
 
 namespace ambrio {
@@ -14,10 +15,6 @@ constexpr int kMargin = 45;       // of the plate inside the frame, twips
 constexpr int kCorner = 90;       // the plate's rounding, twips
 constexpr int kCaptionLeft = 120;
 constexpr int kGap = 45;  // between a fixed text and a count beside it, twips
-
-COLORREF SystemColour(Colour colour) {
-    return RGB(colour.Red, colour.Green, colour.Blue);
-}
 
 Colour Between(Colour a, Colour b) {
     const auto half = [](std::uint8_t x, std::uint8_t y) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/Twips.h"
+#include "saver/SystemColour.h"
 
 namespace ambrio {
 namespace {
@@ -100,8 +101,7 @@ void StatusPanelView::ShowCopyFrame(bool visible) {
 }
 
 void StatusPanelView::MatchCopyFrameColour() {
-    const Colour colour = painter_->BackColor();
-    copyFrame_->SetBackColor(RGB(colour.Red, colour.Green, colour.Blue));
+    copyFrame_->SetBackColor(SystemColour(painter_->BackColor()));
 }
 
 void StatusPanelView::Move(int left, int top) {
@@ -132,12 +132,9 @@ void StatusPanelView::RedrawLabel(std::size_t label) {
 
 // Copies a part of the picture to the screen at once, without waiting for a WM_PAINT.
 void StatusPanelView::Show(const RECT& part) {
-    if (Handle() == nullptr) {
-        return;
-    }
-    if (const HDC target = GetDC(Handle()); target != nullptr) {
-        CopyPicture(target, part);
-        ReleaseDC(Handle(), target);
+    // Without a window this would be the whole screen.
+    if (Handle() != nullptr) {
+        CopyPicture(WindowDC(Handle()).get(), part);
     }
 }
 

@@ -7,10 +7,9 @@ namespace ambrio {
 
 BackBuffer::BackBuffer(int width, int height)
     : width_(std::max(width, 1)), height_(std::max(height, 1)) {
-    const HDC screen = GetDC(nullptr);
-    dc_.reset(CreateCompatibleDC(screen));
-    bitmap_.reset(CreateCompatibleBitmap(screen, width_, height_));
-    ReleaseDC(nullptr, screen);
+    const WindowDC screen(nullptr);
+    dc_.reset(CreateCompatibleDC(screen.get()));
+    bitmap_.reset(CreateCompatibleBitmap(screen.get(), width_, height_));
     if (dc_ == nullptr || bitmap_ == nullptr) {
         dc_.reset();
         return;

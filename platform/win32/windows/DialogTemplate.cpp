@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/RuntimeError.h"
+#include "platform/win32/windows/GdiHandles.h"
 
 namespace ambrio {
 namespace {
@@ -52,9 +53,7 @@ LOGFONTW MessageFont() {
 }
 
 int PointsOf(const LOGFONTW& font) {
-    const HDC screen = GetDC(nullptr);
-    const int dotsPerInch = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
+    const int dotsPerInch = GetDeviceCaps(WindowDC(nullptr).get(), LOGPIXELSY);
     return MulDiv(-font.lfHeight, kPointsPerInch, dotsPerInch);
 }
 

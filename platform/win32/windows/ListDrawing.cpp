@@ -20,16 +20,13 @@ std::wstring ListEntryText(HWND listBox, int entry) {
 
 int FitEntryHeight(HWND listBox) {
     constexpr int kSpace = 2;  // pixels above and below
-    const HDC dc = GetDC(listBox);
+    const WindowDC dc(listBox);
+    const SelectedObject font(dc.get(),
+                              reinterpret_cast<HFONT>(SendMessageW(listBox, WM_GETFONT, 0, 0)));
     TEXTMETRICW metrics = {};
-    {
-        const SelectedObject font(dc,
-                                  reinterpret_cast<HFONT>(SendMessageW(listBox, WM_GETFONT, 0, 0)));
-        GetTextMetricsW(dc, &metrics);
-    }
+    GetTextMetricsW(dc.get(), &metrics);
     // The size of a check box at 96 dpi, in the screen's proportion.
-    const int boxSize = MulDiv(13, GetDeviceCaps(dc, LOGPIXELSY), USER_DEFAULT_SCREEN_DPI);
-    ReleaseDC(listBox, dc);
+    const int boxSize = MulDiv(13, GetDeviceCaps(dc.get(), LOGPIXELSY), USER_DEFAULT_SCREEN_DPI);
     const int height = std::max<int>(metrics.tmHeight, boxSize) + 2 * kSpace;
     SendMessageW(listBox, LB_SETITEMHEIGHT, 0, height);
     return boxSize;

@@ -1,16 +1,14 @@
 #include "platform/win32/windows/ScreenTwips.h"
 
 #include "platform/Twips.h"
-#include "platform/win32/WindowsHeaders.h"
+#include "platform/win32/windows/GdiHandles.h"
 
 namespace ambrio {
 
 ScreenTwips ReadScreenTwips() {
-    const HDC screen = GetDC(nullptr);
-    const ScreenTwips twips{TwipsPerPixel(GetDeviceCaps(screen, LOGPIXELSX)),
-                            TwipsPerPixel(GetDeviceCaps(screen, LOGPIXELSY))};
-    ReleaseDC(nullptr, screen);
-    return twips;
+    const WindowDC screen(nullptr);
+    return {TwipsPerPixel(GetDeviceCaps(screen.get(), LOGPIXELSX)),
+            TwipsPerPixel(GetDeviceCaps(screen.get(), LOGPIXELSY))};
 }
 
 }  // namespace ambrio
