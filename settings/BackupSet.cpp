@@ -1,15 +1,22 @@
 #include "settings/BackupSet.h"
 
 #include "platform/BooleanText.h"
+#include "settings/Flags.h"
 #include "settings/SettingKeys.h"
 
 namespace ambrio {
 
+bool ReadSelected(SettingsStore& settings, const std::wstring& name) {
+    return BooleanFromText(settings.GetSetting(name, kSelectedKey, BooleanText(true)));
+}
+
+void SaveSelected(SettingsStore& settings, const std::wstring& name, bool selected) {
+    settings.SaveSetting(name, kSelectedKey, BooleanText(selected));
+}
+
 std::optional<BackupSet> LoadBackupSet(SettingsStore& settings, const std::wstring& name) {
-    const auto isYes = [&](const wchar_t* key) {
-        return settings.GetSetting(name, key, L"") == kYes;
-    };
-    if (!BooleanFromText(settings.GetSetting(name, kSelectedKey, BooleanText(true)))) {
+    const auto isYes = [&](const wchar_t* key) { return ReadFlag(settings, name, key); };
+    if (!ReadSelected(settings, name)) {
         return std::nullopt;
     }
     BackupSet set;

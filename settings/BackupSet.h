@@ -21,9 +21,16 @@ struct BackupSet {
     friend bool operator==(const BackupSet&, const BackupSet&) = default;
 };
 
+// Whether runs do the Set of that name; true when nothing is stored. Throws RuntimeError
+// TypeMismatch when "Selected" is neither a Boolean text nor a number.
+[[nodiscard]] bool ReadSelected(SettingsStore& settings, const std::wstring& name);
+
+// Throws RuntimeError when the store refuses; the old value then stays.
+void SaveSelected(SettingsStore& settings, const std::wstring& name, bool selected);
+
 // Loads the Set from the section of its name; nothing when it is not selected, and then nothing but
-// "Selected" was read. The keys that belong to another copy type are never read. Throws
-// RuntimeError TypeMismatch when "Selected" is neither a Boolean text nor a number.
+// "Selected" was read. The keys that belong to another copy type are never read. Throws as
+// ReadSelected does.
 [[nodiscard]] std::optional<BackupSet> LoadBackupSet(SettingsStore& settings,
                                                      const std::wstring& name);
 

@@ -1,6 +1,7 @@
 #include "settings/GeneralOptions.h"
 
 #include "platform/GeneralDate.h"
+#include "settings/Flags.h"
 #include "settings/SettingKeys.h"
 
 namespace ambrio {
@@ -10,7 +11,7 @@ std::wstring ReadSets(SettingsStore& settings) {
 }
 
 bool ReadLogOnlyErrors(SettingsStore& settings) {
-    return settings.GetSetting(kGeneralSection, kLogOnlyErrorsKey, kNo) == kYes;
+    return ReadFlag(settings, kGeneralSection, kLogOnlyErrorsKey);
 }
 
 std::wstring ReadSecondarySaver(SettingsStore& settings) {

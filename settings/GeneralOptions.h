@@ -7,8 +7,8 @@
 
 namespace ambrio {
 
-// The general options as a run reads them, each at its own moment; what is missing takes its
-// default and is not written back.
+// The general options; what is missing takes its default and is not written back. A run reads each
+// at its own moment.
 
 // The names of the Sets as stored; empty when there are none.
 [[nodiscard]] std::wstring ReadSets(SettingsStore& settings);

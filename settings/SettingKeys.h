@@ -29,7 +29,7 @@ inline constexpr const wchar_t* kExcludeKey = L"Exclude";
 // Wanted: the properties dialog reads this key and writes kDeleteCopyArchiveBitKey.
 inline constexpr const wchar_t* kDeleteCopyArchiveKey = L"DeleteCopyArchive";
 
-// Flags are compared exactly; "yes" is no yes.
+// How the flags of Flags.h stand there.
 inline constexpr const wchar_t* kYes = L"Yes";
 inline constexpr const wchar_t* kNo = L"No";
 [[nodiscard]] constexpr const wchar_t* YesNo(bool value) {

@@ -1,20 +1,19 @@
 #include "config/model/DialogOptions.h"
 
+#include "settings/Flags.h"
+#include "settings/GeneralOptions.h"
 #include "settings/SettingKeys.h"
 
 namespace ambrio {
 
 DialogOptions LoadDialogOptions(SettingsStore& settings) {
-    const auto read = [&settings](const wchar_t* key) {
-        return settings.GetSetting(kGeneralSection, key, L"");
-    };
-    return {read(kLogOnlyErrorsKey) == kYes, read(kClearLogDailyKey) == kYes,
-            read(kSecondarySaverKey)};
+    return {ReadLogOnlyErrors(settings), ReadFlag(settings, kGeneralSection, kClearLogDailyKey),
+            ReadSecondarySaver(settings)};
 }
 
 void SaveDialogOptions(SettingsStore& settings, const DialogOptions& options) {
-    settings.SaveSetting(kGeneralSection, kLogOnlyErrorsKey, YesNo(options.LogOnlyErrors));
-    settings.SaveSetting(kGeneralSection, kClearLogDailyKey, YesNo(options.ClearLogDaily));
+    SaveFlag(settings, kGeneralSection, kLogOnlyErrorsKey, options.LogOnlyErrors);
+    SaveFlag(settings, kGeneralSection, kClearLogDailyKey, options.ClearLogDaily);
     settings.SaveSetting(kGeneralSection, kSecondarySaverKey,
                          options.SecondarySaver == kNoSaver ? L"" : options.SecondarySaver);
 }

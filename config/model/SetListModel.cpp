@@ -2,18 +2,11 @@
 
 #include <utility>
 
-#include "platform/BooleanText.h"
+#include "settings/BackupSet.h"
 #include "settings/SetList.h"
 #include "settings/SettingKeys.h"
 
 namespace ambrio {
-namespace {
-
-SetEntry ReadEntry(SettingsStore& settings, const std::wstring& name) {
-    return {name, BooleanFromText(settings.GetSetting(name, kSelectedKey, BooleanText(true)))};
-}
-
-}  // namespace
 
 SetListModel::SetListModel(std::vector<SetEntry> entries, std::optional<std::size_t> current)
     : entries_(std::move(entries)), current_(current) {
@@ -28,7 +21,7 @@ void SetListModel::BuildList(SettingsStore& settings, const std::wstring& rsSets
     }
     std::vector<SetEntry> entries = entries_;
     for (const std::wstring& name : SplitSetList(rsSets)) {
-        entries.push_back(ReadEntry(settings, name));
+        entries.push_back({name, ReadSelected(settings, name)});
     }
     entries_ = std::move(entries);
     MakeFirstCurrent();
@@ -38,7 +31,7 @@ void SetListModel::Save(SettingsStore& settings) const {
     std::vector<std::wstring> names;
     for (const SetEntry& entry : entries_) {
         names.push_back(entry.Name);
-        settings.SaveSetting(entry.Name, kSelectedKey, BooleanText(entry.IsTicked));
+        SaveSelected(settings, entry.Name, entry.IsTicked);
     }
     settings.SaveSetting(kGeneralSection, kSetsKey, JoinSetList(names));
 }

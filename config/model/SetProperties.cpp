@@ -3,16 +3,13 @@
 #include <algorithm>
 
 #include "platform/Trim.h"
+#include "settings/Flags.h"
 
 namespace ambrio {
 namespace {
 
 constexpr const wchar_t* kNewSource = L"C:\\My Documents";
 constexpr const wchar_t* kNewDestination = L"F:\\My Documents";
-
-bool IsYes(SettingsStore& settings, const std::wstring& section, const wchar_t* key) {
-    return settings.GetSetting(section, key, L"") == kYes;
-}
 
 CopyTypeOption OptionOf(const std::wstring& copyType) {
     if (copyType == kCopyTypeDateTime) {
@@ -38,11 +35,11 @@ void SaveCopyType(SettingsStore& settings, const std::wstring& section, CopyType
 void LoadCheckBoxes(SettingsStore& settings, const std::wstring& section, CopyRulesFrame& rules) {
     const bool isArchive = rules.Chosen == CopyTypeOption::Archive;
     const bool isReadOnly = rules.Chosen == CopyTypeOption::ReadOnly;
-    rules.ClearArchive = isArchive && IsYes(settings, section, kClearArchiveBitKey);
+    rules.ClearArchive = isArchive && ReadFlag(settings, section, kClearArchiveBitKey);
     // Wanted: this key is not the one that is written. The box comes up unticked unless somebody
     // set this value by other means, so that deleting copies is asked for anew at every edit.
-    rules.DeleteCopyArchive = isArchive && IsYes(settings, section, kDeleteCopyArchiveKey);
-    rules.DeleteCopyReadOnly = isReadOnly && IsYes(settings, section, kDeleteCopyReadOnlyKey);
+    rules.DeleteCopyArchive = isArchive && ReadFlag(settings, section, kDeleteCopyArchiveKey);
+    rules.DeleteCopyReadOnly = isReadOnly && ReadFlag(settings, section, kDeleteCopyReadOnlyKey);
 }
 
 }  // namespace
@@ -60,8 +57,8 @@ SetProperties LoadSetProperties(SettingsStore& settings, const std::wstring& nam
     properties.Name = name;
     properties.Source = settings.GetSetting(name, kSourceKey, L"");
     properties.Destination = settings.GetSetting(name, kDestinationKey, L"");
-    properties.Recursive = IsYes(settings, name, kRecursiveKey);
-    properties.OverwriteReadOnly = IsYes(settings, name, kOverwriteReadOnlyKey);
+    properties.Recursive = ReadFlag(settings, name, kRecursiveKey);
+    properties.OverwriteReadOnly = ReadFlag(settings, name, kOverwriteReadOnlyKey);
     const std::wstring scheme = settings.GetSetting(name, kSchemeKey, kSchemes[0]);
     if (std::find(kSchemes.begin(), kSchemes.end(), scheme) != kSchemes.end()) {
         properties.Scheme = scheme;
@@ -86,12 +83,12 @@ std::optional<std::wstring> SaveSetProperties(SettingsStore& settings,
     const CopyRulesFrame& rules = properties.Rules;
     settings.SaveSetting(section, kSourceKey, Trim(properties.Source));
     settings.SaveSetting(section, kDestinationKey, Trim(properties.Destination));
-    settings.SaveSetting(section, kRecursiveKey, YesNo(properties.Recursive));
-    settings.SaveSetting(section, kOverwriteReadOnlyKey, YesNo(properties.OverwriteReadOnly));
+    SaveFlag(settings, section, kRecursiveKey, properties.Recursive);
+    SaveFlag(settings, section, kOverwriteReadOnlyKey, properties.OverwriteReadOnly);
     SaveCopyType(settings, section, rules.Chosen);
-    settings.SaveSetting(section, kClearArchiveBitKey, YesNo(rules.ClearArchive));
-    settings.SaveSetting(section, kDeleteCopyArchiveBitKey, YesNo(rules.DeleteCopyArchive));
-    settings.SaveSetting(section, kDeleteCopyReadOnlyKey, YesNo(rules.DeleteCopyReadOnly));
+    SaveFlag(settings, section, kClearArchiveBitKey, rules.ClearArchive);
+    SaveFlag(settings, section, kDeleteCopyArchiveBitKey, rules.DeleteCopyArchive);
+    SaveFlag(settings, section, kDeleteCopyReadOnlyKey, rules.DeleteCopyReadOnly);
     settings.SaveSetting(section, kSchemeKey, properties.Scheme);
     return section;
 }
