@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <string_view>
 
+#include "platform/AsciiCase.h"
+
 namespace ambrio {
 namespace {
 
-bool IsExtension(std::wstring_view text, std::wstring_view lower) {
-    return text.size() == lower.size() &&
-           std::equal(text.begin(), text.end(), lower.begin(), [](wchar_t c, wchar_t wanted) {
-               return (c >= L'A' && c <= L'Z' ? c - L'A' + L'a' : c) == wanted;
-           });
+bool IsExtension(std::wstring_view text, std::wstring_view wanted) {
+    return std::equal(text.begin(), text.end(), wanted.begin(), wanted.end(),
+                      [](wchar_t a, wchar_t b) { return AsciiUpperCase(a) == AsciiUpperCase(b); });
 }
 
 // Where the program's name ends, or 0.

@@ -1,5 +1,6 @@
 #include "app/model/CommandSwitch.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/Rounding.h"
 #include "platform/Val.h"
 
@@ -8,16 +9,12 @@ namespace {
 
 constexpr std::size_t kSwitchLength = 2;
 
-wchar_t UpperCase(wchar_t c) {
-    return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
-}
-
 }  // namespace
 
 std::wstring SwitchOf(const std::wstring& commandLine) {
     std::wstring text = commandLine.substr(0, kSwitchLength);
     for (wchar_t& c : text) {
-        c = UpperCase(c);
+        c = AsciiUpperCase(c);
     }
     return text.empty() ? L"/C" : text;
 }

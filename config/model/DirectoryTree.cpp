@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/AsciiCase.h"
 #include "platform/RuntimeError.h"
 
 namespace ambrio {
@@ -79,10 +80,7 @@ wchar_t DriveLetterOf(const std::wstring& text) {
     if (text.size() < 2 || text[1] != L':') {
         return 0;
     }
-    const wchar_t letter = text[0];
-    if (letter >= L'a' && letter <= L'z') {
-        return static_cast<wchar_t>(letter - L'a' + L'A');
-    }
+    const wchar_t letter = AsciiUpperCase(text[0]);
     return letter >= L'A' && letter <= L'Z' ? letter : L'\0';
 }
 
