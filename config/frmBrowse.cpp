@@ -5,6 +5,7 @@
 #include "config/model/DialogTexts.h"
 #include "config/model/DriveText.h"
 #include "platform/win32/files/FullPath.h"
+#include "platform/win32/windows/WindowText.h"
 #include "resources/DialogIds.h"
 
 namespace ambrio {
@@ -24,7 +25,7 @@ void frmBrowse::Form_Load() {
 void frmBrowse::FillDrives() {
     drives_ = ListDrives();
     for (const Drive& drive : drives_) {
-        const std::wstring text = DriveText(drive.Letter, drive.Kind, drive.Label);
+        const std::wstring text = DriveText(drive);
         Send(IDC_DRIVE1, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
     }
 }

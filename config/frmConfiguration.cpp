@@ -7,27 +7,20 @@
 #include "config/model/DialogOptions.h"
 #include "config/model/DialogTexts.h"
 #include "config/model/SecondarySavers.h"
-#include "platform/win32/files/SystemFolders.h"
 #include "platform/win32/system/LaunchProgram.h"
+#include "platform/win32/system/SystemFolders.h"
+#include "platform/win32/windows/WindowText.h"
 #include "resources/DialogIds.h"
 #include "settings/GeneralOptions.h"
 
 namespace ambrio {
 namespace {
 
-std::wstring ComboEntry(HWND combo, std::size_t entry) {
-    const LRESULT length = SendMessageW(combo, CB_GETLBTEXTLEN, entry, 0);
-    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-    SendMessageW(combo, CB_GETLBTEXT, entry, reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
-}
-
 std::vector<std::wstring> ComboEntries(HWND combo) {
     std::vector<std::wstring> entries;
-    const LRESULT count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
-    for (LRESULT i = 0; i < count; ++i) {
-        entries.push_back(ComboEntry(combo, static_cast<std::size_t>(i)));
+    const auto count = static_cast<int>(SendMessageW(combo, CB_GETCOUNT, 0, 0));
+    for (int i = 0; i < count; ++i) {
+        entries.push_back(ComboEntryText(combo, i));
     }
     return entries;
 }

@@ -25,7 +25,6 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/files/FileEntryData.cpp
     platform/win32/files/FileIdentity.cpp
     platform/win32/files/FullPath.cpp
-    platform/win32/files/SystemFolders.cpp
     platform/win32/files/Win32Error.cpp
     platform/win32/files/Win32FileSystem.cpp
     platform/win32/files/Win32FolderReader.cpp
@@ -38,6 +37,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/system/LaunchProgram.cpp
     platform/win32/system/ProcessHardening.cpp
     platform/win32/system/StayAwake.cpp
+    platform/win32/system/SystemFolders.cpp
     platform/win32/system/SystemLibrary.cpp
     platform/win32/system/Win32Clock.cpp
     platform/win32/text/Automation.cpp
@@ -59,4 +59,5 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/windows/ScreenTwips.cpp
     platform/win32/windows/Tooltips.cpp
     platform/win32/windows/Window.cpp
+    platform/win32/windows/WindowText.cpp
 )

@@ -23,11 +23,11 @@ const wchar_t* KindText(DriveKind kind) {
 
 }  // namespace
 
-std::wstring DriveText(wchar_t letter, DriveKind kind, const std::wstring& label) {
-    std::wstring text(1, letter);
+std::wstring DriveText(const Drive& drive) {
+    std::wstring text(1, drive.Letter);
     text += L": ";
-    text += KindText(kind);
-    return label.empty() ? text : text + L" [" + label + L"]";
+    text += KindText(drive.Kind);
+    return drive.Label.empty() ? text : text + L" [" + drive.Label + L"]";
 }
 
 }  // namespace ambrio

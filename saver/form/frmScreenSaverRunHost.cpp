@@ -1,7 +1,7 @@
 // frmScreenSaver: what the run asks of it.
 
-#include "platform/win32/files/SystemFolders.h"
 #include "platform/win32/system/LaunchProgram.h"
+#include "platform/win32/system/SystemFolders.h"
 #include "platform/win32/windows/MessageLoop.h"
 #include "saver/form/Pointer.h"
 #include "saver/form/frmScreenSaver.h"

@@ -25,13 +25,13 @@ TEST(DialogTexts, AreToTheLetter) {
 }
 
 TEST(DriveText, NamesTheKindAndTheLabel) {
-    EXPECT_EQ(L"C: Local disk [System]", DriveText(L'C', DriveKind::Fixed, L"System"));
-    EXPECT_EQ(L"A: Removable disk", DriveText(L'A', DriveKind::Removable, L""));
+    EXPECT_EQ(L"C: Local disk [System]", DriveText({L'C', DriveKind::Fixed, L"System"}));
+    EXPECT_EQ(L"A: Removable disk", DriveText({L'A', DriveKind::Removable, L""}));
     EXPECT_EQ(L"N: Network drive [\\\\server\\share]",
-              DriveText(L'N', DriveKind::Network, L"\\\\server\\share"));
-    EXPECT_EQ(L"D: CD or DVD drive", DriveText(L'D', DriveKind::Compact, L""));
-    EXPECT_EQ(L"R: Memory disk", DriveText(L'R', DriveKind::Memory, L""));
-    EXPECT_EQ(L"U: Drive", DriveText(L'U', DriveKind::Unknown, L""));
+              DriveText({L'N', DriveKind::Network, L"\\\\server\\share"}));
+    EXPECT_EQ(L"D: CD or DVD drive", DriveText({L'D', DriveKind::Compact, L""}));
+    EXPECT_EQ(L"R: Memory disk", DriveText({L'R', DriveKind::Memory, L""}));
+    EXPECT_EQ(L"U: Drive", DriveText({L'U', DriveKind::Unknown, L""}));
 }
 
 }  // namespace

@@ -5,8 +5,9 @@
 #include <string>
 
 #include "config/DialogContext.h"
-#include "platform/win32/files/SystemFolders.h"
+#include "platform/win32/system/SystemFolders.h"
 #include "platform/win32/windows/Dialog.h"
+#include "platform/win32/windows/WindowText.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/MemorySettingsStore.h"
 

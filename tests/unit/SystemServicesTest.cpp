@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "platform/win32/files/SystemFolders.h"
 #include "platform/win32/registry/ReadRegistryValue.h"
 #include "platform/win32/system/LaunchProgram.h"
 #include "platform/win32/system/StayAwake.h"
+#include "platform/win32/system/SystemFolders.h"
 
 namespace ambrio {
 namespace {

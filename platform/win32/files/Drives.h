@@ -1,18 +1,11 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
-#include "platform/DriveKind.h"
+#include "platform/Drive.h"
 #include "platform/win32/WindowsHeaders.h"
 
 namespace ambrio {
-
-struct Drive {
-    wchar_t Letter = L'\0';
-    DriveKind Kind = DriveKind::Unknown;
-    std::wstring Label;  // the volume's; of a network drive, the share
-};
 
 // The drives that there are, by letter. Diskette and network drives are not touched for it, as that
 // can take long.

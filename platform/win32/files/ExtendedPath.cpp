@@ -5,6 +5,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/RuntimeError.h"
+#include "platform/win32/files/FullPath.h"
 #include "platform/win32/files/Win32Error.h"
 
 namespace ambrio {
@@ -40,13 +41,10 @@ bool HasOddPart(std::wstring_view path) {
 }
 
 std::wstring Completed(const std::wstring& path) {
-    const DWORD needed = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
-    std::wstring full(needed, L'\0');
-    const DWORD length = GetFullPathNameW(path.c_str(), needed, full.data(), nullptr);
-    if (needed == 0 || length == 0 || length >= needed) {
+    std::wstring full = FullPath(path);
+    if (full.empty()) {
         ThrowLastError();
     }
-    full.resize(length);
     return full;
 }
 

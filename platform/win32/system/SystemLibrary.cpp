@@ -1,7 +1,7 @@
 #include "platform/win32/system/SystemLibrary.h"
 
 #include "platform/FileSystem.h"
-#include "platform/win32/files/SystemFolders.h"
+#include "platform/win32/system/SystemFolders.h"
 
 namespace ambrio {
 

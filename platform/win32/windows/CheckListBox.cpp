@@ -4,6 +4,7 @@
 
 #include "platform/win32/windows/GdiHandles.h"
 #include "platform/win32/windows/ListDrawing.h"
+#include "platform/win32/windows/WindowText.h"
 
 namespace ambrio {
 namespace {

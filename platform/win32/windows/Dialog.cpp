@@ -3,6 +3,7 @@
 #include <new>
 
 #include "platform/win32/windows/DialogTemplate.h"
+#include "platform/win32/windows/WindowText.h"
 
 namespace ambrio {
 
@@ -140,13 +141,6 @@ bool Dialog::HandleCommand(int control, int notification) {
     }
     OnCommand(control, notification);
     return true;
-}
-
-std::wstring WindowText(HWND window) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
 }
 
 std::wstring Dialog::Text(int control) const {

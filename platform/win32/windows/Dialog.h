@@ -80,7 +80,4 @@ class Dialog {
     std::exception_ptr loadFailure_;
 };
 
-// The text of any window or control.
-[[nodiscard]] std::wstring WindowText(HWND window);
-
 }  // namespace ambrio

@@ -6,18 +6,6 @@
 
 namespace ambrio {
 
-std::wstring ListEntryText(HWND listBox, int entry) {
-    const LRESULT length = SendMessageW(listBox, LB_GETTEXTLEN, static_cast<WPARAM>(entry), 0);
-    if (length == LB_ERR) {
-        return {};
-    }
-    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-    SendMessageW(listBox, LB_GETTEXT, static_cast<WPARAM>(entry),
-                 reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
-}
-
 int FitEntryHeight(HWND listBox) {
     constexpr int kSpace = 2;  // pixels above and below
     const WindowDC dc(listBox);

@@ -8,9 +8,6 @@ namespace ambrio {
 
 // What owner-drawn lists have in common.
 
-// The text of an entry; empty when there is no such entry.
-[[nodiscard]] std::wstring ListEntryText(HWND listBox, int entry);
-
 // Makes the entries high enough for a line of the list's font and for a check box or small icon
 // beside it; returns the size of the latter two in pixels.
 int FitEntryHeight(HWND listBox);

@@ -1,23 +1,11 @@
-#include "platform/win32/files/SystemFolders.h"
+#include "platform/win32/system/SystemFolders.h"
 
 #include <memory>
 
-#include "platform/win32/WindowsHeaders.h"
+#include "platform/win32/system/TextOfCall.h"
 
 namespace ambrio {
 namespace {
-
-// For the calls that, given too little room, return the room that they need.
-std::wstring FolderFrom(UINT(WINAPI* call)(LPWSTR, UINT)) {
-    std::wstring path(MAX_PATH, L'\0');
-    UINT length = call(path.data(), static_cast<UINT>(path.size()));
-    while (length >= path.size()) {
-        path.resize(length + 1);
-        length = call(path.data(), static_cast<UINT>(path.size()));
-    }
-    path.resize(length);
-    return path;
-}
 
 struct FreeTaskMemory {
     void operator()(wchar_t* memory) const { CoTaskMemFree(memory); }
@@ -26,11 +14,11 @@ struct FreeTaskMemory {
 }  // namespace
 
 std::wstring GetWindowsFolder() {
-    return FolderFrom(GetWindowsDirectoryW);
+    return TextOfCall(GetWindowsDirectoryW);
 }
 
 std::wstring GetSystemFolder() {
-    return FolderFrom(GetSystemDirectoryW);
+    return TextOfCall(GetSystemDirectoryW);
 }
 
 std::wstring GetLocalDataFolder() {

@@ -1,7 +1,0 @@
-#pragma once
-
-namespace ambrio {
-
-enum class DriveKind { Unknown, Removable, Fixed, Network, Compact, Memory };
-
-}  // namespace ambrio
