@@ -6,8 +6,8 @@
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR commandLine, int) {
     ambrio::HardenProcess();
-    // A long copy holds the one thread that there is; the system must not cover the screen with a
-    // bleached picture that says so.
+    // A slow disk or network can hold the form's thread for seconds, with a listing or a small
+    // file; the system must not cover the screen with a bleached picture that says so.
     DisableProcessWindowsGhosting();
     try {
         ambrio::Main(instance, commandLine);

@@ -20,10 +20,10 @@ enum class RegistryType : std::uint32_t { Text = 1, ExpandableText = 2, Number =
 // anything else.
 inline constexpr std::size_t kLongestRegistryValue = 255;
 
-// The text of a registry value of this type and these bytes: its last
-// character, which is the NUL of a text, is cut off whatever it is. A number of 32 bits has at
-// least three digits and is cut to as many characters as it has bytes, less one. This is wanted: 1
-// reads as "001" and 1200 as "120". A value that is too long or has no bytes gives the empty text.
+// A registry value as ReadRegistryValue gives it: its last character, which is the NUL of a text,
+// is cut off whatever it is. A number of 32 bits has at least three digits and is cut to as many
+// characters as it has bytes, less one. This is wanted: 1 reads as "001" and 1200 as "120". A value
+// that is too long or has no bytes gives the empty text.
 [[nodiscard]] std::wstring RegistryValueText(RegistryType type,
                                              std::span<const std::uint8_t> bytes);
 

@@ -42,7 +42,7 @@ class frmScreenSaver : public Window, public RunHost {
     // Loads the form and shows it. Throws RuntimeError when a desktop setting is out of range.
     void Show();
 
-    // What the run asks of the form (FormRunHost.cpp).
+    // What the run asks of the form (frmScreenSaverRunHost.cpp).
     void DoEvents() override;
     void ShowMessage(const std::wstring& text, MessageIcon icon) override;
     std::wstring WindowsFolder() override;
@@ -58,7 +58,7 @@ class frmScreenSaver : public Window, public RunHost {
     LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
-    // Loading (FormLoad.cpp).
+    // Loading (frmScreenSaverLoad.cpp).
     void MakeWindow();
     void Form_Load();
     void SetMaxSize();
@@ -75,7 +75,7 @@ class frmScreenSaver : public Window, public RunHost {
     void ShowBox(const std::wstring& text, const std::wstring& title, UINT icon);
     [[nodiscard]] bool IsRunning() const { return signals_.RunStarted && !signals_.RunFinished; }
 
-    // Closing (FormUnload.cpp).
+    // Closing (frmScreenSaverUnload.cpp).
     void Unload();
     bool Form_QueryUnload();
     void ShowFailureSummary();

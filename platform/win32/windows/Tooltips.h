@@ -9,7 +9,7 @@ namespace ambrio {
 // The tooltips of one dialog. Their window belongs to the dialog's and goes with it.
 class Tooltips {
   public:
-    // Nothing is made before the first Add. `longestLine` is in pixels; longer texts are wrapped.
+    // Nothing is made before the first Set. `longestLine` is in pixels; longer texts are wrapped.
     Tooltips() = default;
 
     // Gives the control a text, or another text than it has. A combo box's edit part gets the same.
