@@ -1,6 +1,5 @@
 #include "saver/LineCanvas.h"
 
-#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -10,9 +9,6 @@
 
 namespace ambrio {
 namespace {
-
-// Lines are a little thicker than a pixel of 96 dpi, at every dpi.
-constexpr std::int32_t kThicknessTwips = 19;
 
 struct Size {
     int Width;
@@ -74,10 +70,8 @@ class LineCanvas::Buffer {
           dc_(std::move(dc)),
           bitmap_(std::move(bitmap)),
           selection_(dc_.get(), bitmap_.get()),
-          light_(size.Width, size.Height, pixels),
-          lines_(pixelTwipsX, pixelTwipsY) {
-        light_.SetThickness(kThicknessTwips * 256 / std::max<std::int32_t>(pixelTwipsY, 1));
-    }
+          light_(size.Width, size.Height, pixels, LineSet::Thickness(pixelTwipsY)),
+          lines_(pixelTwipsX, pixelTwipsY) {}
 
   private:
     Size size_;

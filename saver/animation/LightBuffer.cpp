@@ -55,18 +55,16 @@ struct LightBuffer::Walk {
     std::int32_t Cosine;         // from across to right angles
 };
 
-LightBuffer::LightBuffer(std::int32_t width, std::int32_t height, std::uint32_t* pixels)
+LightBuffer::LightBuffer(std::int32_t width, std::int32_t height, std::uint32_t* pixels,
+                         std::int32_t thickness)
     : width_(width),
       height_(height),
       pixels_(pixels),
+      thickness_(std::clamp(thickness, kThinnest, kThickest)),
       tileColumns_((width + kTile - 1) >> kTileShift),
       tileRows_((height + kTile - 1) >> kTileShift),
       sums_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)),
       tiles_(static_cast<std::size_t>(tileColumns_) * static_cast<std::size_t>(tileRows_)) {}
-
-void LightBuffer::SetThickness(std::int32_t thickness) {
-    thickness_ = std::max(thickness, 256);
-}
 
 void LightBuffer::MarkTile(std::int32_t x, std::int32_t y) {
     const std::int32_t tile = (y >> kTileShift) * tileColumns_ + (x >> kTileShift);
@@ -79,6 +77,15 @@ void LightBuffer::Touch(std::int32_t x, std::int32_t y, Sum change) {
     // Out and in are the same numbers, so that the wrapping arithmetic is exact.
     const Sum sum = sums_[index] += change;
     pixels_[index] = Tone(sum >> 32) << 16 | Tone(sum >> 16) << 8 | Tone(sum);
+}
+
+// The tiles from end to end across the line, both included; a thick line has tiles in between.
+template <bool Steep>
+void LightBuffer::MarkTiles(std::int32_t along, std::int32_t from, std::int32_t to) {
+    for (std::int32_t across = from; across < to; across += kTile) {
+        MarkTile(Steep ? across : along, Steep ? along : across);
+    }
+    MarkTile(Steep ? to : along, Steep ? along : to);
 }
 
 template <bool Steep>
@@ -101,8 +108,7 @@ void LightBuffer::Draw(const Walk& walk, std::span<const Sum> changes) {
             }
         }
         if (from <= to) {
-            MarkTile(Steep ? from : along, Steep ? along : from);
-            MarkTile(Steep ? to : along, Steep ? along : to);
+            MarkTiles<Steep>(along, from, to);
         }
     }
 }

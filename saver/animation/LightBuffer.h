@@ -39,17 +39,21 @@ struct PixelRect {
 // through a curve that never quite reaches full white, so that crossings glow and none is a blot.
 class LightBuffer {
   public:
-    // `pixels` holds width * height values 0x00RRGGBB, top row first, is black and not owned.
-    LightBuffer(std::int32_t width, std::int32_t height, std::uint32_t* pixels);
+    // The thickness of lines, in the raster's measure: a pixel at least, 64 pixels at most; what
+    // lies beyond counts as the nearer of the two.
+    static constexpr std::int32_t kThinnest = 256;
+    static constexpr std::int32_t kThickest = 64 * 256;
 
-    // The thickness of lines put in from here on, in 256ths of a pixel. To be set before the first.
-    void SetThickness(std::int32_t thickness);
+    // `pixels` holds width * height values 0x00RRGGBB, top row first, is black and not owned.
+    LightBuffer(std::int32_t width, std::int32_t height, std::uint32_t* pixels,
+                std::int32_t thickness);
 
     // Replaces the light of a line: from black puts it in, to black takes it out. A line with an
     // end more than 16,000 pixels away is not drawn.
     void Change(const RasterLine& line, Colour from, Colour to);
 
-    // The parts of the picture that changed since the last call, without overlaps.
+    // The parts of the picture that changed since the last call, without overlaps: every pixel that
+    // has changed lies in one of them.
     [[nodiscard]] std::span<const PixelRect> TakeChanges();
 
   private:
@@ -60,6 +64,8 @@ class LightBuffer {
                                  std::int32_t acrossLength, std::int32_t size) const;
     void Touch(std::int32_t x, std::int32_t y, Sum change);
     void MarkTile(std::int32_t x, std::int32_t y);
+    template <bool Steep>
+    void MarkTiles(std::int32_t along, std::int32_t from, std::int32_t to);
     void TakeChangesOf(std::int32_t row);
     template <bool Steep>
     void Draw(const Walk& walk, std::span<const Sum> changes);
@@ -67,7 +73,7 @@ class LightBuffer {
     std::int32_t width_;
     std::int32_t height_;
     std::uint32_t* pixels_;
-    std::int32_t thickness_ = 256;
+    std::int32_t thickness_;
     std::int32_t tileColumns_;
     std::int32_t tileRows_;
     std::vector<Sum> sums_;

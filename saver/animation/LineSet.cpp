@@ -8,12 +8,17 @@ namespace ambrio {
 namespace {
 
 constexpr float kRasterUnits = 256;
+constexpr std::int32_t kThicknessTwips = 19;
 
 auto Key(Colour colour) {
     return std::tuple(colour.Red, colour.Green, colour.Blue);
 }
 
 }  // namespace
+
+std::int32_t LineSet::Thickness(std::int16_t pixelTwips) {
+    return kThicknessTwips * 256 / std::max<std::int32_t>(pixelTwips, 1);
+}
 
 LineSet::LineSet(std::int16_t pixelTwipsX, std::int16_t pixelTwipsY)
     : scaleX_(kRasterUnits / static_cast<float>(pixelTwipsX)),

@@ -13,6 +13,10 @@ namespace ambrio {
 // stays costs nothing.
 class LineSet {
   public:
+    // The thickness of lines in the raster's measure: a little more than a pixel of 96 dpi, at
+    // every dpi. 0 twips per pixel count as 1.
+    [[nodiscard]] static std::int32_t Thickness(std::int16_t pixelTwips);
+
     // Twips per pixel turn the lines' places into the buffer's.
     LineSet(std::int16_t pixelTwipsX, std::int16_t pixelTwipsY);
 

@@ -33,8 +33,22 @@ class LightBufferTest : public testing::Test {
         return std::all_of(pixels_.begin(), pixels_.end(), [](auto pixel) { return pixel == 0; });
     }
 
+    // The rows that a level line leaves light in, by how much: 0 to 255 of a white line.
+    [[nodiscard]] static std::vector<std::uint32_t> Profile(std::int32_t thickness) {
+        std::vector<std::uint32_t> pixels(std::size_t{kWidth} * kHeight);
+        LightBuffer buffer(kWidth, kHeight, pixels.data(), thickness);
+        buffer.Change({Units(10), Units(50.5), Units(30), Units(50.5)}, kDark, {255, 255, 255});
+        std::vector<std::uint32_t> rows;
+        for (std::int32_t y = 0; y < kHeight; ++y) {
+            if (const std::uint32_t pixel = pixels[IndexOf(20, y)]; pixel != 0) {
+                rows.push_back(pixel & 0xFF);
+            }
+        }
+        return rows;
+    }
+
     std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(std::size_t{kWidth} * kHeight);
-    LightBuffer buffer_{kWidth, kHeight, pixels_.data()};
+    LightBuffer buffer_{kWidth, kHeight, pixels_.data(), Units(1)};
 };
 
 TEST_F(LightBufferTest, ShowsALineFromEndToEndAndNothingElse) {
@@ -66,36 +80,78 @@ TEST_F(LightBufferTest, AddsLightWhereLinesCross) {
 
 TEST_F(LightBufferTest, IsBlackAgainWhenEveryLineIsTakenOutInAnyOrder) {
     Random random(11);
-    buffer_.SetThickness(400);
+    LightBuffer buffer(kWidth, kHeight, pixels_.data(), 400);
     std::vector<RasterLine> lines;
     for (int i = 0; i < 500; ++i) {
         const auto place = [&] { return Units(random.Between(-300, 400)); };
         lines.push_back({place(), place(), place(), place()});
-        buffer_.Change(lines.back(), kDark, {255, 255, 255});
+        buffer.Change(lines.back(), kDark, {255, 255, 255});
     }
     EXPECT_FALSE(IsBlack());
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        buffer_.Change(lines[i * 7 % lines.size()], {255, 255, 255}, kDark);
+        buffer.Change(lines[i * 7 % lines.size()], {255, 255, 255}, kDark);
     }
     EXPECT_TRUE(IsBlack());
 }
 
+TEST_F(LightBufferTest, ALineIsAsThickAsItIsToBe) {
+    const std::uint32_t full = Profile(Units(1)).front();
+    for (const int pixels : {1, 3, 9, 33, 63}) {
+        EXPECT_EQ(Profile(Units(pixels)), std::vector(static_cast<std::size_t>(pixels), full));
+    }
+    const std::vector<std::uint32_t> twoPixels = Profile(Units(2));
+    ASSERT_EQ(twoPixels.size(), 3U);
+    EXPECT_EQ(twoPixels[1], full);
+    EXPECT_EQ(twoPixels[0], twoPixels[2]);
+    EXPECT_LT(twoPixels[0], full);
+    EXPECT_EQ(Profile(-1), Profile(LightBuffer::kThinnest));
+    EXPECT_EQ(Profile(Units(1000)), Profile(LightBuffer::kThickest));
+}
+
+TEST_F(LightBufferTest, ASlantingLineIsAsThickAsALevelOne) {
+    LightBuffer buffer(kWidth, kHeight, pixels_.data(), Units(20));
+    buffer.Change({Units(30), Units(0), Units(130), Units(100)}, kDark, {255, 255, 255});
+    const std::uint32_t full = At(80, 50);
+    const auto row = pixels_.begin() + static_cast<std::ptrdiff_t>(IndexOf(0, 50));
+    // At 45 degrees a row meets 20 * 1.41 pixels of it.
+    EXPECT_NEAR(static_cast<double>(std::count(row, row + kWidth, full)), 28, 1.5);
+}
+
+TEST_F(LightBufferTest, LinesAreALittleThickerThanAPixelOf96DpiAtEveryDpi) {
+    EXPECT_EQ(LineSet::Thickness(15), 324);  // 96 dpi: 1.27 pixels
+    EXPECT_EQ(LineSet::Thickness(10), 486);  // 144 dpi
+    EXPECT_EQ(LineSet::Thickness(5), 972);   // 288 dpi
+    EXPECT_EQ(LineSet::Thickness(0), 4864);
+}
+
+// Whatever the lines and however thick they are: who copies the changed parts, and each of them
+// once, shows the whole picture.
 TEST_F(LightBufferTest, ToldAboutChangesCoversEveryChangedPixelOnce) {
-    EXPECT_TRUE(buffer_.TakeChanges().empty());
-    buffer_.Change({Units(3), Units(3), Units(180), Units(90)}, kDark, kLight);
-    std::vector<int> covered(pixels_.size());
-    for (const PixelRect& part : buffer_.TakeChanges()) {
-        for (std::int32_t y = part.Top; y < part.Bottom; ++y) {
-            for (std::int32_t x = part.Left; x < part.Right; ++x) {
-                ++covered.at(IndexOf(x, y));
+    Random random(7);
+    for (const double thickness : {1.0, 1.27, 5.0, 20.0, 33.0, 50.0, 64.0}) {
+        std::fill(pixels_.begin(), pixels_.end(), 0U);
+        LightBuffer buffer(kWidth, kHeight, pixels_.data(), Units(thickness));
+        EXPECT_TRUE(buffer.TakeChanges().empty());
+        for (int i = 0; i < 100; ++i) {
+            const std::vector<std::uint32_t> before = pixels_;
+            const auto place = [&] { return Units(random.Between(-50, 250)); };
+            buffer.Change({place(), place(), place(), place()}, kDark, kLight);
+            std::vector<int> covered(pixels_.size());
+            for (const PixelRect& part : buffer.TakeChanges()) {
+                for (std::int32_t y = part.Top; y < part.Bottom; ++y) {
+                    for (std::int32_t x = part.Left; x < part.Right; ++x) {
+                        ++covered.at(IndexOf(x, y));
+                    }
+                }
             }
+            for (std::size_t pixel = 0; pixel < pixels_.size(); ++pixel) {
+                ASSERT_LE(covered[pixel], 1) << thickness << ", pixel " << pixel;
+                ASSERT_TRUE(pixels_[pixel] == before[pixel] || covered[pixel] == 1)
+                    << thickness << ", pixel " << pixel;
+            }
+            EXPECT_TRUE(buffer.TakeChanges().empty());
         }
     }
-    for (std::size_t i = 0; i < pixels_.size(); ++i) {
-        ASSERT_LE(covered[i], 1) << i;
-        ASSERT_TRUE(pixels_[i] == 0 || covered[i] == 1) << i;
-    }
-    EXPECT_TRUE(buffer_.TakeChanges().empty());
 }
 
 TEST_F(LightBufferTest, IgnoresPointsAndWhatIsOutside) {

@@ -70,7 +70,7 @@ TEST(StringFigures, AreNeverAnEmptyScreenNorNoiseNorAFlatFill) {
                 continue;
             }
             std::vector<std::uint32_t> pixels(std::size_t{kWidth} * kHeight);
-            LightBuffer buffer(kWidth, kHeight, pixels.data());
+            LightBuffer buffer(kWidth, kHeight, pixels.data(), LineSet::Thickness(15));
             LineSet(15, 15).Show(figures.Lines(), buffer);
             const Coverage coverage = Measure(pixels);
             EXPECT_GT(coverage.Lit, 2) << "seed " << seed << ", step " << step;
