@@ -47,8 +47,8 @@ void frmProperties::Form_Load() {
     for (const int box : {IDC_TXT_SET, IDC_TXT_FOLDER_0, IDC_TXT_FOLDER_1}) {
         Send(box, EM_SETLIMITTEXT);
     }
-    for (const wchar_t* scheme : kSchemes) {
-        Send(IDC_LST_SCHEME, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(scheme));
+    for (const Scheme& scheme : kSchemes) {
+        Send(IDC_LST_SCHEME, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(scheme.Name));
     }
     const std::wstring& name = Context().CurrentSetName;
     SetCaption(PropertiesCaption(name));
@@ -99,7 +99,7 @@ void frmProperties::lstScheme_Notify(int notification) {
         // The box does not show the new entry yet.
         const LRESULT entry = Send(IDC_LST_SCHEME, CB_GETCURSEL);
         if (entry >= 0 && entry < static_cast<LRESULT>(kSchemes.size())) {
-            ApplySchemeText(kSchemes[static_cast<std::size_t>(entry)]);
+            ApplySchemeText(kSchemes[static_cast<std::size_t>(entry)].Name);
         }
     } else if (notification == CBN_EDITCHANGE || notification == CBN_KILLFOCUS) {
         ApplySchemeText(Text(IDC_LST_SCHEME));

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-
 namespace ambrio {
 
 // The sections and keys of the settings tree and the texts that stand in it. A Set's own section
@@ -39,9 +37,5 @@ inline constexpr const wchar_t* kNo = L"No";
 inline constexpr const wchar_t* kCopyTypeArchiveBit = L"ArchiveBit";
 inline constexpr const wchar_t* kCopyTypeReadOnly = L"ReadOnly";
 inline constexpr const wchar_t* kCopyTypeDateTime = L"Date/Time";
-
-// In the order of the dialog's list; the first leaves the rules to the user.
-inline constexpr std::array<const wchar_t*, 4> kSchemes = {L"Set my own", L"Duplication",
-                                                           L"Differential", L"Version Control"};
 
 }  // namespace ambrio

@@ -1,6 +1,6 @@
 #include "config/model/CopyRulesFrame.h"
 
-#include "settings/SettingKeys.h"
+#include "config/model/Schemes.h"
 
 namespace ambrio {
 
@@ -15,29 +15,17 @@ void SetCheckBoxes(CopyRulesFrame& rules) {
     }
 }
 
-void ChooseOption(CopyRulesFrame& rules, CopyTypeOption option) {
-    rules.Chosen = option;
-    SetCheckBoxes(rules);
-}
-
 void ApplyScheme(CopyRulesFrame& rules, const std::wstring& scheme) {
-    if (scheme == kSchemes[0]) {
-        rules.IsFrameEnabled = true;
+    const Scheme* known = FindScheme(scheme);
+    if (known == nullptr) {
         return;
     }
-    if (scheme == kSchemes[1]) {
-        ChooseOption(rules, CopyTypeOption::DateTime);
-    } else if (scheme == kSchemes[2]) {
-        ChooseOption(rules, CopyTypeOption::Archive);
-        rules.ClearArchive = false;
-        rules.DeleteCopyArchive = true;
-    } else if (scheme == kSchemes[3]) {
-        ChooseOption(rules, CopyTypeOption::ReadOnly);
-        rules.DeleteCopyReadOnly = true;
-    } else {
-        return;
+    const std::optional<SchemeRules>& fixed = known->Rules;
+    if (fixed) {
+        rules = {fixed->Option, fixed->ClearArchive, fixed->DeleteCopyArchive,
+                 fixed->DeleteCopyReadOnly};
     }
-    rules.IsFrameEnabled = false;
+    rules.IsFrameEnabled = !fixed;
 }
 
 }  // namespace ambrio

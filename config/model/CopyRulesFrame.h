@@ -25,10 +25,8 @@ struct CopyRulesFrame {
 // Unticks the check boxes that do not belong to the chosen option.
 void SetCheckBoxes(CopyRulesFrame& rules);
 
-// Chooses an option, as a click on it does.
-void ChooseOption(CopyRulesFrame& rules, CopyTypeOption option);
-
-// Applies the scheme of exactly that name; any other text changes nothing.
+// Applies the scheme of exactly that name (Schemes.h): sets its rules and locks the frame, or only
+// unlocks it where the rules are the user's. Any other text changes nothing.
 void ApplyScheme(CopyRulesFrame& rules, const std::wstring& scheme);
 
 }  // namespace ambrio

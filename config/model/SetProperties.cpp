@@ -1,7 +1,5 @@
 #include "config/model/SetProperties.h"
 
-#include <algorithm>
-
 #include "platform/Trim.h"
 #include "settings/Flags.h"
 
@@ -59,14 +57,14 @@ SetProperties LoadSetProperties(SettingsStore& settings, const std::wstring& nam
     properties.Destination = settings.GetSetting(name, kDestinationKey, L"");
     properties.Recursive = ReadFlag(settings, name, kRecursiveKey);
     properties.OverwriteReadOnly = ReadFlag(settings, name, kOverwriteReadOnlyKey);
-    const std::wstring scheme = settings.GetSetting(name, kSchemeKey, kSchemes[0]);
-    if (std::find(kSchemes.begin(), kSchemes.end(), scheme) != kSchemes.end()) {
+    const std::wstring scheme = settings.GetSetting(name, kSchemeKey, kOwnRules);
+    if (FindScheme(scheme) != nullptr) {
         properties.Scheme = scheme;
     }
     CopyRulesFrame& rules = properties.Rules;
     ApplyScheme(rules, properties.Scheme);
     // By what is stored, not by what is shown: an unknown scheme keeps the option of a new Set.
-    if (scheme == kSchemes[0]) {
+    if (scheme == kOwnRules) {
         rules.Chosen = OptionOf(settings.GetSetting(name, kCopyTypeKey, kCopyTypeDateTime));
     }
     SetCheckBoxes(rules);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "config/model/CopyRulesFrame.h"
+#include "config/model/Schemes.h"
 #include "platform/SettingsStore.h"
 #include "settings/SettingKeys.h"
 
@@ -16,7 +17,7 @@ struct SetProperties {
     std::wstring Destination;
     bool Recursive = false;
     bool OverwriteReadOnly = false;
-    std::wstring Scheme = kSchemes[0];  // the text of the box, which need not be a scheme's name
+    std::wstring Scheme = kOwnRules;  // the text of the box, which need not be a scheme's name
     CopyRulesFrame Rules;
 };
 

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <span>
+#include <string>
 #include <vector>
 
-#include "settings/SettingKeys.h"
+#include "config/model/Schemes.h"
 
 namespace ambrio {
 namespace {
@@ -50,6 +53,27 @@ TEST(CopyRulesFrame, SetMyOwnOnlyUnlocks) {
         CopyRulesFrame expected = before;
         expected.IsFrameEnabled = true;
         EXPECT_EQ(expected, rules);
+    }
+}
+
+// Whatever the state before, a scheme leads to rules of its own that the frame can show, and locks
+// them.
+TEST(CopyRulesFrame, EachSchemeButTheFirstHasRulesThatNoOtherHas) {
+    EXPECT_FALSE(kSchemes.front().Rules.has_value());
+    std::vector<CopyRulesFrame> seen;
+    for (const Scheme& scheme : std::span(kSchemes).subspan(1)) {
+        SCOPED_TRACE(testing::PrintToString(std::wstring(scheme.Name)));
+        ASSERT_TRUE(scheme.Rules.has_value());
+        const SchemeRules& fixed = *scheme.Rules;
+        EXPECT_NE(Option::None, fixed.Option);
+        const CopyRulesFrame rules{fixed.Option, fixed.ClearArchive, fixed.DeleteCopyArchive,
+                                   fixed.DeleteCopyReadOnly, false};
+        ExpectFromEveryState(scheme.Name, rules);
+        CopyRulesFrame shown = rules;
+        SetCheckBoxes(shown);
+        EXPECT_EQ(rules, shown) << "ticks a box of another option";
+        EXPECT_EQ(0, std::count(seen.begin(), seen.end(), rules));
+        seen.push_back(rules);
     }
 }
 

@@ -106,7 +106,8 @@ INSTANTIATE_TEST_SUITE_P(OfEachBox, PropertiesRoundTripTest, testing::ValuesIn(k
                          [](const auto& box) { return std::string(box.param.Name); });
 
 TEST_F(FormRoundTripTest, EachSchemeIsShownAndStored) {
-    for (const wchar_t* scheme : kSchemes) {
+    for (const Scheme& known : kSchemes) {
+        const wchar_t* scheme = known.Name;
         Put(L"S", kSchemeKey, scheme);
         Context.CurrentSetName = L"S";
         frmProperties form(Context);
