@@ -25,6 +25,9 @@ class FileSystemWorld {
     // The process that stands in the names of temporaries.
     [[nodiscard]] virtual std::uint32_t ProcessId() const = 0;
 
+    // The number of the code page in which its text files are written.
+    [[nodiscard]] virtual unsigned CodePage() const = 0;
+
     // Makes or replaces a file in a folder that exists.
     virtual void Write(const std::wstring& path, const std::string& content) = 0;
     [[nodiscard]] virtual std::string Read(const std::wstring& path) = 0;

@@ -1,3 +1,6 @@
+#include <optional>
+#include <string>
+
 #include "tests/conformance/FileSystemConformance.h"
 
 namespace ambrio {
@@ -14,7 +17,36 @@ TEST_P(FileSystemConformance, ALogIsMadeAndThenAppendedTo) {
     EXPECT_EQ("one\r\n\r\ntwo\r\n      <three>\r\n", World().Read(log));
 }
 
-TEST_P(FileSystemConformance, ALogLineHoldsWhatTheCodePageHas) {
+// The bytes of the lines "\u00E9", "\u20AC" and "\u6F22"; nothing for a code page that is not known
+// here.
+std::optional<std::string> BytesIn(unsigned codePage) {
+    switch (codePage) {
+        case 1250:  // Central European
+        case 1252:  // Western European
+        case 1254:  // Turkish
+            return "\xE9\r\n\x80\r\n?\r\n";
+        case 936:  // simplified Chinese
+            return "\xA8\xA6\r\n\x80\r\n\x9D\x68\r\n";
+        case 65001:  // UTF-8
+            return "\xC3\xA9\r\n\xE2\x82\xAC\r\n\xE6\xBC\xA2\r\n";
+        default:
+            return std::nullopt;
+    }
+}
+
+TEST_P(FileSystemConformance, ALogLineIsInTheCodePageOfTheSystem) {
+    const std::optional<std::string> expected = BytesIn(World().CodePage());
+    if (!expected) {
+        GTEST_SKIP() << "the bytes of code page " << World().CodePage() << " are not known here";
+    }
+    const std::wstring log = At(L"log");
+    for (const wchar_t* line : {L"\u00E9", L"\u20AC", L"\u6F22"}) {
+        Files().OpenForAppending(log)->WriteLine(line);
+    }
+    EXPECT_EQ(*expected, World().Read(log));
+}
+
+TEST_P(FileSystemConformance, ALogLineIsWrittenWholeWhateverItHolds) {
     const std::wstring log = NewFile(L"log", "old\r\n");
     const std::wstring longLine(10'000, L'x');
     {

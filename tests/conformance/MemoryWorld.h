@@ -14,6 +14,7 @@ class MemoryWorld : public FileSystemWorld {
     [[nodiscard]] std::wstring Root() const override { return kRoot; }
     [[nodiscard]] std::wstring AbsentDrive() const override { return L"Q:"; }
     [[nodiscard]] std::uint32_t ProcessId() const override { return files_.ProcessId; }
+    [[nodiscard]] unsigned CodePage() const override { return 1252; }
     void Write(const std::wstring& path, const std::string& content) override {
         files_.WriteFile(path, content);
     }

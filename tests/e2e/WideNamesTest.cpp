@@ -45,6 +45,18 @@ TEST_F(WideNamesTest, ShowsTheNamesInThePanelAsTheyAre) {
     EndByKey();
 }
 
+TEST_F(WideNamesTest, ShowsTheNamesInTheLogInTheCodePageOfTheSystem) {
+    if (GetACP() != 1252) {
+        GTEST_SKIP() << "this system's code page is not Western European but " << GetACP();
+    }
+    Source.AddFile(L"file.txt", "file");
+    WriteOneSet(L"Caf\u00E9 \u20AC \u6F22");
+    RunToTheEnd();
+    EndByKey();
+    const std::string log = ReadFileBytes(Folder.LogFile());
+    EXPECT_NE(log.find("\r\n'Caf\xE9 \x80 ?' start\r\n"), std::string::npos) << log;
+}
+
 TEST_F(WideNamesTest, CopiesTreesBeyondTheClassicPathLength) {
     std::wstring deep;
     while (deep.size() < 500) {

@@ -93,6 +93,10 @@ std::uint32_t Win32World::ProcessId() const {
     return GetCurrentProcessId();
 }
 
+unsigned Win32World::CodePage() const {
+    return GetACP();
+}
+
 void Win32World::Write(const std::wstring& path, const std::string& content) {
     const auto file = Open(path, GENERIC_WRITE, 0, CREATE_ALWAYS);
     DWORD written = 0;

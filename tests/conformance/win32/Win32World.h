@@ -17,6 +17,7 @@ class Win32World : public FileSystemWorld {
     [[nodiscard]] std::wstring Root() const override { return root_; }
     [[nodiscard]] std::wstring AbsentDrive() const override;
     [[nodiscard]] std::uint32_t ProcessId() const override;
+    [[nodiscard]] unsigned CodePage() const override;
     void Write(const std::wstring& path, const std::string& content) override;
     [[nodiscard]] std::string Read(const std::wstring& path) override;
     void SetTime(const std::wstring& path, FileSeconds time, std::uint32_t ticks) override;
