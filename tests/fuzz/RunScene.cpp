@@ -66,7 +66,7 @@ void RunScene::AddSurroundings() {
 }
 
 void RunScene::AddSet(const std::wstring& name) {
-    const Place place{L"C:\\From" + name, L"C:\\To" + name};
+    const Place place{L"C:\\From" + name, (OneIn(3) ? L"C:\\Far\\Off\\To" : L"C:\\To") + name};
     Bench.AddSet(name, place.Source, place.Destination);
     for (const wchar_t* key : {kOverwriteReadOnlyKey, kClearArchiveBitKey, kDeleteCopyArchiveBitKey,
                                kDeleteCopyReadOnlyKey}) {
@@ -164,7 +164,7 @@ std::vector<std::wstring> RunScene::PathsFor(FileOperation operation) {
         case FileOperation::CopyFile:
             return {source};
         case FileOperation::CreateFolder:
-            return {FolderOf(copy)};
+            return {FolderOf(copy), FolderOf(place.Destination)};
         case FileOperation::OpenForAppending:
         case FileOperation::WriteLine:
             return {EngineBench::LogFile()};
