@@ -1,4 +1,4 @@
-# Stops the configuration when a source file lies in a room but not in cmake/Sources.cmake, so that
+# Stops the configuration when a source file lies in a room but in no list of a Sources.cmake, so that
 # no test can be forgotten.
 
 file(GLOB_RECURSE found RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS
@@ -12,6 +12,6 @@ foreach(variable IN LISTS variables)
 endforeach()
 foreach(source IN LISTS found)
   if(NOT source IN_LIST listed)
-    message(FATAL_ERROR "${source} is built by no target: name it in cmake/Sources.cmake")
+    message(FATAL_ERROR "${source} is built by no target: name it in its room's Sources.cmake")
   endif()
 endforeach()
