@@ -27,7 +27,8 @@ Shape Turned(Shape shape, Point centre, double angle, double scale) {
 
 Shape Leaning(Shape shape, double base, double slope) {
     return [=, shape = std::move(shape)](Point p) {
-        return shape({p.X - (base - p.Y) * slope, p.Y});
+        const double x = p.X - (base - p.Y) * slope;
+        return shape({x, p.Y});
     };
 }
 

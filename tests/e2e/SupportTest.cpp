@@ -123,7 +123,7 @@ TEST(Holdings, CountMemoryThatIsWrittenTo) {
     const Holdings during = HoldingsOf(GetCurrentProcessId());
     VirtualFree(memory, 0, MEM_RELEASE);
     const Holdings after = HoldingsOf(GetCurrentProcessId());
-    for (const SIZE_T Holdings::*const figure : {&Holdings::PrivateBytes, &Holdings::WorkingSet}) {
+    for (const auto figure : {&Holdings::PrivateBytes, &Holdings::WorkingSet}) {
         EXPECT_GE(during.*figure, before.*figure + kSize - kTolerance);
         EXPECT_LE(during.*figure, before.*figure + kSize + kTolerance);
         EXPECT_LE(after.*figure, before.*figure + kTolerance);
