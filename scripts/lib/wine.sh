@@ -14,11 +14,11 @@
 
 WINE_USER_ID=1234
 
-# The server keeps its socket in TMPDIR and does not remove the folder that it makes for it.
+# Without TMPDIR: Wine 10 dies of it.
 wine_do() {
-    ${WINE_AS_USER[@]+"${WINE_AS_USER[@]}"} env HOME="$WINE_STAGE/home" WINEPREFIX="$WINE_STAGE/prefix" \
-        WINEARCH="$AMBRIO_PRESET" WINEDEBUG="${WINEDEBUG:--all}" DISPLAY="$WINE_DISPLAY" \
-        XDG_RUNTIME_DIR="$WINE_STAGE/home" TMPDIR="$WINE_STAGE/home" \
+    ${WINE_AS_USER[@]+"${WINE_AS_USER[@]}"} env -u TMPDIR HOME="$WINE_STAGE/home" \
+        WINEPREFIX="$WINE_STAGE/prefix" WINEARCH="$WINE_PREFIX_KIND" WINEDEBUG="${WINEDEBUG:--all}" \
+        DISPLAY="$WINE_DISPLAY" XDG_RUNTIME_DIR="$WINE_STAGE/home" \
         WINEDLLOVERRIDES="mscoree=;mshtml=" LC_ALL="${WINE_LOCALE:-C.UTF-8}" \
         "$@" </dev/null
 }
@@ -56,10 +56,31 @@ wine_own() {
     if [ ${#WINE_AS_USER[@]} -gt 0 ]; then chown -R "$WINE_USER_ID:$WINE_USER_ID" "$@"; fi
 }
 
+# A Wine that can makes a 64-bit Windows, where the 32-bit program is what it is on most machines: a
+# guest with system folders of its own. Older ones do that too, but at twice the cost in time and room.
+wine_prefix_kind() {
+    local version
+    version=$(env -u TMPDIR wine --version 2>/dev/null | grep -oE '[0-9]+' | head -n 1)
+    if [ "${version:-0}" -ge 9 ]; then echo win64; else echo "$AMBRIO_PRESET"; fi
+}
+
+# The server names the folder of its socket after the prefix, and does not remove it.
+wine_forget_server() {
+    local device file name folder
+    read -r device file < <(stat -c '%d %i' "$WINE_STAGE/prefix")
+    printf -v name 'server-%x-%x' "$device" "$file"
+    for folder in /run/user/*/wine/"$name" /tmp/wine-*/"$name"; do
+        [ -d "$folder" ] || continue
+        rm -rf "$folder"
+        rmdir "${folder%/*}" 2>/dev/null || true # unless another server has a folder there
+    done
+}
+
 wine_close() {
     if [ -d "$WINE_STAGE/prefix" ]; then
         wine_do wineserver -k >/dev/null 2>&1 || true
         wine_do wineserver -w >/dev/null 2>&1 || true
+        wine_forget_server
     fi
     if [ -n "${WINE_XVFB_PID:-}" ]; then
         kill "$WINE_XVFB_PID" 2>/dev/null || true
@@ -102,6 +123,7 @@ wine_open() {
     fi
     mkdir -p "$WINE_STAGE/home" "$WINE_STAGE/prefix" "$WINE_STAGE/programs"
     wine_own "$WINE_STAGE"
+    WINE_PREFIX_KIND=$(wine_prefix_kind)
     if [ -z "$WINE_DISPLAY" ] || [ "${1:-}" = unprivileged ]; then
         wine_start_display
     fi
