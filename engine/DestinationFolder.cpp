@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "engine/EngineTexts.h"
 #include "platform/RuntimeError.h"
 
 namespace ambrio {
@@ -42,11 +41,11 @@ AncestorStep CreateDeepestAncestor(FileSystem& fileSystem, const std::wstring& r
 }  // namespace
 
 bool MakeDestinationFolder(FileSystem& fileSystem, const std::wstring& rsDestnDir,
-                           std::wstring& action) {
+                           FolderAction& action) {
     bool wasCreated = false;
     std::optional<std::size_t> lastLength;
     while (!fileSystem.FolderExists(rsDestnDir)) {
-        action = kCreating;
+        action = FolderAction::Creating;
         if (wasCreated) {
             throw RuntimeError(ErrorNumber::PathFileAccessError);  // made, and yet not there
         }

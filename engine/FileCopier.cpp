@@ -84,7 +84,7 @@ bool FileCopier::IsToBeCopied(const File& file, const FileEntry& source) {
 }
 
 void FileCopier::RemoveCopy(const File& file) {
-    run_.Panel.SetCaption(PanelLabel::lblFile, file.Name + kRemovingCopy);
+    run_.Panel.SetCaption(PanelLabel::lblFile, RemovingCopy(file.Name));
     std::optional<RuntimeError> failure;
     try {
         run_.Files.DeleteFile(file.CopyPath, true);
@@ -97,13 +97,13 @@ void FileCopier::RemoveCopy(const File& file) {
     run_.Panel.SetCaption(PanelLabel::lblRemoved,
                           std::to_wstring(run_.State.CopiesRemoved - run_.State.RemoveErrors));
     if (failure) {
-        run_.Log.WriteLog(failure->LogText() + kWhileRemoving + PathLine(file.CopyPath), false);
+        run_.Log.WriteLog(CopyNotRemoved(*failure, file.CopyPath), false);
     }
 }
 
 void FileCopier::Copy(const File& file) {
     StartCopyDisplay();
-    run_.Panel.SetCaption(PanelLabel::lblFile, file.Name + kCopying);
+    run_.Panel.SetCaption(PanelLabel::lblFile, Copying(file.Name));
     file.Copies.Note(file.Name);
     ++run_.State.FilesCopied;  // attempts, as above; at once, so that no failure gets ahead of it
     {
@@ -114,7 +114,7 @@ void FileCopier::Copy(const File& file) {
             ClearArchiveBit(file);
         }
     }
-    run_.Panel.SetCaption(PanelLabel::lblFile, file.Name + kDone);
+    run_.Panel.SetCaption(PanelLabel::lblFile, Done(file.Name));
     run_.Panel.SetCaption(PanelLabel::lblcopied,
                           std::to_wstring(run_.State.FilesCopied - run_.State.CopyErrors));
 }
@@ -125,9 +125,7 @@ void FileCopier::CopyContent(const File& file) {
         run_.Files.CopyFile(file.Path, file.CopyPath, true, [this] { run_.Host.DoEvents(); });
     } catch (const RuntimeError& failure) {
         ++run_.State.CopyErrors;
-        run_.Log.WriteLog(
-            failure.LogText() + kWhileCopying + PathLine(file.Path) + ToPathLine(file.CopyPath),
-            false);
+        run_.Log.WriteLog(FileNotCopied(failure, file.Path, file.CopyPath), false);
     }
 }
 
@@ -137,14 +135,12 @@ void FileCopier::ClearArchiveBit(const File& file) {
         const FileAttributes attributes = run_.Files.GetFile(file.Path).Attributes;
         run_.Files.SetAttributes(file.Path, attributes & ~kAttributeArchive);
     } catch (const RuntimeError& failure) {
-        run_.Log.WriteLog(failure.LogText() + kWhileClearingArchiveBit + PathLine(file.Path),
-                          false);
+        run_.Log.WriteLog(ArchiveBitNotCleared(failure, file.Path), false);
     }
 }
 
 void FileCopier::InterruptRun(const RuntimeError& failure, const File& file) {
-    const std::wstring text =
-        failure.LogText() + kInCopyFile + PathLine(file.Path) + ToPathLine(file.CopyPath);
+    const std::wstring text = FileNotDecided(failure, file.Path, file.CopyPath);
     run_.State.FatalErrorText = text;
     run_.Signals.Interrupted = true;
     run_.Log.WriteLog(text, false);

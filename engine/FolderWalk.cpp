@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "engine/DestinationFolder.h"
-#include "engine/EngineTexts.h"
 #include "engine/LeftoverSweep.h"
 #include "engine/SourceListing.h"
 #include "engine/WalkedSet.h"
@@ -36,7 +35,7 @@ void FolderWalk::WalkFolder(const WalkedFolder& folder) {
         throw;
     } catch (const RuntimeError& failure) {
         ClearFsoStatus();
-        ReportFolder(failure, kAccessing, folder.Source());
+        ReportFolder(failure, FolderAction::Accessing, folder.Source());
     }
 }
 
@@ -50,7 +49,7 @@ void FolderWalk::BackUpFolder(const WalkedFolder& folder) {
     }
     if (preparation == Preparation::SourceMissing) {
         ++run_.State.FolderErrors;
-        run_.Log.WriteLog(kMissingFolder + folder.Source().Path() + kMissingFolderEnd, false);
+        run_.Log.WriteLog(FolderMissing(folder.Source().Path()), false);
     } else if (!CopyContents(folder, preparation == Preparation::DestinationMade)) {
         return;
     }
@@ -61,14 +60,15 @@ FolderWalk::Preparation FolderWalk::PrepareFolders(const WalkedFolder& folder) {
     const KnownFolder& source = folder.Source();
     const KnownFolder& destination = folder.Destination();
     bool isSourceThere = false;
-    if (!Try([&] { isSourceThere = run_.Files.FolderExists(source.Path()); }, kAccessing, source)) {
+    if (!Try([&] { isSourceThere = run_.Files.FolderExists(source.Path()); },
+             FolderAction::Accessing, source)) {
         return Preparation::Failed;
     }
     if (!isSourceThere) {
         return Preparation::SourceMissing;
     }
     bool wasMade = false;
-    std::wstring action = kAccessing;
+    FolderAction action = FolderAction::Accessing;
     if (!Try([&] { wasMade = MakeDestinationFolder(run_.Files, destination.Path(), action); },
              action, destination)) {
         return Preparation::Failed;
@@ -133,13 +133,13 @@ void FolderWalk::WalkSubFolders(const WalkedFolder& folder,
 
 bool FolderWalk::MayEnter(const WalkedFolder& subFolder, const FileEntry& entry) {
     bool may = false;
-    return Try([&] { may = subFolder.Set().Guard.MayEnter(subFolder, entry); }, kAccessing,
-               subFolder.Source()) &&
+    return Try([&] { may = subFolder.Set().Guard.MayEnter(subFolder, entry); },
+               FolderAction::Accessing, subFolder.Source()) &&
            may;
 }
 
 // `action` is read after the step, which may change it.
-bool FolderWalk::Try(const std::function<void()>& step, const std::wstring& action,
+bool FolderWalk::Try(const std::function<void()>& step, const FolderAction& action,
                      const KnownFolder& folder) {
     std::optional<RuntimeError> failure;
     try {
@@ -153,11 +153,10 @@ bool FolderWalk::Try(const std::function<void()>& step, const std::wstring& acti
     return !failure;
 }
 
-void FolderWalk::ReportFolder(const RuntimeError& failure, const std::wstring& action,
+void FolderWalk::ReportFolder(const RuntimeError& failure, FolderAction action,
                               const KnownFolder& folder) {
     ++run_.State.FolderErrors;
-    run_.Log.WriteLog(failure.LogText() + kWhile + action + kFolder + PathLine(folder.Path()),
-                      false);
+    run_.Log.WriteLog(FolderNotProcessed(failure, action, folder.Path()), false);
 }
 
 void FolderWalk::ShowFsoStatus(const std::wstring& caption) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/EngineTexts.h"
 #include "engine/FileCopier.h"
 #include "engine/RunContext.h"
 #include "engine/WalkedFolder.h"
@@ -40,10 +41,9 @@ class FolderWalk {
     void WalkSubFolders(const WalkedFolder& folder, const std::vector<FileEntry>& subFolders);
     bool MayEnter(const WalkedFolder& subFolder, const FileEntry& entry);
     // Reports the folder and gives false when the step fails.
-    bool Try(const std::function<void()>& step, const std::wstring& action,
+    bool Try(const std::function<void()>& step, const FolderAction& action,
              const KnownFolder& folder);
-    void ReportFolder(const RuntimeError& failure, const std::wstring& action,
-                      const KnownFolder& folder);
+    void ReportFolder(const RuntimeError& failure, FolderAction action, const KnownFolder& folder);
     void ShowFsoStatus(const std::wstring& caption);
     // Once only after a status was shown.
     void ClearFsoStatus();

@@ -6,7 +6,7 @@
 namespace ambrio {
 
 std::wstring LogPath(const Application& application, FileSystem& fileSystem) {
-    const std::wstring name = application.Title + kLogExtension;
+    const std::wstring name = LogName(application.Title);
     if (fileSystem.IsWritableFolder(application.ProgramFolder)) {
         return FileSystem::BuildPath(application.ProgramFolder, name);
     }

@@ -4,11 +4,19 @@
 
 #include "ProductVersion.h"
 #include "engine/EngineTexts.h"
-#include "engine/RunSummary.h"
-#include "platform/GeneralDate.h"
 #include "settings/GeneralOptions.h"
 
 namespace ambrio {
+namespace {
+
+std::wstring EndWordOf(const RunState& run, const RunSignals& signals) {
+    if (signals.Interrupted) {
+        return kInterrupted;
+    }
+    return run.HasFailures() ? kEnded : kCompleted;
+}
+
+}  // namespace
 
 RunDriver::RunDriver(const Application& application, FileSystem& fileSystem,
                      SettingsStore& settings, Clock& clock, StatusPanel& panel, RunHost& host,
@@ -54,11 +62,10 @@ void RunDriver::RunUntilSetsEnd() {
 }
 
 void RunDriver::Prepare() {
-    panel_.SetTitle(application_.Title + L" v" + std::to_wstring(AMBRIO_VERSION_MAJOR) + L"." +
-                    std::to_wstring(AMBRIO_VERSION_MINOR));
+    panel_.SetTitle(PanelTitle(application_.Title, AMBRIO_VERSION_MAJOR, AMBRIO_VERSION_MINOR));
     state_.LogOnlyErrors = ReadLogOnlyErrors(settings_);
-    panel_.OpenClip(application_.ProgramFolder + kClipName);
-    state_.RunStartLine = application_.Title + kStartWord + GeneralDateText(clock_.Now());
+    panel_.OpenClip(ClipPath(application_.ProgramFolder));
+    state_.RunStartLine = StartLine(application_.Title, clock_.Now());
 }
 
 // Wanted: whatever "ClearLogDaily" holds.
@@ -73,10 +80,10 @@ void RunDriver::ClearLogOnNewDay() {
 
 // A failure that nobody below could place ends the Sets but not the closing steps.
 void RunDriver::KeepFatalError(const RuntimeError& failure) {
-    std::wstring text = failure.LogText();
-    if (!sets_.CurrentSet().empty() && dynamic_cast<const LogFailure*>(&failure) == nullptr) {
-        text += kWhileProcessingSet + PathLine(sets_.CurrentSet());
-    }
+    const bool isOfTheSet =
+        !sets_.CurrentSet().empty() && dynamic_cast<const LogFailure*>(&failure) == nullptr;
+    const std::wstring text =
+        isOfTheSet ? SetNotProcessed(failure, sets_.CurrentSet()) : failure.LogText();
     AddFatalErrorText(text);
     signals_.Interrupted = true;
     try {
@@ -116,7 +123,7 @@ void RunDriver::WriteClosingBlock() {
         log_.WriteLog(UnprocessableFolders(state_), true);
     }
     EndWord_ = EndWordOf(state_, signals_);
-    log_.WriteLog(application_.Title + EndWord_ + GeneralDateText(clock_.Now()), true);
+    log_.WriteLog(EndLine(application_.Title, EndWord_, clock_.Now()), true);
     log_.WriteLog(kSeparatorLine, false);
 }
 

@@ -5,10 +5,6 @@
 
 namespace ambrio {
 
-LogFailure::LogFailure(const RuntimeError& cause, const std::wstring& action,
-                       const std::wstring& path)
-    : RuntimeError(cause.Number(), cause.Description() + action + PathLine(path)) {}
-
 RunLog::RunLog(FileSystem& fileSystem, const Application& application, const RunState& state)
     : fileSystem_(fileSystem), application_(application), state_(state) {}
 
@@ -28,7 +24,7 @@ void RunLog::WriteLog(const std::wstring& rsText, bool rbKeepOpen) {
         WriteLines(rsText);
     } catch (const RuntimeError& failure) {
         LogStream_.reset();
-        throw LogFailure(failure, kWhileWriting, path);
+        throw LogFailure(failure.Number(), LogNotWritten(failure, path));
     }
     // Closed around each single line, so that the file is whole when the program is killed.
     if (!rbKeepOpen) {
@@ -52,7 +48,7 @@ void RunLog::DeleteLog() {
             fileSystem_.DeleteFile(path, false);
         }
     } catch (const RuntimeError& failure) {
-        throw LogFailure(failure, kWhileDeleting, path);
+        throw LogFailure(failure.Number(), LogNotDeleted(failure, path));
     }
 }
 

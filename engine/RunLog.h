@@ -15,7 +15,7 @@ namespace ambrio {
 // of the file or folder in hand. Its description names what was done and the log's path.
 class LogFailure : public RuntimeError {
   public:
-    LogFailure(const RuntimeError& cause, const std::wstring& action, const std::wstring& path);
+    using RuntimeError::RuntimeError;
 };
 
 // The log of one run. What it is given must live longer.

@@ -5,8 +5,8 @@
 namespace ambrio {
 namespace {
 
-HandOver GiveUp(RunHost& host, const wchar_t* trouble, const std::wstring& name) {
-    host.ShowMessage(kTryingToStart + (kLineBreak + (trouble + name)), MessageIcon::None);
+HandOver GiveUp(RunHost& host, const std::wstring& trouble) {
+    host.ShowMessage(trouble, MessageIcon::None);
     host.UnloadForm();
     return HandOver::Stayed;
 }
@@ -18,17 +18,17 @@ HandOver StartSecondarySaver(FileSystem& fileSystem, RunHost& host, const std::w
     if (name.empty()) {
         return HandOver::Stayed;
     }
-    const std::wstring program = name + kScreenSaverExtension;
+    const std::wstring file = SaverFile(name);
     bool started = false;
-    if (fileSystem.FileExists(FileSystem::BuildPath(host.WindowsFolder(), program))) {
-        started = host.StartProgram(program + kStartInWindows, WindowState::Hidden);
-    } else if (fileSystem.FileExists(FileSystem::BuildPath(host.SystemFolder(), program))) {
-        started = host.StartProgram(program + kStartInSystem, WindowState::NormalFocus);
+    if (fileSystem.FileExists(FileSystem::BuildPath(host.WindowsFolder(), file))) {
+        started = host.StartProgram(StartSaverOfWindowsFolder(name), WindowState::Hidden);
+    } else if (fileSystem.FileExists(FileSystem::BuildPath(host.SystemFolder(), file))) {
+        started = host.StartProgram(StartSaverOfSystemFolder(name), WindowState::NormalFocus);
     } else {
-        return GiveUp(host, kCantFind, name);
+        return GiveUp(host, SaverNotFound(name));
     }
     if (!started) {
-        return GiveUp(host, kCantRun, name);
+        return GiveUp(host, SaverNotStarted(name));
     }
     // Wanted: the box waits behind the other screen saver until the user is back.
     host.ShowMessage(EndWord, MessageIcon::None);

@@ -38,12 +38,12 @@ void SetLoop::RunSet(const std::wstring& Name) {
     run_.Panel.SetCaption(PanelLabel::lblSet, Name);
     const std::optional<BackupSet> set = LoadBackupSet(settings_, Name);
     if (set) {
-        LogSetLine(Name, kSetStart);
+        LogSetLine(SetStarts(Name));
         walk_.CopyFiles(set->rsSourceDir, set->rsDestnDir, set->rbRecursive, set->rsCopyType,
                         set->rbClearArchive, set->rbDeleteCopy, set->rbOverwriteReadOnly);
-        LogSetLine(Name, kSetComplete);  // wanted: after an interrupt too
+        LogSetLine(SetIsComplete(Name));  // wanted: after an interrupt too
     } else {
-        LogSetLine(Name, kSetNotSelected);
+        LogSetLine(SetIsNotSelected(Name));
     }
     for (const PanelLabel label :
          {PanelLabel::lblSet, PanelLabel::lblSource, PanelLabel::lblDest}) {
@@ -52,18 +52,16 @@ void SetLoop::RunSet(const std::wstring& Name) {
     currentSet_.clear();
 }
 
-void SetLoop::LogSetLine(const std::wstring& Name, const wchar_t* word) {
+void SetLoop::LogSetLine(const std::wstring& line) {
     if (!run_.State.LogOnlyErrors) {
-        run_.Log.WriteLog(L"'" + Name + L"'" + word, false);
+        run_.Log.WriteLog(line, false);
     }
 }
 
 void SetLoop::ShowEndOfList() {
-    std::wstring errorText;
-    if (run_.State.HasFailures()) {
-        errorText = kErrorsReported + (kLineBreak + (kSee + run_.Log.Path()));
-    }
-    run_.Panel.SetCaption(PanelLabel::lblSet, kAllSetsProcessed + errorText);
+    run_.Panel.SetCaption(PanelLabel::lblSet, run_.State.HasFailures()
+                                                  ? AllSetsProcessedWithErrors(run_.Log.Path())
+                                                  : kAllSetsProcessed);
     run_.Panel.SetCaption(PanelLabel::lblFile, L"");
 }
 

@@ -23,7 +23,8 @@ class SetLoop {
   private:
     void RunSet(const std::wstring& Name);
     void ShowEndOfList();
-    void LogSetLine(const std::wstring& Name, const wchar_t* word);
+    // Unless only errors are to be logged.
+    void LogSetLine(const std::wstring& line);
 
     const RunContext run_;
     SettingsStore& settings_;

@@ -2,6 +2,7 @@ set(ENGINE_SOURCES
     engine/CopyRule.cpp
     engine/DestinationFolder.cpp
     engine/DestinationListing.cpp
+    engine/EngineTexts.cpp
     engine/FileCopier.cpp
     engine/FolderGuard.cpp
     engine/FolderWalk.cpp
@@ -10,7 +11,6 @@ set(ENGINE_SOURCES
     engine/LogPath.cpp
     engine/RunDriver.cpp
     engine/RunLog.cpp
-    engine/RunSummary.cpp
     engine/SecondarySaver.cpp
     engine/SetLoop.cpp
     engine/SourceListing.cpp

@@ -53,13 +53,14 @@ void FuzzDestinationFolder(FuzzInput input) {
     const bool isReliable = input.Bool();
     Unreliable unreliable(files, input);
     FileSystem& seen = isReliable ? static_cast<FileSystem&>(files) : unreliable;
-    std::wstring action = L"accessing";
+    FolderAction action = FolderAction::Accessing;
     try {
         const bool wasMade = MakeDestinationFolder(seen, path, action);
         Require(files.FolderExists(path), "what is made is there");
-        Require(unreliable.HasLied || wasMade == (action == L"creating"), "the action is told");
+        Require(unreliable.HasLied || wasMade == (action == FolderAction::Creating),
+                "the action is told");
     } catch (const RuntimeError&) {
-        Require(action == L"creating", "only making can fail");
+        Require(action == FolderAction::Creating, "only making can fail");
         Require(unreliable.HasLied || !files.FolderExists(path), "what is there is no failure");
     }
     Require(files.FolderExists(L"C:\\There") && files.FileExists(L"C:\\File"), "the rest stays");

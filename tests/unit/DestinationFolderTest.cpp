@@ -23,13 +23,13 @@ class DestinationFolderTest : public testing::Test {
     }
 
     MemoryFileSystem Files;
-    std::wstring Action = L"accessing";
+    FolderAction Action = FolderAction::Accessing;
 };
 
 TEST_F(DestinationFolderTest, AnExistingFolderIsLeftAndNothingIsBeingCreated) {
     Files.MakeFolder(L"C:\\There");
     EXPECT_FALSE(Make(L"C:\\There"));
-    EXPECT_EQ(Action, L"accessing");
+    EXPECT_EQ(Action, FolderAction::Accessing);
 }
 
 TEST_F(DestinationFolderTest, ThreeMissingLevelsAreMadeOneAPass) {
@@ -45,12 +45,12 @@ TEST_F(DestinationFolderTest, ThreeMissingLevelsAreMadeOneAPass) {
                            L"C:\\a\\b\\c", L"C:\\a\\b",            // the second
                            L"C:\\a\\b\\c"}));                      // the third
     EXPECT_TRUE(Files.FolderExists(L"C:\\a\\b\\c"));
-    EXPECT_EQ(Action, L"creating");
+    EXPECT_EQ(Action, FolderAction::Creating);
 }
 
 TEST_F(DestinationFolderTest, ADriveThatDoesNotExistFailsAfterTheWholeScan) {
     EXPECT_EQ(ErrorOf(Files, L"Q:\\a\\b"), ErrorNumber::PathNotFound);
-    EXPECT_EQ(Action, L"creating");
+    EXPECT_EQ(Action, FolderAction::Creating);
 }
 
 TEST_F(DestinationFolderTest, AFileInTheWayIsReported) {
