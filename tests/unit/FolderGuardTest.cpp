@@ -58,6 +58,15 @@ TEST_F(FolderGuardTest, ALinkToAFolderBeingFilledIsNotWalked) {
     EXPECT_FALSE(Exists(L"C:\\Backup\\Sub\\Link"));
 }
 
+// Before the run the link leads nowhere.
+TEST_F(FolderGuardTest, ALinkToAFolderThatTheWalkHasMadeIsNotWalked) {
+    File(L"C:\\Data\\Sub\\a");
+    Bench.Files.MakeLink(L"C:\\Data\\Sub\\Link", L"C:\\Backup\\Sub", ToFolder);
+    Run(L"C:\\Data", L"C:\\Backup");
+    EXPECT_TRUE(Exists(L"C:\\Backup\\Sub\\a"));
+    EXPECT_FALSE(Exists(L"C:\\Backup\\Sub\\Link"));
+}
+
 TEST_F(FolderGuardTest, ALinkThatLeadsBackToAFolderBeingWalkedIsNotWalked) {
     File(L"C:\\Data\\Sub\\a");
     Bench.Files.MakeLink(L"C:\\Data\\Sub\\Up", L"C:\\Data", MountPoint);

@@ -8,6 +8,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/ColourWalkTest.cpp
     tests/unit/CommandSwitchTest.cpp
     tests/unit/ContrastTest.cpp
+    tests/unit/CopyFilesTest.cpp
     tests/unit/CopyRulesFrameTest.cpp
     tests/unit/CopyRuleTableTest.cpp
     tests/unit/DateTimeTest.cpp
