@@ -96,6 +96,25 @@ TEST_F(FolderWalkTest, AnEmptySourceShowsThatItsListIsBuiltAndHandsNothingOver) 
     EXPECT_TRUE(Bench.Files.FolderExists(L"C:\\To"));
 }
 
+// Each change of a caption is painted at once, which costs more than to look whether it is one.
+TEST_F(FolderWalkTest, TheStatusIsClearedForTheFirstOfManyAndNotForEach) {
+    Files({L"a", L"b", L"c", L"one\\d", L"two\\e"});
+    Bench.Run();
+    Lines shown;
+    for (const std::wstring& event : Bench.Panel.Events) {
+        if (event.starts_with(L"lblfsoStatus=")) {
+            shown.push_back(event);
+        }
+    }
+    const std::wstring cleared = L"lblfsoStatus=";
+    const Lines ofASubfolder = {kBuildingFiles, cleared, cleared, kBuildingFolders, cleared};
+    Lines all = {kBuildingFiles, cleared, cleared, kBuildingFolders, cleared};
+    all.insert(all.end(), ofASubfolder.begin(), ofASubfolder.end());
+    all.insert(all.end(), ofASubfolder.begin(), ofASubfolder.end());
+    all.push_back(cleared);
+    EXPECT_EQ(shown, all);
+}
+
 TEST_F(FolderWalkTest, ASetThatIsNotRecursiveIgnoresSubfolders) {
     Bench.Set(L"S", kRecursiveKey, kNo);
     Files({L"a", L"sub\\b"});
