@@ -1,5 +1,6 @@
 #include "engine/FileCopier.h"
 
+#include "engine/Counted.h"
 #include "engine/EngineTexts.h"
 
 namespace ambrio {
@@ -85,36 +86,37 @@ bool FileCopier::IsToBeCopied(const File& file, const FileEntry& source) {
 
 void FileCopier::RemoveCopy(const File& file) {
     run_.Panel.SetCaption(PanelLabel::lblFile, RemovingCopy(file.Name));
-    std::optional<RuntimeError> failure;
-    try {
-        run_.Files.DeleteFile(file.CopyPath, true);
-    } catch (const RuntimeError& error) {
-        failure = error;
-        ++run_.State.RemoveErrors;
+    {
+        // Attempts; the failed ones are subtracted where they are shown.
+        const Counted attempt(run_.State.CopiesRemoved);
+        file.Copies.Forget(file.Name);
+        try {
+            run_.Files.DeleteFile(file.CopyPath, true);
+        } catch (const RuntimeError& failure) {
+            const Counted error(run_.State.RemoveErrors);
+            run_.Log.WriteLog(CopyNotRemoved(failure, file.CopyPath), false);
+        }
     }
-    file.Copies.Forget(file.Name);
-    ++run_.State.CopiesRemoved;  // attempts; the failed ones are subtracted where they are shown
     run_.Panel.SetCaption(PanelLabel::lblRemoved,
                           std::to_wstring(run_.State.CopiesRemoved - run_.State.RemoveErrors));
-    if (failure) {
-        run_.Log.WriteLog(CopyNotRemoved(*failure, file.CopyPath), false);
-    }
 }
 
 void FileCopier::Copy(const File& file) {
     StartCopyDisplay();
     run_.Panel.SetCaption(PanelLabel::lblFile, Copying(file.Name));
     file.Copies.Note(file.Name);
-    ++run_.State.FilesCopied;  // attempts, as above; at once, so that no failure gets ahead of it
     {
-        const Raised inProgress(run_.Signals.CopyInProgress);
-        CopyContent(file);
-        // Wanted: the bit is cleared after a failed copy too.
-        if (file.Set().ClearsArchiveBit) {
-            ClearArchiveBit(file);
+        const Counted attempt(run_.State.FilesCopied);  // as above
+        {
+            const Raised inProgress(run_.Signals.CopyInProgress);
+            CopyContent(file);
+            // Wanted: the bit is cleared after a failed copy too.
+            if (file.Set().ClearsArchiveBit) {
+                ClearArchiveBit(file);
+            }
         }
+        run_.Panel.SetCaption(PanelLabel::lblFile, Done(file.Name));
     }
-    run_.Panel.SetCaption(PanelLabel::lblFile, Done(file.Name));
     run_.Panel.SetCaption(PanelLabel::lblcopied,
                           std::to_wstring(run_.State.FilesCopied - run_.State.CopyErrors));
 }
@@ -124,7 +126,7 @@ void FileCopier::CopyContent(const File& file) {
         // A long copy must not make the windows look dead.
         run_.Files.CopyFile(file.Path, file.CopyPath, true, [this] { run_.Host.DoEvents(); });
     } catch (const RuntimeError& failure) {
-        ++run_.State.CopyErrors;
+        const Counted error(run_.State.CopyErrors);
         run_.Log.WriteLog(FileNotCopied(failure, file.Path, file.CopyPath), false);
     }
 }

@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "engine/Counted.h"
 #include "engine/DestinationFolder.h"
 #include "engine/LeftoverSweep.h"
 #include "engine/SourceListing.h"
@@ -48,7 +49,7 @@ void FolderWalk::BackUpFolder(const WalkedFolder& folder) {
         return;
     }
     if (preparation == Preparation::SourceMissing) {
-        ++run_.State.FolderErrors;
+        const Counted error(run_.State.FolderErrors);
         run_.Log.WriteLog(FolderMissing(folder.Source().Path()), false);
     } else if (!CopyContents(folder, preparation == Preparation::DestinationMade)) {
         return;
@@ -155,7 +156,7 @@ bool FolderWalk::Try(const std::function<void()>& step, const FolderAction& acti
 
 void FolderWalk::ReportFolder(const RuntimeError& failure, FolderAction action,
                               const KnownFolder& folder) {
-    ++run_.State.FolderErrors;
+    const Counted error(run_.State.FolderErrors);
     run_.Log.WriteLog(FolderNotProcessed(failure, action, folder.Path()), false);
 }
 

@@ -18,26 +18,33 @@ class RecordingHost : public RunHost {
         }
     }
     void ShowMessage(const std::wstring& text, MessageIcon icon) override {
-        Actions.push_back((icon == MessageIcon::CriticalStop ? L"stop box " : L"box ") + text);
+        Note((icon == MessageIcon::CriticalStop ? L"stop box " : L"box ") + text);
     }
     std::wstring WindowsFolder() override { return L"C:\\Windows"; }
     std::wstring SystemFolder() override { return L"C:\\Windows\\System32"; }
     bool StartProgram(const std::wstring& commandLine, WindowState state) override {
-        Actions.push_back((state == WindowState::Hidden ? L"start hidden " : L"start normal ") +
-                          commandLine);
+        Note((state == WindowState::Hidden ? L"start hidden " : L"start normal ") + commandLine);
         return Starts;
     }
-    void ShowPointer() override { Actions.emplace_back(L"show pointer"); }
-    void LeaveTopmost() override { Actions.emplace_back(L"leave topmost"); }
+    void ShowPointer() override { Note(L"show pointer"); }
+    void LeaveTopmost() override { Note(L"leave topmost"); }
     [[nodiscard]] bool IsEndTimerEnabled() const override { return EndTimerEnabled; }
-    void UnloadForm() override { Actions.emplace_back(L"unload"); }
-    void End() override { Actions.emplace_back(L"end"); }
+    void UnloadForm() override { Note(L"unload"); }
+    void End() override { Note(L"end"); }
+
+    void Note(const std::wstring& action) {
+        Actions.push_back(action);
+        if (OnAction) {
+            OnAction(action);
+        }
+    }
 
     std::function<void(int)> OnDoEvents;  // gets the number of the call, from 1
     int EventCount = 0;
     bool Starts = true;
     bool EndTimerEnabled = false;
     std::vector<std::wstring> Actions;
+    std::function<void(const std::wstring&)> OnAction;  // gets each of them as it comes
 };
 
 }  // namespace ambrio

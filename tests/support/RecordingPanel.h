@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -21,16 +22,16 @@ class RecordingPanel : public StatusPanel {
 
     void SetCaption(PanelLabel label, const std::wstring& caption) override {
         Captions[label] = caption;
-        Events.push_back(NameOf(label) + L"=" + caption);
+        Note(NameOf(label) + L"=" + caption);
     }
     [[nodiscard]] const std::wstring& Caption(PanelLabel label) const { return Captions.at(label); }
-    void SetTitle(const std::wstring& caption) override { Events.push_back(L"title=" + caption); }
-    void OpenClip(const std::wstring& path) override { Events.push_back(L"open " + path); }
-    void PlayClip() override { Events.emplace_back(L"play"); }
-    void StopClip() override { Events.emplace_back(L"stop"); }
-    void CloseClip() override { Events.emplace_back(L"close"); }
-    void ShowCopyFrame(bool visible) override { Events.emplace_back(visible ? L"show" : L"hide"); }
-    void MatchCopyFrameColour() override { Events.emplace_back(L"colour"); }
+    void SetTitle(const std::wstring& caption) override { Note(L"title=" + caption); }
+    void OpenClip(const std::wstring& path) override { Note(L"open " + path); }
+    void PlayClip() override { Note(L"play"); }
+    void StopClip() override { Note(L"stop"); }
+    void CloseClip() override { Note(L"close"); }
+    void ShowCopyFrame(bool visible) override { Note(visible ? L"show" : L"hide"); }
+    void MatchCopyFrameColour() override { Note(L"colour"); }
 
     [[nodiscard]] auto Count(const std::wstring& event) const {
         return std::count(Events.begin(), Events.end(), event);
@@ -45,8 +46,16 @@ class RecordingPanel : public StatusPanel {
         return names.at(label);
     }
 
+    void Note(const std::wstring& event) {
+        Events.push_back(event);
+        if (OnEvent) {
+            OnEvent(event);
+        }
+    }
+
     std::map<PanelLabel, std::wstring> Captions;
-    std::vector<std::wstring> Events;  // "lblSet=Letters", "play", "show", ...
+    std::vector<std::wstring> Events;                  // "lblSet=Letters", "play", "show", ...
+    std::function<void(const std::wstring&)> OnEvent;  // gets each of them as it comes
 };
 
 }  // namespace ambrio

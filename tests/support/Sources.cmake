@@ -11,6 +11,7 @@ set(TEST_SUPPORT_SOURCES
     tests/support/MemoryPath.cpp
     tests/support/NameFolding.cpp
     tests/support/ObservedFileSystem.cpp
+    tests/support/RunEvents.cpp
     tests/support/TestCodePage.cpp
     tests/support/WatchedRun.cpp
 )

@@ -41,6 +41,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/RoundingTest.cpp
     tests/unit/RunDriverTest.cpp
     tests/unit/RunLogTest.cpp
+    tests/unit/RunOrderTest.cpp
     tests/unit/RuntimeErrorTest.cpp
     tests/unit/SecondarySaversTest.cpp
     tests/unit/SetListModelTest.cpp
