@@ -1,6 +1,6 @@
 #include "engine/DestinationListing.h"
 
-#include "engine/SourceListing.h"
+#include "engine/ListingYield.h"
 #include "platform/RuntimeError.h"
 #include "platform/TemporaryName.h"
 
@@ -13,12 +13,11 @@ void DestinationListing::Fetch(RunHost& host, const RunSignals& signals) {
     try {
         const std::unique_ptr<FolderReader> reader =
             fileSystem_.GetFolder(folder_.Destination().Path());
+        ListingYield yield(host);
         FileEntry entry;
-        for (int count = 1; reader->Next(entry); ++count) {
+        while (reader->Next(entry)) {
             Add(entry);
-            if (count % kEntriesBetweenYields == 0) {
-                host.DoEvents();
-            }
+            yield.CountEntry();
             if (signals.Interrupted) {
                 ForgetAll();
                 return;

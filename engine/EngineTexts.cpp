@@ -1,5 +1,6 @@
 #include "engine/EngineTexts.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "platform/GeneralDate.h"
@@ -10,16 +11,28 @@ namespace {
 constexpr const wchar_t* kUnprocessableFolders =
     L" folders (and their sub-folders) were unprocessable.";
 
-// A path or name in angle brackets on a line of its own.
+bool BreaksLines(wchar_t c) {
+    return c < L' ' || (c >= L'\x7f' && c < L'\xa0') || c == L'\u2028' || c == L'\u2029';
+}
+
+// A path or name in angle brackets, all on one line: whoever named a folder must not write lines of
+// his own into the log.
+std::wstring InBrackets(std::wstring path) {
+    std::replace_if(path.begin(), path.end(), BreaksLines, L'?');
+    return L"<" + path + L">";
+}
+
+// On a line of its own.
 std::wstring PathLine(const std::wstring& path) {
-    return kLineBreak + (L"      <" + path) + L">";
+    return kLineBreak + (L"      " + InBrackets(path));
 }
 
 std::wstring PathLines(const std::wstring& source, const std::wstring& copy) {
-    return PathLine(source) + kLineBreak + L"   to <" + copy + L">";
+    return PathLine(source) + kLineBreak + L"   to " + InBrackets(copy);
 }
 
-std::wstring Quoted(const std::wstring& set) {
+std::wstring Quoted(std::wstring set) {
+    std::replace_if(set.begin(), set.end(), BreaksLines, L'?');
     return L"'" + set + L"'";
 }
 
@@ -73,7 +86,7 @@ std::wstring FileNotDecided(const RuntimeError& failure, const std::wstring& sou
 }
 
 std::wstring FolderMissing(const std::wstring& folder) {
-    return L"Error <" + folder + L"> does not exist.";
+    return L"Error " + InBrackets(folder) + L" does not exist.";
 }
 
 std::wstring FolderNotProcessed(const RuntimeError& failure, FolderAction action,

@@ -6,8 +6,10 @@
 #include "engine/Counted.h"
 #include "engine/DestinationFolder.h"
 #include "engine/LeftoverSweep.h"
-#include "engine/SourceListing.h"
+#include "engine/ListingYield.h"
 #include "engine/WalkedSet.h"
+#include "platform/PlainName.h"
+#include "platform/TemporaryName.h"
 #include "settings/BackupSet.h"
 
 namespace ambrio {
@@ -36,7 +38,7 @@ void FolderWalk::WalkFolder(const WalkedFolder& folder) {
         throw;
     } catch (const RuntimeError& failure) {
         ClearFsoStatus();
-        ReportFolder(failure, FolderAction::Accessing, folder.Source());
+        ReportFolder(failure, FolderAction::Accessing, folder.Source().Path());
     }
 }
 
@@ -80,43 +82,60 @@ FolderWalk::Preparation FolderWalk::PrepareFolders(const WalkedFolder& folder) {
 // False when the run was interrupted among the files. Only they look at that: the walk goes on with
 // the remaining subfolders above, makes each one and hands over its first file. Wanted so.
 bool FolderWalk::CopyContents(const WalkedFolder& folder, bool isNew) {
-    const bool isRecursive = folder.Set().Record.rbRecursive;
     ShowFsoStatus(kBuildingFileList);
-    SourceListing source = FetchSourceListing(run_.Files, run_.Host, run_.Signals,
-                                              folder.Source().Path(), isRecursive);
-    if (!CopyListedFiles(folder, isNew, source.Files)) {
+    std::vector<FileEntry> subFolders;
+    if (!CopyListedFiles(folder, isNew, subFolders)) {
         return false;
-    }
-    if (source.BrokenOff) {
-        throw RuntimeError(*source.BrokenOff);
     }
     ShowFsoStatus(L"");
     run_.Panel.SetCaption(PanelLabel::lblFile, L"");
-    source.Files = {};  // before going deeper
-    if (isRecursive) {
-        WalkSubFolders(folder, source.SubFolders);
+    if (folder.Set().Record.rbRecursive) {
+        WalkSubFolders(folder, subFolders);
     }
     return true;
 }
 
+// Each file is handed over as the listing yields it, so that little time passes in which it can
+// vanish; the subfolders wait until the listing is closed.
 bool FolderWalk::CopyListedFiles(const WalkedFolder& folder, bool isNew,
-                                 const std::vector<std::wstring>& files) {
+                                 std::vector<FileEntry>& subFolders) {
+    const std::unique_ptr<FolderReader> listing = run_.Files.GetFolder(folder.Source().Path());
     DestinationListing destination(run_.Files, folder);
     if (isNew) {
         destination.KnowEmpty();
     } else if (!run_.Signals.Interrupted) {
         destination.Fetch(run_.Host, run_.Signals);
-        SweepLeftovers(run_.Files, destination, files);
+        SweepLeftovers(run_.Files, destination);
     }
-    for (const std::wstring& name : files) {
-        ClearFsoStatus();
-        copier_.CopyFile(name, destination);
-        run_.Host.DoEvents();
-        if (run_.Signals.Interrupted) {
+    ListingYield yield(run_.Host);
+    FileEntry entry;
+    while (listing->Next(entry)) {
+        if (!IsPlainName(entry.Name)) {
+            ReportFolder(RuntimeError(ErrorNumber::BadFileNameOrNumber), FolderAction::Accessing,
+                         FileSystem::BuildPath(folder.Source().Path(), entry.Name));
+        } else if (entry.IsFolder()) {
+            yield.CountEntry();
+            if (folder.Set().Record.rbRecursive) {
+                subFolders.push_back(entry);
+            }
+        } else if (!IsOwnTemporary(entry.Name, destination) && !HandOver(entry.Name, destination)) {
             return false;
         }
     }
     return true;
+}
+
+// In a folder that is copied to itself.
+bool FolderWalk::IsOwnTemporary(const std::wstring& name, const DestinationListing& destination) {
+    return IsTemporaryName(name) && destination.IsSourceItself();
+}
+
+// False when the run is interrupted.
+bool FolderWalk::HandOver(const std::wstring& name, DestinationListing& destination) {
+    ClearFsoStatus();
+    copier_.CopyFile(name, destination);
+    run_.Host.DoEvents();
+    return !run_.Signals.Interrupted;
 }
 
 void FolderWalk::WalkSubFolders(const WalkedFolder& folder,
@@ -149,15 +168,15 @@ bool FolderWalk::Try(const std::function<void()>& step, const FolderAction& acti
         failure = error;
     }
     if (failure) {
-        ReportFolder(*failure, action, folder);
+        ReportFolder(*failure, action, folder.Path());
     }
     return !failure;
 }
 
 void FolderWalk::ReportFolder(const RuntimeError& failure, FolderAction action,
-                              const KnownFolder& folder) {
+                              const std::wstring& path) {
     const Counted error(run_.State.FolderErrors);
-    run_.Log.WriteLog(FolderNotProcessed(failure, action, folder.Path()), false);
+    run_.Log.WriteLog(FolderNotProcessed(failure, action, path), false);
 }
 
 void FolderWalk::ShowFsoStatus(const std::wstring& caption) {

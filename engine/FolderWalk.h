@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/DestinationListing.h"
 #include "engine/EngineTexts.h"
 #include "engine/FileCopier.h"
 #include "engine/RunContext.h"
@@ -37,13 +38,15 @@ class FolderWalk {
     Preparation PrepareFolders(const WalkedFolder& folder);
     bool CopyContents(const WalkedFolder& folder, bool isNew);
     bool CopyListedFiles(const WalkedFolder& folder, bool isNew,
-                         const std::vector<std::wstring>& files);
+                         std::vector<FileEntry>& subFolders);
+    static bool IsOwnTemporary(const std::wstring& name, const DestinationListing& destination);
+    bool HandOver(const std::wstring& name, DestinationListing& destination);
     void WalkSubFolders(const WalkedFolder& folder, const std::vector<FileEntry>& subFolders);
     bool MayEnter(const WalkedFolder& subFolder, const FileEntry& entry);
     // Reports the folder and gives false when the step fails.
     bool Try(const std::function<void()>& step, const FolderAction& action,
              const KnownFolder& folder);
-    void ReportFolder(const RuntimeError& failure, FolderAction action, const KnownFolder& folder);
+    void ReportFolder(const RuntimeError& failure, FolderAction action, const std::wstring& path);
     void ShowFsoStatus(const std::wstring& caption);
     // Once only after a status was shown.
     void ClearFsoStatus();

@@ -1,19 +1,27 @@
 #include "engine/LeftoverSweep.h"
 
-#include <algorithm>
+#include <string>
 
 #include "platform/RuntimeError.h"
 
 namespace ambrio {
+namespace {
 
-void SweepLeftovers(FileSystem& fileSystem, const DestinationListing& destination,
-                    const std::vector<std::wstring>& sourceFiles) {
+bool IsKnownToBeMissing(FileSystem& fileSystem, const std::wstring& path) {
+    try {
+        static_cast<void>(fileSystem.GetFile(path));
+        return false;
+    } catch (const RuntimeError& failure) {
+        return failure.Number() == ErrorNumber::FileNotFound;
+    }
+}
+
+}  // namespace
+
+void SweepLeftovers(FileSystem& fileSystem, const DestinationListing& destination) {
+    const std::wstring& source = destination.Folder().Source().Path();
     for (const std::wstring& leftover : destination.Leftovers()) {
-        const std::wstring folded = fileSystem.FoldedName(leftover);
-        const bool isCopy = std::any_of(
-            sourceFiles.begin(), sourceFiles.end(),
-            [&](const std::wstring& name) { return fileSystem.FoldedName(name) == folded; });
-        if (isCopy) {
+        if (!IsKnownToBeMissing(fileSystem, FileSystem::BuildPath(source, leftover))) {
             continue;
         }
         try {

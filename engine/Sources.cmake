@@ -13,6 +13,5 @@ set(ENGINE_SOURCES
     engine/RunLog.cpp
     engine/SecondarySaver.cpp
     engine/SetLoop.cpp
-    engine/SourceListing.cpp
     engine/WalkedFolder.cpp
 )

@@ -3,6 +3,7 @@ set(PLATFORM_SOURCES
     platform/DateTime.cpp
     platform/FileSystem.cpp
     platform/KeyValueText.cpp
+    platform/PlainName.cpp
     platform/ProgramQuotes.cpp
     platform/RegistryValue.cpp
     platform/Rounding.cpp

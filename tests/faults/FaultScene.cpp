@@ -34,8 +34,12 @@ std::wstring CopyFolder(const std::wstring& folder) {
     return L"C:\\Copies\\" + folder;
 }
 
+std::wstring NameOfLeftover() {
+    return TemporaryName(L"1", kKilledProcess);
+}
+
 std::wstring LeftoverIn(const std::wstring& folder) {
-    return CopyFolder(folder) + L"\\" + TemporaryName(L"1", kKilledProcess);
+    return CopyFolder(folder) + L"\\" + NameOfLeftover();
 }
 
 std::wstring PlannedFile::Source() const {

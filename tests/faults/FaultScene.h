@@ -60,6 +60,7 @@ inline constexpr std::array<const wchar_t*, 3> kFoldersOfASet = {L"", L"\\s1", L
 [[nodiscard]] std::wstring SourceFolder(const std::wstring& folder);
 [[nodiscard]] std::wstring CopyFolder(const std::wstring& folder);
 // What a killed copy left in a destination folder that exists from the start.
+[[nodiscard]] std::wstring NameOfLeftover();
 [[nodiscard]] std::wstring LeftoverIn(const std::wstring& folder);
 
 // The three Sets, ready to run, with yesterday's log and a second screen saver that is to follow.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "platform/TemporaryName.h"
 #include "tests/faults/FaultScene.h"
 
 namespace ambrio {
@@ -86,6 +87,9 @@ Stage StageFinder::StageOf(const FileCall& call) {
 }
 
 Stage StageFinder::StageOfRead(const std::wstring& path) const {
+    if (IsTemporaryName(path.substr(path.find_last_of(L'\\') + 1))) {
+        return Stage::LookForLeftoversFile;
+    }
     if (path == copied_) {
         return Stage::ReadSourceForArchiveBit;
     }

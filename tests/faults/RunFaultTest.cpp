@@ -119,7 +119,9 @@ class FaultyRun {
                                         (failed_->Operation == FileOperation::GetFolder ||
                                          failed_->Operation == FileOperation::Next);
             const std::wstring leftover = LeftoverIn(folder);
-            EXPECT_TRUE(isListingFault || failed_->Path == leftover ||
+            const std::wstring ofSource =
+                FileSystem::BuildPath(SourceFolder(folder), NameOfLeftover());
+            EXPECT_TRUE(isListingFault || failed_->Path == leftover || failed_->Path == ofSource ||
                         !bench_.Files.FileExists(leftover));
         }
     }

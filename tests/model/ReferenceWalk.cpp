@@ -107,7 +107,7 @@ bool ReferenceWalk::WalkContent(const std::wstring& source, const std::wstring& 
     const Content content = ReadSource(source);
     Listing listing = isNew ? Listing(std::in_place) : ListDestination(destination);
     if (!isNew) {
-        SweepLeftovers(destination, listing, content.Files);
+        SweepLeftovers(source, destination, listing);
     }
     for (const std::wstring& name : content.Files) {
         run_.Show(L"lblfsoStatus", L"");
@@ -164,15 +164,22 @@ ReferenceWalk::Listing ReferenceWalk::ListDestination(const std::wstring& destin
     }
 }
 
-void ReferenceWalk::SweepLeftovers(const std::wstring& destination, const Listing& listing,
-                                   const std::vector<std::wstring>& sources) {
+void ReferenceWalk::SweepLeftovers(const std::wstring& source, const std::wstring& destination,
+                                   const Listing& listing) {
     if (!listing) {
         return;
     }
     for (const auto& [name, file] : *listing) {
+        if (!IsTemporaryName(name)) {
+            continue;
+        }
+        const std::wstring ofSource = PathBelow(source, name);
+        ModelDisk::Result look = run_.Fails(Stage::LookForLeftoversFile, ofSource);
+        if (!look && run_.Disk.File(ofSource) == nullptr) {
+            look = ErrorNumber::FileNotFound;
+        }
         const std::wstring path = PathBelow(destination, name);
-        const bool isCopy = std::find(sources.begin(), sources.end(), name) != sources.end();
-        if (IsTemporaryName(name) && !isCopy && !run_.Fails(Stage::RemoveLeftover, path)) {
+        if (look == ErrorNumber::FileNotFound && !run_.Fails(Stage::RemoveLeftover, path)) {
             run_.Disk.Remove(path, true);
         }
     }

@@ -54,8 +54,8 @@ class ReferenceWalk {
     ModelDisk::Result MakeMissingLevels(const std::wstring& destination);
     [[nodiscard]] Content ReadSource(const std::wstring& source) const;
     [[nodiscard]] Listing ListDestination(const std::wstring& destination) const;
-    void SweepLeftovers(const std::wstring& destination, const Listing& listing,
-                        const std::vector<std::wstring>& sources);
+    void SweepLeftovers(const std::wstring& source, const std::wstring& destination,
+                        const Listing& listing);
     void FailFolder(ErrorNumber number, const wchar_t* action, const std::wstring& folder);
 
     // Throws ModelFailure when the failure is the folder's.

@@ -25,6 +25,7 @@ constexpr std::array<StageFacts, static_cast<std::size_t>(Stage::End)> kStages{{
     {"make the destination folder", FileOperation::CreateFolder},
     {"list the destination folder", FileOperation::GetFolder},
     {"walk the destination listing", FileOperation::Next},
+    {"look for a leftover's file", FileOperation::GetFile},
     {"remove a leftover", FileOperation::DeleteFile},
     {"tell folders apart", FileOperation::IdentityOf},
     {"read a source file", FileOperation::GetFile},

@@ -25,6 +25,7 @@ enum class Stage {
     MakeDestinationFolder,
     ListDestination,
     WalkDestination,
+    LookForLeftoversFile,
     RemoveLeftover,
     TellFoldersApart,
     ReadSource,

@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/SourceListing.h"
+#include "engine/ListingYield.h"
 #include "platform/TemporaryName.h"
 #include "settings/SettingKeys.h"
+#include "tests/support/CountingFileSystem.h"
 #include "tests/support/EngineBench.h"
 #include "tests/support/FailingFileSystem.h"
 
@@ -170,9 +171,13 @@ TEST_F(FolderWalkTest, AnInterruptedWalkListsNoMoreThanItNeeds) {
     Files({L"1", L"2", L"3", L"4"});
     Bench.Files.WriteFile(L"C:\\To\\old", "x");
     Bench.Signals.Interrupted = true;
-    SourceListing listing =
-        FetchSourceListing(Bench.Files, Bench.Host, Bench.Signals, L"C:\\From", true);
-    EXPECT_EQ(listing.Files, Lines{L"1"});
+    CountingFileSystem counting(Bench.Files);
+    RunState state;
+    RunLog log(counting, Bench.App, state);
+    const RunContext run{counting, log, Bench.Panel, Bench.Host, state, Bench.Signals};
+    FileCopier copier(run);
+    FolderWalk(run, copier).CopyFiles(L"C:\\From", L"C:\\To", true, L"", false, false, false);
+    EXPECT_EQ(counting.CallsOf(FileOperation::Next), 1);
 }
 
 TEST_F(FolderWalkTest, ASubfolderThatCannotBeListedIsLoggedAndTheNextOnesAreWalked) {
@@ -258,9 +263,53 @@ TEST_F(FolderWalkTest, LongListingsLetEventsRun) {
     for (int i = 0; i < 3 * kEntriesBetweenYields; ++i) {
         Bench.Files.MakeFolder(L"C:\\From\\" + std::to_wstring(i));
     }
-    static_cast<void>(
-        FetchSourceListing(Bench.Files, Bench.Host, Bench.Signals, L"C:\\From", false));
+    Bench.Set(L"S", kRecursiveKey, kNo);
+    Bench.Run();
     EXPECT_EQ(Bench.Host.EventCount, 3);
+}
+
+// Only what vanishes after it was listed stops a run, and little is listed ahead.
+TEST_F(FolderWalkTest, AFileThatVanishesBeforeItIsListedStopsNothing) {
+    Files({L"1", L"2", L"3"});
+    Bench.Host.OnDoEvents = [this](int) {
+        if (Bench.Panel.Caption(PanelLabel::lblcopied) == L"1" &&
+            Bench.Files.FileExists(L"C:\\From\\2")) {
+            Bench.Files.Remove(L"C:\\From\\2");
+        }
+    };
+    Bench.Run();
+    EXPECT_TRUE(IsCopied(L"1") && IsCopied(L"3"));
+    EXPECT_EQ(Bench.State.FilesChecked, 2);
+    EXPECT_FALSE(Bench.Signals.Interrupted);
+}
+
+TEST_F(FolderWalkTest, TheSubfoldersAreEnteredWhenTheListingIsClosed) {
+    Files({L"1", L"sub\\2"});
+    Bench.Host.OnDoEvents = [this](int) {
+        if (Bench.Panel.Caption(PanelLabel::lblSource) == L"C:\\From\\sub") {
+            EXPECT_EQ(Bench.Files.OpenHandles(), 1);  // that of the subfolder itself
+        }
+    };
+    Bench.Run();
+    EXPECT_TRUE(IsCopied(L"sub\\2"));
+}
+
+// Another run may just be making copies in a folder that this one copies to itself.
+TEST_F(FolderWalkTest, InAFolderThatIsCopiedToItselfTemporariesAreNoFiles) {
+    Files({L"a", TemporaryName(L"A", 77)});
+    Bench.Set(L"S", kDestinationKey, L"C:\\From");
+    Bench.Run();
+    EXPECT_EQ(Bench.State.FilesChecked, 1);
+    EXPECT_TRUE(Bench.Files.FileExists(L"C:\\From\\" + TemporaryName(L"A", 77)));
+}
+
+TEST_F(FolderWalkTest, ALeftoverStaysWhereNobodyCanTellWhetherItsFileIsThere) {
+    Files({L"a"});
+    const std::wstring name = TemporaryName(L"OURS", 79);
+    Bench.Files.WriteFile(L"C:\\To\\" + name);
+    FileFault fault = ListingFault(FileOperation::GetFile, L"C:\\From\\" + name);
+    RunWithFault(fault);
+    EXPECT_TRUE(IsCopied(name));
 }
 
 TEST_F(FolderWalkTest, AVeryDeepTreeIsWalkedToItsEnd) {

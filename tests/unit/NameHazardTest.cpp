@@ -1,5 +1,6 @@
 #include "tests/unit/HazardFixture.h"
 
+#include <array>
 #include <utility>
 #include "tests/support/ForwardingFileSystem.h"
 
@@ -77,6 +78,70 @@ TEST_F(NameHazard, TheSecondOfTwoNamesThatDifferOnlyInCaseIsTheOlder) {
         EXPECT_EQ(Bench.State.FilesCopied, copied);
         EXPECT_EQ(Content(L"C:\\Copies\\Read"), "newer");
     }
+}
+
+constexpr std::array kNoNames = {L"..\\file", L"..\\folder", L"a/b", L"x\r\nAmbrio completed "};
+
+// A server, or a damaged disk, whose listing holds what no name can be.
+class HostileListing : public ForwardingFileSystem {
+  public:
+    using ForwardingFileSystem::ForwardingFileSystem;
+
+    std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) override {
+        class WithMore : public ForwardingFolderReader {
+          public:
+            using ForwardingFolderReader::ForwardingFolderReader;
+            bool Next(FileEntry& entry) override {
+                if (next_ == kNoNames.size()) {
+                    return ForwardingFolderReader::Next(entry);
+                }
+                entry = FileEntry();
+                entry.Name = kNoNames.at(next_);
+                entry.Attributes = next_++ % 2 == 0 ? 0 : kAttributeDirectory;
+                return true;
+            }
+
+          private:
+            std::size_t next_ = 0;
+        };
+        auto reader = ForwardingFileSystem::GetFolder(path);
+        return path == L"C:\\Data" ? std::make_unique<WithMore>(std::move(reader))
+                                   : std::move(reader);
+    }
+};
+
+TEST_F(NameHazard, ANameThatLeadsElsewhereIsReportedAndPassedOver) {
+    File(L"C:\\file", "not to be copied");
+    File(L"C:\\folder\\in it", "not to be copied either");
+    File(L"C:\\Data\\plain");
+    HostileListing files(Bench.Files);
+    Run(files);
+    EXPECT_EQ(Content(L"C:\\Copies\\plain"), "x");
+    EXPECT_EQ(Bench.Files.Snapshot(L"C:\\Copies").size(), 2U);  // the folder itself and one copy
+    EXPECT_EQ(Content(L"C:\\file"), "not to be copied");
+    EXPECT_EQ(Bench.State.FolderErrors, 4);
+    EXPECT_EQ(Bench.State.FilesChecked, 1);
+    const Lines reported = {
+        L"Error 52 - Bad file name or number while accessing folder ",
+        L"      <C:\\Data\\..\\file>",
+        L"Error 52 - Bad file name or number while accessing folder ",
+        L"      <C:\\Data\\..\\folder>",
+        L"Error 52 - Bad file name or number while accessing folder ",
+        L"      <C:\\Data\\a/b>",
+        L"Error 52 - Bad file name or number while accessing folder ",
+        L"      <C:\\Data\\x??Ambrio completed >",
+    };
+    EXPECT_TRUE(Bench.HasLog(reported)) << testing::PrintToString(Bench.Log());
+}
+
+TEST_F(NameHazard, ASetWhoseTextsHoldLineBreaksWritesNoLinesOfItsOwn) {
+    Bench.Settings.Values.clear();
+    Bench.AddSet(L"S\r\nAmbrio completed ", L"C:\\No\nwhere\x85!\u2028!", L"C:\\Copies");
+    Run();
+    EXPECT_TRUE(
+        Bench.HasLog({L"'S??Ambrio completed ' start", L"Error <C:\\No?where?!?!> does not exist.",
+                      L"'S??Ambrio completed ' complete"}))
+        << testing::PrintToString(Bench.Log());
 }
 
 TEST_F(NameHazard, NamesAreOdd) {

@@ -35,6 +35,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/MemoryFileSystemTest.cpp
     tests/unit/ModeDispatchTest.cpp
     tests/unit/NameHazardTest.cpp
+    tests/unit/PlainNameTest.cpp
     tests/unit/PreviewCaptionTest.cpp
     tests/unit/ProgramQuotesTest.cpp
     tests/unit/RegistryValueTest.cpp
