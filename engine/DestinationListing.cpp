@@ -33,7 +33,10 @@ void DestinationListing::Add(const FileEntry& entry) {
     if (entry.IsFolder()) {
         return;
     }
-    copies_[fileSystem_.FoldedName(entry.Name)] = {entry.Attributes, entry.DateLastModified};
+    Copy copy{entry.Name, entry.Attributes, entry.DateLastModified, true};
+    const auto [place, isFirst] =
+        copies_.try_emplace(fileSystem_.FoldedName(entry.Name), std::move(copy));
+    place->second.IsCertain = isFirst;
     if (IsTemporaryName(entry.Name)) {
         leftovers_.push_back(entry.Name);
     }
@@ -50,7 +53,8 @@ std::wstring DestinationListing::PathOf(const std::wstring& name) const {
 
 std::optional<FileEntry> DestinationListing::Listed(const std::wstring& name) const {
     const auto copy = copies_.find(fileSystem_.FoldedName(name));
-    if (copy == copies_.end()) {
+    if (copy == copies_.end() || !copy->second.IsCertain ||
+        (copy->second.Name != name && !FindsFoldedNames())) {
         return std::nullopt;
     }
     FileEntry entry;
@@ -60,21 +64,34 @@ std::optional<FileEntry> DestinationListing::Listed(const std::wstring& name) co
     return entry;
 }
 
+std::optional<std::wstring> DestinationListing::OtherSpelling(const std::wstring& name) const {
+    const auto copy = copies_.find(fileSystem_.FoldedName(name));
+    if (copy == copies_.end() || copy->second.Name == name) {
+        return std::nullopt;
+    }
+    return copy->second.Name;
+}
+
 bool DestinationListing::MayHold(const std::wstring& name) const {
-    return !isListed_ || copies_.contains(fileSystem_.FoldedName(name));
+    return !isListed_ || copies_.contains(fileSystem_.FoldedName(name)) || !FindsFoldedNames();
 }
 
 void DestinationListing::Note(const std::wstring& name) {
-    if (isNew_) {
-        made_.insert(fileSystem_.FoldedName(name));
-    }
+    copies_.insert_or_assign(fileSystem_.FoldedName(name), Copy{name});
 }
 
 std::optional<FileEntry> DestinationListing::Ask(const std::wstring& name) const {
-    if (isNew_ && !made_.contains(fileSystem_.FoldedName(name))) {
+    if (isNew_ && !copies_.contains(fileSystem_.FoldedName(name))) {
         return std::nullopt;
     }
     return fileSystem_.FindFile(PathOf(name));
+}
+
+bool DestinationListing::FindsFoldedNames() const {
+    if (!findsFoldedNames_) {
+        findsFoldedNames_ = fileSystem_.FindsFoldedNames(folder_.Destination().Path());
+    }
+    return *findsFoldedNames_;
 }
 
 bool DestinationListing::IsSourceItself() const {

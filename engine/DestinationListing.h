@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "engine/RunHost.h"
@@ -31,13 +30,17 @@ class DestinationListing {
 
     [[nodiscard]] const WalkedFolder& Folder() const { return folder_; }
     [[nodiscard]] std::wstring PathOf(const std::wstring& name) const;
-    // The copy as it was when the folder was listed; nothing when there was none or no listing.
+    // The copy as it was when the folder was listed; nothing when the listing cannot tell: there
+    // was none, it had no such name, or one that may belong to another file.
     [[nodiscard]] std::optional<FileEntry> Listed(const std::wstring& name) const;
+    // What the copy that has this name is called where that is not the same spelling: a copy of
+    // another file, perhaps, whose name differs in nothing but its case.
+    [[nodiscard]] std::optional<std::wstring> OtherSpelling(const std::wstring& name) const;
     // What the listing said of the copy holds no longer.
     void Forget(const std::wstring& name) { copies_.erase(fileSystem_.FoldedName(name)); }
     // A copy is being made.
     void Note(const std::wstring& name);
-    // False when the folder was listed without it.
+    // False when the folder was listed without it and a listing can be trusted in that.
     [[nodiscard]] bool MayHold(const std::wstring& name) const;
     // The copy as it is now; nothing when there is none. Asks the file system unless the folder was
     // just made and no copy of that name since. Throws RuntimeError.
@@ -47,19 +50,22 @@ class DestinationListing {
 
   private:
     struct Copy {
+        std::wstring Name;
         FileAttributes Attributes = 0;
         FileSeconds DateLastModified = 0;
+        bool IsCertain = false;  // it is as the listing said, and the only one of its folded name
     };
 
     void Add(const FileEntry& entry);
+    bool FindsFoldedNames() const;
     void ForgetAll();
 
     FileSystem& fileSystem_;
     const WalkedFolder& folder_;
     bool isListed_ = false;
     bool isNew_ = false;
+    mutable std::optional<bool> findsFoldedNames_;   // asked when it first matters
     std::unordered_map<std::wstring, Copy> copies_;  // by folded name
-    std::unordered_set<std::wstring> made_;          // in a new folder, by folded name
     std::vector<std::wstring> leftovers_;
 };
 

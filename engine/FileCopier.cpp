@@ -2,6 +2,7 @@
 
 #include "engine/Counted.h"
 #include "engine/EngineTexts.h"
+#include "engine/SameFile.h"
 
 namespace ambrio {
 namespace {
@@ -26,7 +27,7 @@ bool IsReadOnly(const FileEntry& entry) {
 
 void FileCopier::CopyFile(const std::wstring& name, DestinationListing& destination) {
     const File file{name, FileSystem::BuildPath(destination.Folder().Source().Path(), name),
-                    destination.PathOf(name), destination};
+                    destination.PathOf(name), destination, IsWithoutPlace(name, destination)};
     bool isToBeRemoved = false;
     bool isToBeCopied = false;
     try {
@@ -54,15 +55,33 @@ void FileCopier::CopyFile(const std::wstring& name, DestinationListing& destinat
     }
 }
 
-// What would go, were source and destination one folder, is the user's only file.
+bool FileCopier::IsWithoutPlace(const std::wstring& name, const DestinationListing& copies) {
+    const std::optional<std::wstring> other = copies.OtherSpelling(name);
+    if (!other) {
+        return false;
+    }
+    const std::wstring& source = copies.Folder().Source().Path();
+    const bool areTwoFiles =
+        AreOneFile(run_.Files, FileSystem::BuildPath(source, name),
+                   FileSystem::BuildPath(source, *other)) == std::optional(false);
+    return areTwoFiles && AreOneFile(run_.Files, copies.PathOf(name), copies.PathOf(*other)) ==
+                              std::optional(true);
+}
+
+// What would go, were the copy the source file itself, is the user's only file. Asked for each file
+// anew, as a folder may have been put in the place of another meanwhile.
 bool FileCopier::HasCopyToRemove(const File& file) {
-    return file.Copies.MayHold(file.Name) && run_.Files.FileExists(file.CopyPath) &&
-           !file.Copies.IsSourceItself();
+    return !file.IsWithoutPlace && file.Copies.MayHold(file.Name) &&
+           run_.Files.FileExists(file.CopyPath) &&
+           !AreOneFile(run_.Files, file.Path, file.CopyPath).value_or(file.Copies.IsSourceItself());
 }
 
 bool FileCopier::IsToBeCopied(const File& file, const FileEntry& source) {
     if (!file.Set().Rule.Qualifies(source.Attributes)) {
         return false;
+    }
+    if (file.IsWithoutPlace) {
+        return true;  // and fails: it must not be missing without a word
     }
     const auto isOlder = [&](const FileEntry& copy) {
         return source.DateLastModified > copy.DateLastModified;
@@ -104,7 +123,9 @@ void FileCopier::RemoveCopy(const File& file) {
 void FileCopier::Copy(const File& file) {
     StartCopyDisplay();
     run_.Panel.SetCaption(PanelLabel::lblFile, Copying(file.Name));
-    file.Copies.Note(file.Name);
+    if (!file.IsWithoutPlace) {
+        file.Copies.Note(file.Name);
+    }
     {
         const Counted attempt(run_.State.FilesCopied);  // as above
         {
@@ -123,6 +144,9 @@ void FileCopier::Copy(const File& file) {
 
 void FileCopier::CopyContent(const File& file) {
     try {
+        if (file.IsWithoutPlace) {
+            throw RuntimeError(ErrorNumber::FileAlreadyExists);
+        }
         // A long copy must not make the windows look dead.
         run_.Files.CopyFile(file.Path, file.CopyPath, true, [this] { run_.Host.DoEvents(); });
     } catch (const RuntimeError& failure) {

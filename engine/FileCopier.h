@@ -29,10 +29,15 @@ class FileCopier {
         std::wstring Path;
         std::wstring CopyPath;
         DestinationListing& Copies;
+        // The destination has only one place for this file and another one, whose copy lies there.
+        bool IsWithoutPlace;
 
         [[nodiscard]] const WalkedSet& Set() const { return Copies.Folder().Set(); }
     };
 
+    // Two files whose names differ in nothing but their case, and a destination that does not keep
+    // them apart.
+    bool IsWithoutPlace(const std::wstring& name, const DestinationListing& copies);
     bool HasCopyToRemove(const File& file);
     bool IsToBeCopied(const File& file, const FileEntry& source);
     void RemoveCopy(const File& file);

@@ -11,6 +11,7 @@ set(ENGINE_SOURCES
     engine/LogPath.cpp
     engine/RunDriver.cpp
     engine/RunLog.cpp
+    engine/SameFile.cpp
     engine/SecondarySaver.cpp
     engine/SetLoop.cpp
     engine/WalkedFolder.cpp

@@ -81,9 +81,14 @@ class FileSystem {
     // Opens the folder for listing; PathNotFound when it does not exist.
     virtual std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) = 0;
 
-    // Which folder this is; nothing when its file system does not number its folders. Throws the
-    // reason why the folder cannot be reached; PathNotFound when it does not exist.
-    virtual std::optional<FileIdentity> IdentityOf(const std::wstring& folder) = 0;
+    // Which file or folder this is, links followed; nothing when its file system does not number
+    // them. Throws the reason why it cannot be reached; PathNotFound when it does not exist.
+    virtual std::optional<FileIdentity> IdentityOf(const std::wstring& path) = 0;
+
+    // True when a name is found in this folder exactly where FoldedName says that it is there, as
+    // on the machine's own disks; false where the folder tells names apart by their case, and where
+    // a server decides. Never fails; false when it cannot be told.
+    virtual bool FindsFoldedNames(const std::wstring& folder) = 0;
 
     // Makes one level. PathNotFound when the parent is missing, FileAlreadyExists when something
     // of that name exists.

@@ -26,6 +26,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/files/FileEntryData.cpp
     platform/win32/files/FileIdentity.cpp
     platform/win32/files/FullPath.cpp
+    platform/win32/files/NameRules.cpp
     platform/win32/files/Win32Error.cpp
     platform/win32/files/Win32FileSystem.cpp
     platform/win32/files/Win32FolderReader.cpp

@@ -102,12 +102,23 @@ TEST_P(FileSystemConformance, IdentityIsThatOfTheFolderAndNotOfItsSpelling) {
     EXPECT_NE(identity, Files().IdentityOf(NewFolder(L"other")));
 }
 
+TEST_P(FileSystemConformance, FilesAreToldApartWhateverTheirSpelling) {
+    const auto identity = Files().IdentityOf(NewFile(L"File"));
+    ASSERT_TRUE(identity);
+    EXPECT_EQ(identity, Files().IdentityOf(At(L"FILE")));
+    EXPECT_NE(identity, Files().IdentityOf(NewFile(L"other")));
+}
+
+TEST_P(FileSystemConformance, TheMachinesOwnDiskFindsFoldedNames) {
+    EXPECT_TRUE(Files().FindsFoldedNames(NewFolder(L"Folder")));
+    EXPECT_FALSE(Files().FindsFoldedNames(World().AbsentDrive() + L"\\"));
+}
+
 TEST_P(FileSystemConformance, AFolderThatCannotBeReachedHasNoIdentityButAReason) {
     NewFile(L"file");
     const std::wstring drive = World().AbsentDrive();
-    for (const std::wstring& path :
-         {At(L"absent"), At(L"absent\\below"), At(L"file"), At(L"file\\below"), drive + L"\\",
-          drive + L"\\folder", std::wstring()}) {
+    for (const std::wstring& path : {At(L"absent"), At(L"absent\\below"), At(L"file\\below"),
+                                     drive + L"\\", drive + L"\\folder", std::wstring()}) {
         EXPECT_EQ(ErrorNumber::PathNotFound, RuntimeErrorOf([&] { Files().IdentityOf(path); }))
             << testing::PrintToString(path);
     }

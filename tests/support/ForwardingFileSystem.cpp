@@ -24,8 +24,12 @@ std::unique_ptr<FolderReader> ForwardingFileSystem::GetFolder(const std::wstring
     return target_.GetFolder(path);
 }
 
-std::optional<FileIdentity> ForwardingFileSystem::IdentityOf(const std::wstring& folder) {
-    return target_.IdentityOf(folder);
+std::optional<FileIdentity> ForwardingFileSystem::IdentityOf(const std::wstring& path) {
+    return target_.IdentityOf(path);
+}
+
+bool ForwardingFileSystem::FindsFoldedNames(const std::wstring& folder) {
+    return target_.FindsFoldedNames(folder);
 }
 
 void ForwardingFileSystem::CreateFolder(const std::wstring& path) {

@@ -15,7 +15,8 @@ class ForwardingFileSystem : public FileSystem {
     FileEntry GetFile(const std::wstring& path) override;
     std::optional<FileEntry> FindFile(const std::wstring& path) override;
     std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) override;
-    std::optional<FileIdentity> IdentityOf(const std::wstring& folder) override;
+    std::optional<FileIdentity> IdentityOf(const std::wstring& path) override;
+    bool FindsFoldedNames(const std::wstring& folder) override;
     void CreateFolder(const std::wstring& path) override;
     void SetAttributes(const std::wstring& path, FileAttributes attributes) override;
     void DeleteFile(const std::wstring& path, bool force) override;

@@ -95,9 +95,21 @@ std::unique_ptr<FolderReader> MemoryFileSystem::GetFolder(const std::wstring& pa
     return std::make_unique<MemoryFolderReader>(folder, openHandles_);
 }
 
-std::optional<FileIdentity> MemoryFileSystem::IdentityOf(const std::wstring& folder) {
-    const MemoryNode::Pointer node = RequireFolder(folder);
+std::optional<FileIdentity> MemoryFileSystem::IdentityOf(const std::wstring& path) {
+    const MemoryNode::Pointer node = FindIfThere(path, LastLink::Follow);
+    if (!node) {
+        Fail(ErrorNumber::PathNotFound);
+    }
     return FileIdentity{node->Volume.Id, node->Id};
+}
+
+bool MemoryFileSystem::FindsFoldedNames(const std::wstring& folder) {
+    try {
+        const MemoryVolume& volume = RequireFolder(folder)->Volume;
+        return !volume.TellsCasesApart && !volume.Name.starts_with(L"\\\\");
+    } catch (const RuntimeError&) {
+        return false;
+    }
 }
 
 void MemoryFileSystem::CreateFolder(const std::wstring& path) {

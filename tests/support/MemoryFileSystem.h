@@ -26,7 +26,9 @@ class MemoryFileSystem : public FileSystem {
     FileEntry GetFile(const std::wstring& path) override;
     std::optional<FileEntry> FindFile(const std::wstring& path) override;
     std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) override;
-    std::optional<FileIdentity> IdentityOf(const std::wstring& folder) override;
+    std::optional<FileIdentity> IdentityOf(const std::wstring& path) override;
+    // False for shares and for volumes that tell names apart by their case.
+    bool FindsFoldedNames(const std::wstring& folder) override;
     void CreateFolder(const std::wstring& path) override;
     void SetAttributes(const std::wstring& path, FileAttributes attributes) override;
     void DeleteFile(const std::wstring& path, bool force) override;
@@ -41,6 +43,8 @@ class MemoryFileSystem : public FileSystem {
 
     // Adds or changes a drive ("D:") or a share ("\\server\share").
     void SetVolume(const std::wstring& root, bool present, bool ready = true);
+    // From now on the volume, which holds nothing yet, tells names apart by their case.
+    void TellCasesApart(const std::wstring& root);
     // The content that the volume holds at most, in bytes; nothing for no limit.
     void SetQuota(const std::wstring& root, std::optional<std::uint64_t> bytes);
 

@@ -70,6 +70,11 @@ void MemoryFileSystem::SetVolume(const std::wstring& root, bool present, bool re
     volume->Ready = ready;
 }
 
+void MemoryFileSystem::TellCasesApart(const std::wstring& root) {
+    SetVolume(root, true);
+    volumes_.at(FoldNameForTest(MemoryPath::Parse(root, L"C:\\").Root))->TellsCasesApart = true;
+}
+
 void MemoryFileSystem::SetQuota(const std::wstring& root, std::optional<std::uint64_t> bytes) {
     Find(root, LastLink::Keep)->Volume.Quota = bytes;
 }

@@ -62,37 +62,41 @@ FileEntry MemoryNode::Entry() const {
     return {Name, Attributes, DateLastModified, IsFolder() ? 0 : Size(), IsMountPoint};
 }
 
+std::wstring MemoryNode::KeyOf(const std::wstring& name) const {
+    return Volume.TellsCasesApart ? name : FoldNameForTest(name);
+}
+
 MemoryNode::Pointer MemoryNode::Child(const std::wstring& name) const {
-    const auto place = orderOfName_.find(FoldNameForTest(name));
+    const auto place = orderOfName_.find(KeyOf(name));
     return place == orderOfName_.end() ? nullptr : byOrder_.at(place->second);
 }
 
 void MemoryNode::Add(const Pointer& child) {
     const std::uint64_t order = nextOrder_++;
-    orderOfName_[FoldNameForTest(child->Name)] = order;
+    orderOfName_[KeyOf(child->Name)] = order;
     byOrder_[order] = child;
 }
 
 void MemoryNode::Rename(const Pointer& child, const std::wstring& newName) {
     const Pointer replaced = Child(newName);
     if (replaced && replaced != child) {
-        const auto from = orderOfName_.find(FoldNameForTest(child->Name));
+        const auto from = orderOfName_.find(KeyOf(child->Name));
         byOrder_.erase(from->second);
         orderOfName_.erase(from);
         replaced->SetContent({});
         child->Name = newName;
-        byOrder_[orderOfName_.at(FoldNameForTest(newName))] = child;
+        byOrder_[orderOfName_.at(KeyOf(newName))] = child;
         return;
     }
-    const auto from = orderOfName_.find(FoldNameForTest(child->Name));
+    const auto from = orderOfName_.find(KeyOf(child->Name));
     const std::uint64_t order = from->second;
     orderOfName_.erase(from);
     child->Name = newName;
-    orderOfName_[FoldNameForTest(newName)] = order;
+    orderOfName_[KeyOf(newName)] = order;
 }
 
 void MemoryNode::Remove(const Pointer& child) {
-    const auto place = orderOfName_.find(FoldNameForTest(child->Name));
+    const auto place = orderOfName_.find(KeyOf(child->Name));
     byOrder_.erase(place->second);
     orderOfName_.erase(place);
     child->SetContent({});

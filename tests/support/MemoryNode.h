@@ -17,6 +17,7 @@ struct MemoryVolume {
     std::wstring Name;  // "C:" or "\\server\share"
     bool Present = true;
     bool Ready = true;
+    bool TellsCasesApart = false;
     std::optional<std::uint64_t> Quota;  // bytes of content that fit; nothing: no limit
     std::uint64_t Used = 0;
 
@@ -64,7 +65,7 @@ class MemoryNode {
     // What a listing says of it.
     [[nodiscard]] FileEntry Entry() const;
 
-    // The child of that name in whatever case, or nothing.
+    // The child of that name, in whatever case unless the volume tells cases apart, or nothing.
     [[nodiscard]] Pointer Child(const std::wstring& name) const;
     void Add(const Pointer& child);
     // Renames a child; it takes the place of a child that has the new name already.
@@ -74,6 +75,8 @@ class MemoryNode {
     [[nodiscard]] const Children& ByOrder() const { return byOrder_; }
 
   private:
+    [[nodiscard]] std::wstring KeyOf(const std::wstring& name) const;
+
     std::string content_;
     std::uint64_t pretendedSize_ = 0;
     Children byOrder_;

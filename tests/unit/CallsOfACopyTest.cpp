@@ -74,12 +74,13 @@ TEST_F(CallsOfACopyTest, OfAnUnchangedFileReadItOnly) {
     EXPECT_EQ(Calls(), Operations{FileOperation::GetFile});
 }
 
-TEST_F(CallsOfACopyTest, OfAFileWhoseCopyGoesLookForTheCopyOnce) {
+TEST_F(CallsOfACopyTest, OfAFileWhoseCopyGoesLookForTheCopyOnceAndMakeSureThatItIsAnotherFile) {
     Bench.Set(L"S", kCopyTypeKey, kCopyTypeArchiveBit);
     Bench.Set(L"S", kDeleteCopyArchiveBitKey, kYes);
     Source(0);
     Copy(0);
     EXPECT_EQ(Calls(), (Operations{FileOperation::GetFile, FileOperation::FileExists,
+                                   FileOperation::IdentityOf, FileOperation::IdentityOf,
                                    FileOperation::DeleteFile, FileOperation::GetFile}));
 }
 

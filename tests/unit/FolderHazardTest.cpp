@@ -166,5 +166,25 @@ TEST_F(FolderHazard, TwoProgramsRunTheSameSetAtOnce) {
     EXPECT_EQ(Bench.Files.Snapshot(L"C:\\Copies").size(), names.size());
 }
 
+// Whoever swaps it between two files must not make the run remove the files themselves.
+TEST_F(FolderHazard, TheDestinationIsALinkThatIsTurnedToTheSourceMeanwhile) {
+    Bench.Set(L"S", kCopyTypeKey, kCopyTypeArchiveBit);
+    Bench.Set(L"S", kDeleteCopyArchiveBitKey, kYes);
+    Bench.Files.MakeLink(L"C:\\Copies", L"C:\\Elsewhere", MemoryFileSystem::LinkKind::ToFolder);
+    for (const std::wstring name : {L"1", L"2"}) {
+        Bench.Files.WriteFile(L"C:\\Data\\" + name, "only this", 0);
+        Bench.Files.WriteFile(L"C:\\Elsewhere\\" + name, "copy", 0);
+    }
+    Bench.Host.OnDoEvents = [this](int) {
+        if (Bench.Panel.Caption(PanelLabel::lblRemoved) == L"1") {
+            Bench.Files.Node(L"C:\\Copies").LinkTarget = L"C:\\Data";
+        }
+    };
+    Run();
+    EXPECT_EQ(Content(L"C:\\Data\\2"), "only this");
+    EXPECT_EQ(Content(L"C:\\Elsewhere\\1"), "none");
+    EXPECT_EQ(Bench.State.CopiesRemoved, 1);
+}
+
 }  // namespace
 }  // namespace ambrio

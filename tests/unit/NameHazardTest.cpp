@@ -11,73 +11,122 @@ using Lines = std::vector<std::wstring>;
 
 class NameHazard : public HazardTest {};
 
-// A folder of a system that tells names apart by their case holds "Read" and "READ".
-class TwoCases : public ForwardingFileSystem {
-  public:
-    using ForwardingFileSystem::ForwardingFileSystem;
-
-    static constexpr const wchar_t* kSecond = L"C:\\Data\\READ";
-
-    std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) override {
-        class WithSecond : public ForwardingFolderReader {
-          public:
-            using ForwardingFolderReader::ForwardingFolderReader;
-            bool Next(FileEntry& entry) override {
-                if (ForwardingFolderReader::Next(entry)) {
-                    return true;
-                }
-                entry = FileEntry();
-                entry.Name = L"READ";
-                return !std::exchange(isDone_, true);
-            }
-
-          private:
-            bool isDone_ = false;
-        };
-        auto reader = ForwardingFileSystem::GetFolder(path);
-        if (path == L"C:\\Data") {
-            return std::make_unique<WithSecond>(std::move(reader));
-        }
-        return reader;
+// Sources and copies on disks of which each may tell names apart by their case or not.
+class TwoCases : public NameHazard {
+  protected:
+    TwoCases() {
+        Bench.Files.TellCasesApart(L"S:");
+        Bench.Files.TellCasesApart(L"T:");
     }
-    FileEntry GetFile(const std::wstring& path) override {
-        return ForwardingFileSystem::GetFile(Place(path));
+    void Write(const wchar_t* path, const char* content, FileSeconds time,
+               FileAttributes attributes = kAttributeArchive) {
+        Bench.Files.WriteFile(path, content, attributes, 13'300'000'000 + time);
     }
-    void CopyFile(const std::wstring& source, const std::wstring& destination, bool overwrite,
-                  const Yield& yield) override {
-        ForwardingFileSystem::CopyFile(Place(source), destination, overwrite, yield);
-    }
-
-  private:
-    static std::wstring Place(const std::wstring& path) {
-        return path == kSecond ? L"C:\\Elsewhere\\READ" : path;
+    [[nodiscard]] static Lines NotCopied(const std::wstring& name) {
+        return {L"Error 58 - File already exists while copying ",
+                L"      <S:\\Data\\" + name + L">", L"   to <C:\\Copies\\" + name + L">"};
     }
 };
 
-// The destination can hold only one of them: the newest, whole, in every later run as well.
-TEST_F(NameHazard, TwoNamesDifferOnlyInCase) {
-    File(L"C:\\Data\\Read", "older", 13'300'000'000);
-    File(L"C:\\Elsewhere\\READ", "newer", 13'400'000'000);
-    TwoCases files(Bench.Files);
-    for (int run = 0; run < 3; ++run) {
-        Run(files);
-        EXPECT_EQ(Bench.State.FilesChecked, 2);
-        EXPECT_EQ(Content(L"C:\\Copies\\Read"), "newer");
-        EXPECT_FALSE(Bench.State.HasFailures());
+// The copy is that of the first, whatever the times, in every later run as well.
+TEST_F(TwoCases, TheOneThatFindsNoPlaceIsReportedEachTime) {
+    Point(L"S:\\Data", L"C:\\Copies");
+    for (const FileSeconds newer : {1, 2}) {
+        Bench.Files.MakeFolder(L"C:\\Copies");
+        Bench.Files.Remove(L"C:\\Copies");
+        Write(L"S:\\Data\\Read", "first", 3 - newer);
+        Write(L"S:\\Data\\READ", "second", newer);
+        for (const int copied : {1, 0, 0}) {
+            Run();
+            EXPECT_EQ(Bench.State.FilesChecked, 2);
+            EXPECT_EQ(Bench.State.FilesCopied - Bench.State.CopyErrors, copied);
+            EXPECT_EQ(Bench.State.CopyErrors, 1);
+            EXPECT_TRUE(Bench.HasLog(NotCopied(L"READ")));
+            EXPECT_EQ(Content(L"C:\\Copies\\Read"), "first");
+        }
     }
-    EXPECT_EQ(Content(L"C:\\Data\\Read"), "older");
+    EXPECT_EQ(Content(L"S:\\Data\\READ"), "second");
 }
 
-// The first run makes the folder and knows of no copy in it but its own.
-TEST_F(NameHazard, TheSecondOfTwoNamesThatDifferOnlyInCaseIsTheOlder) {
-    File(L"C:\\Data\\Read", "newer", 13'400'000'000);
-    File(L"C:\\Elsewhere\\READ", "older", 13'300'000'000);
-    TwoCases files(Bench.Files);
-    for (const int copied : {1, 0}) {
+TEST_F(TwoCases, ACopyBelongsToTheFileThatIsSpelledLikeIt) {
+    Point(L"S:\\Data", L"C:\\Copies");
+    Write(L"S:\\Data\\Read", "first", 3);
+    Write(L"S:\\Data\\READ", "second", 2);
+    Write(L"C:\\Copies\\READ", "old", 1);
+    Run();
+    EXPECT_TRUE(Bench.HasLog(NotCopied(L"Read")));
+    EXPECT_EQ(Content(L"C:\\Copies\\READ"), "second");
+}
+
+TEST_F(TwoCases, NeitherTakesAwayTheCopyOfTheOther) {
+    Point(L"S:\\Data", L"C:\\Copies");
+    Bench.Set(L"S", kCopyTypeKey, kCopyTypeArchiveBit);
+    Bench.Set(L"S", kDeleteCopyArchiveBitKey, kYes);
+    Write(L"S:\\Data\\Read", "without the bit", 3, 0);
+    Write(L"S:\\Data\\READ", "with it", 2);
+    Write(L"C:\\Copies\\READ", "with it", 2);
+    Run();
+    EXPECT_EQ(Content(L"C:\\Copies\\READ"), "with it");
+    EXPECT_EQ(Bench.State.CopiesRemoved, 0);
+}
+
+TEST_F(TwoCases, BothAreCopiedWhereTheyAreKeptApart) {
+    Point(L"S:\\Data", L"T:\\Copies");
+    Write(L"S:\\Data\\Read", "first", 1);
+    Write(L"S:\\Data\\READ", "second", 2);
+    Run();
+    EXPECT_EQ(Content(L"T:\\Copies\\Read"), "first");
+    EXPECT_EQ(Content(L"T:\\Copies\\READ"), "second");
+    EXPECT_FALSE(Bench.State.HasFailures());
+    ExpectNothingMoreToCopy();
+    Write(L"S:\\Data\\Read", "changed", 3);
+    Run();
+    EXPECT_EQ(Bench.State.FilesCopied, 1);
+    EXPECT_EQ(Content(L"T:\\Copies\\Read"), "changed");
+    EXPECT_EQ(Content(L"T:\\Copies\\READ"), "second");
+}
+
+// A listing that keeps one of the two must not hide that the other's file has changed.
+TEST_F(TwoCases, ACopyIsNotTakenForAnotherOne) {
+    Point(L"C:\\Data", L"T:\\Copies");
+    Write(L"C:\\Data\\READ", "changed", 2);
+    Write(L"T:\\Copies\\READ", "old", 1);
+    Write(L"T:\\Copies\\Read", "of somebody else", 3);
+    Run();
+    EXPECT_EQ(Content(L"T:\\Copies\\READ"), "changed");
+    EXPECT_EQ(Content(L"T:\\Copies\\Read"), "of somebody else");
+}
+
+TEST_F(TwoCases, ACopyOfAnotherSpellingIsNoCopyWhereTheyAreKeptApart) {
+    Point(L"C:\\Data", L"T:\\Copies");
+    Write(L"C:\\Data\\READ", "here", 1);
+    Write(L"T:\\Copies\\Read", "of somebody else", 2);
+    Run();
+    EXPECT_EQ(Content(L"T:\\Copies\\READ"), "here");
+    EXPECT_FALSE(Bench.State.HasFailures());
+}
+
+// A server may find by other rules than ours what its listing seems not to hold.
+class OtherRules : public ForwardingFileSystem {
+  public:
+    using ForwardingFileSystem::ForwardingFileSystem;
+
+    [[nodiscard]] std::wstring FoldedName(const std::wstring& name) const override { return name; }
+};
+
+TEST_F(TwoCases, ARemovalRestsOnAListingOnlyWhereThatIsSure) {
+    Bench.Files.SetVolume(L"\\\\server\\share", true);
+    Bench.Set(L"S", kCopyTypeKey, kCopyTypeArchiveBit);
+    Bench.Set(L"S", kDeleteCopyArchiveBitKey, kYes);
+    Write(L"C:\\Data\\READ", "x", 1, 0);
+    for (const wchar_t* copies : {L"\\\\server\\share\\Copies", L"C:\\Copies"}) {
+        Point(L"C:\\Data", copies);
+        Bench.Files.WriteFile(std::wstring(copies) + L"\\read", "x");
+        OtherRules files(Bench.Files);
         Run(files);
-        EXPECT_EQ(Bench.State.FilesCopied, copied);
-        EXPECT_EQ(Content(L"C:\\Copies\\Read"), "newer");
     }
+    EXPECT_EQ(Content(L"\\\\server\\share\\Copies\\read"), "none");
+    EXPECT_EQ(Content(L"C:\\Copies\\read"), "x");
 }
 
 constexpr std::array kNoNames = {L"..\\file", L"..\\folder", L"a/b", L"x\r\nAmbrio completed "};
@@ -117,7 +166,7 @@ TEST_F(NameHazard, ANameThatLeadsElsewhereIsReportedAndPassedOver) {
     HostileListing files(Bench.Files);
     Run(files);
     EXPECT_EQ(Content(L"C:\\Copies\\plain"), "x");
-    EXPECT_EQ(Bench.Files.Snapshot(L"C:\\Copies").size(), 2U);  // the folder itself and one copy
+    EXPECT_EQ(Bench.Files.Snapshot(L"C:\\Copies").size(), 1U);
     EXPECT_EQ(Content(L"C:\\file"), "not to be copied");
     EXPECT_EQ(Bench.State.FolderErrors, 4);
     EXPECT_EQ(Bench.State.FilesChecked, 1);
@@ -136,11 +185,11 @@ TEST_F(NameHazard, ANameThatLeadsElsewhereIsReportedAndPassedOver) {
 
 TEST_F(NameHazard, ASetWhoseTextsHoldLineBreaksWritesNoLinesOfItsOwn) {
     Bench.Settings.Values.clear();
-    Bench.AddSet(L"S\r\nAmbrio completed ", L"C:\\No\nwhere\x85!\u2028!", L"C:\\Copies");
+    Bench.AddSet(L"S\r\nAmbrio completed", L"C:\\No\nwhere\x85!\u2028!", L"C:\\Copies");
     Run();
     EXPECT_TRUE(
-        Bench.HasLog({L"'S??Ambrio completed ' start", L"Error <C:\\No?where?!?!> does not exist.",
-                      L"'S??Ambrio completed ' complete"}))
+        Bench.HasLog({L"'S??Ambrio completed' start", L"Error <C:\\No?where?!?!> does not exist.",
+                      L"'S??Ambrio completed' complete"}))
         << testing::PrintToString(Bench.Log());
 }
 

@@ -173,12 +173,12 @@ TEST_F(RunDriverTest, ASecondarySaverThatCannotStartIsReportedAndTheFormUnloaded
 
 TEST_F(RunDriverTest, AnUnexpectedFailureIsShownOnceWithTheStopIcon) {
     Bench.Files.WriteFile(L"C:\\Data\\b.txt", "b");
-    Bench.Host.OnDoEvents = [&](int count) {
-        if (count == 1) {
-            Bench.Files.Remove(L"C:\\Data\\b.txt");
-        }
-    };
-    Bench.Run();
+    FailingFileSystem files(Bench.Files, {.Number = ErrorNumber::FileNotFound,
+                                          .Kind = FileOperation::GetFile,
+                                          .Matches = [](const FileCall& call) {
+                                              return call.Path.ends_with(L"b.txt");
+                                          }});
+    Bench.Run(files, Bench.Settings);
     const std::wstring text =
         L"Error 53 - File not found in CopyFile \r\n      <C:\\Data\\b.txt>\r\n"
         L"   to <C:\\Copy\\b.txt>";

@@ -6,6 +6,7 @@
 #include "platform/win32/files/ExtendedPath.h"
 #include "platform/win32/files/FileEntryData.h"
 #include "platform/win32/files/FileIdentity.h"
+#include "platform/win32/files/NameRules.h"
 #include "platform/win32/files/Win32Error.h"
 #include "platform/win32/files/Win32FolderReader.h"
 #include "platform/win32/files/Win32TextStream.h"
@@ -81,17 +82,24 @@ std::unique_ptr<FolderReader> Win32FileSystem::GetFolder(const std::wstring& pat
     return std::make_unique<Win32FolderReader>(ExtendedPath(path));
 }
 
-std::optional<FileIdentity> Win32FileSystem::IdentityOf(const std::wstring& folder) {
+std::optional<FileIdentity> Win32FileSystem::IdentityOf(const std::wstring& path) {
     BY_HANDLE_FILE_INFORMATION information;
-    const DWORD code = ReadInformation(ExtendedPath(folder), information);
-    if (code == ERROR_FILE_NOT_FOUND ||
-        (code == ERROR_SUCCESS && !IsDirectory(information.dwFileAttributes))) {
+    const DWORD code = ReadInformation(ExtendedPath(path), information);
+    if (code == ERROR_FILE_NOT_FOUND) {
         throw RuntimeError(ErrorNumber::PathNotFound);
     }
     if (code != ERROR_SUCCESS) {
         ThrowWin32(code);
     }
     return IdentityFrom(information);
+}
+
+bool Win32FileSystem::FindsFoldedNames(const std::wstring& folder) {
+    try {
+        return IsOnOwnDisk(ExtendedPath(folder)) && !TellsCasesApart(ExtendedPath(folder));
+    } catch (const RuntimeError&) {
+        return false;
+    }
 }
 
 void Win32FileSystem::CreateFolder(const std::wstring& path) {
