@@ -60,7 +60,7 @@ bool RunEvents::Before(const FileCall& call) {
     if (call.Operation == FileOperation::CopyFile) {
         Note(L"copy " + call.Path + inProgress);
     } else if (call.Operation == FileOperation::DeleteFile) {
-        Note(L"delete " + call.Path + inProgress);
+        Note(L"remove " + call.Path + inProgress);
     } else if (call.Operation == FileOperation::SetAttributes) {
         Note(L"attributes " + call.Path + inProgress);
     }

@@ -47,15 +47,15 @@ TEST_F(RunOrder, TheCopyThatIsRemoved) {
     Run.Run();
     EXPECT_EQ(
         Run.Between(L"lblcopied=1", L"hide"),
-        (Events{L"lblcopied=1", L"events", L"lblFile=b - removing copy", L"delete C:\\Copies\\b",
+        (Events{L"lblcopied=1", L"events", L"lblFile=b - removing copy", L"remove C:\\Copies\\b",
                 L"lblRemoved=1", L"lblChecked=2", L"stop", L"hide"}));
 }
 
 TEST_F(RunOrder, ARemovalThatFailsIsLoggedBeforeItsCountIsShown) {
     Bench.Files.Node(L"C:\\Copies\\b").Locked = true;
     Run.Run();
-    EXPECT_EQ(Run.Between(L"delete C:\\Copies\\b", L"lblRemoved=0"),
-              (Events{L"delete C:\\Copies\\b",
+    EXPECT_EQ(Run.Between(L"remove C:\\Copies\\b", L"lblRemoved=0"),
+              (Events{L"remove C:\\Copies\\b",
                       L"log Error 70 - Permission denied while removing \r\n      <C:\\Copies\\b>",
                       L"log closed", L"lblRemoved=0"}));
     EXPECT_EQ(Bench.State.CopiesRemoved, 1);
