@@ -3,6 +3,7 @@ set(PLATFORM_SOURCES
     platform/DateTime.cpp
     platform/FileSystem.cpp
     platform/KeyValueText.cpp
+    platform/NativeSystemPath.cpp
     platform/PlainName.cpp
     platform/ProgramQuotes.cpp
     platform/RegistryValue.cpp
@@ -27,6 +28,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/files/FileIdentity.cpp
     platform/win32/files/FullPath.cpp
     platform/win32/files/NameRules.cpp
+    platform/win32/files/Patience.cpp
     platform/win32/files/Win32Error.cpp
     platform/win32/files/Win32FileSystem.cpp
     platform/win32/files/Win32FolderReader.cpp
@@ -38,9 +40,11 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/system/AssociatedProgram.cpp
     platform/win32/system/LaunchProgram.cpp
     platform/win32/system/ProcessHardening.cpp
+    platform/win32/system/RandomNumber.cpp
     platform/win32/system/StayAwake.cpp
     platform/win32/system/SystemFolders.cpp
     platform/win32/system/SystemLibrary.cpp
+    platform/win32/system/SystemRedirection.cpp
     platform/win32/system/Win32Clock.cpp
     platform/win32/text/Automation.cpp
     platform/win32/text/BooleanText.cpp

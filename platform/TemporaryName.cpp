@@ -8,18 +8,9 @@ namespace {
 
 constexpr std::wstring_view kPrefix = L"~ambrio-";
 constexpr std::wstring_view kSuffix = L".tmp";
-constexpr std::size_t kHashDigits = 16;
+constexpr std::size_t kRandomDigits = 16;
 constexpr std::size_t kProcessDigits = 8;
 constexpr std::wstring_view kDigits = L"0123456789abcdef";
-
-// 64-bit FNV-1a over the code units.
-std::uint64_t HashOf(const std::wstring& text) {
-    std::uint64_t hash = 0xcbf29ce484222325U;
-    for (const wchar_t unit : text) {
-        hash = (hash ^ static_cast<std::uint32_t>(unit)) * 0x100000001b3U;
-    }
-    return hash;
-}
 
 std::wstring Hexadecimal(std::uint64_t value, std::size_t digits) {
     std::wstring text(digits, L'0');
@@ -35,20 +26,20 @@ bool AllDigits(std::wstring_view text) {
 
 }  // namespace
 
-std::wstring TemporaryName(const std::wstring& foldedDestinationName, std::uint32_t processId) {
-    return std::wstring(kPrefix) + Hexadecimal(HashOf(foldedDestinationName), kHashDigits) + L'-' +
+std::wstring TemporaryName(std::uint64_t randomNumber, std::uint32_t processId) {
+    return std::wstring(kPrefix) + Hexadecimal(randomNumber, kRandomDigits) + L'-' +
            Hexadecimal(processId, kProcessDigits) + std::wstring(kSuffix);
 }
 
 bool IsTemporaryName(const std::wstring& name) {
     std::wstring_view rest = name;
-    if (rest.size() != kPrefix.size() + kHashDigits + 1 + kProcessDigits + kSuffix.size() ||
+    if (rest.size() != kPrefix.size() + kRandomDigits + 1 + kProcessDigits + kSuffix.size() ||
         !rest.starts_with(kPrefix) || !rest.ends_with(kSuffix)) {
         return false;
     }
     rest.remove_prefix(kPrefix.size());
-    return AllDigits(rest.substr(0, kHashDigits)) && rest[kHashDigits] == L'-' &&
-           AllDigits(rest.substr(kHashDigits + 1, kProcessDigits));
+    return AllDigits(rest.substr(0, kRandomDigits)) && rest[kRandomDigits] == L'-' &&
+           AllDigits(rest.substr(kRandomDigits + 1, kProcessDigits));
 }
 
 }  // namespace ambrio

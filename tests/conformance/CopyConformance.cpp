@@ -125,13 +125,13 @@ TEST_P(CopyConformance, ACopyOntoItselfIsRefusedAndLosesNothing) {
     }
 }
 
-TEST_P(CopyConformance, ALeftoverTemporaryIsReplaced) {
-    const std::wstring leftover =
-        L"to\\" + TemporaryName(Files().FoldedName(L"file"), World().ProcessId());
-    AddAttributes(NewFile(leftover, "half"), kThree);
+TEST_P(CopyConformance, TheTemporaryOfAnotherProgramIsLeftAlone) {
+    const std::wstring name = TemporaryName(0x7E57, World().ProcessId());
+    const std::wstring other = NewFile(L"to\\" + name, "half");
     EXPECT_EQ(std::nullopt, Copying(source_, copy_));
     EXPECT_EQ("new content", World().Read(copy_));
-    EXPECT_TRUE(HasOnly(At(L"to"), {L"file"}));
+    EXPECT_EQ("half", World().Read(other));
+    EXPECT_TRUE(HasOnly(At(L"to"), {L"file", name}));
 }
 
 TEST_P(CopyConformance, ABigCopyLetsItsCallerBreathe) {

@@ -35,7 +35,7 @@ std::wstring CopyFolder(const std::wstring& folder) {
 }
 
 std::wstring NameOfLeftover() {
-    return TemporaryName(L"1", kKilledProcess);
+    return TemporaryName(1, kKilledProcess);
 }
 
 std::wstring LeftoverIn(const std::wstring& folder) {

@@ -107,7 +107,7 @@ void RunScene::AddOddities(const Place& place) {
         AddFile(place.Destination + L"\\gone", "old");
     }
     if (input_.Bool()) {
-        paths_.push_back(L"\\" + TemporaryName(L"0", 7));
+        paths_.push_back(L"\\" + TemporaryName(9, 7));
         AddFile(place.Destination + paths_.back(), "half");
     }
     if (OneIn(8) && !Bench.Files.FolderExists(place.Destination + L"\\u")) {

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kMostLinks = 31;
 constexpr std::size_t kChunk = 1 << 20;
-constexpr FileAttributes kSettable = 0x31A7;  // read-only to archive, temporary, offline, ...
+constexpr FileAttributes kSettable = 0x1A31A7;  // read-only to archive, temporary, pinned, ...
 
 [[noreturn]] void Fail(ErrorNumber number) {
     throw RuntimeError(number);
@@ -147,7 +147,7 @@ void MemoryFileSystem::CopyFile(const std::wstring& source, const std::wstring& 
         Fail(ErrorNumber::PermissionDenied);
     }
     RequireWritable(*place.Folder);
-    const Place temporary{place.Folder, TemporaryName(FoldedName(place.Name), ProcessId)};
+    const Place temporary{place.Folder, TemporaryName(nextId_, ProcessId)};
     const MemoryNode::Pointer copy = CopyUnder(from, temporary, yield);
     if (BeforeRename) {
         BeforeRename();
@@ -173,9 +173,6 @@ void MemoryFileSystem::CopyFile(const std::wstring& source, const std::wstring& 
 
 MemoryNode::Pointer MemoryFileSystem::CopyUnder(const MemoryNode::Pointer& source,
                                                 const Place& temporary, const Yield& yield) {
-    if (const MemoryNode::Pointer leftover = temporary.Folder->Child(temporary.Name)) {
-        temporary.Folder->Remove(leftover);
-    }
     MemoryVolume& volume = temporary.Folder->Volume;
     MemoryNode::Pointer copy = NewNode(volume, temporary.Name, source->Attributes);
     temporary.Folder->Add(copy);

@@ -145,6 +145,16 @@ TEST_F(FileCopierTest, TheArchiveBitIsClearedAfterAFailedCopyToo) {
     EXPECT_EQ(AttributesOf(kFrom), 0U);
 }
 
+TEST_F(FileCopierTest, ClearingTheArchiveBitKeepsEveryOtherOne) {
+    // Hidden, not indexed, not looked over, kept on the disk or in the cloud.
+    constexpr FileAttributes kOthers = 0x1A2002;
+    Type(kCopyTypeArchiveBit);
+    Yes(kClearArchiveBitKey);
+    Source(kAttributeArchive | kOthers, kTime + 1);
+    Bench.Run();
+    EXPECT_EQ(AttributesOf(kFrom), kOthers);
+}
+
 TEST_F(FileCopierTest, ASourceThatVanishesAfterTheListingStopsTheRun) {
     Source(0);
     Bench.Files.WriteFile(L"C:\\From\\next.txt", "next");

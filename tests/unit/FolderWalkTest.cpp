@@ -245,9 +245,9 @@ TEST_F(FolderWalkTest, AFailingQuestionAboutTheFoldersIsReportedWithItsAction) {
 
 TEST_F(FolderWalkTest, LeftoversOfKilledCopiesAreRemovedAndNothingElse) {
     Files({L"a"});
-    const std::wstring leftover = TemporaryName(L"SOMETHING", 77);
-    const std::wstring locked = TemporaryName(L"ELSE", 78);
-    const std::wstring ofTheUser = TemporaryName(L"OURS", 79);
+    const std::wstring leftover = TemporaryName(71, 77);
+    const std::wstring locked = TemporaryName(72, 78);
+    const std::wstring ofTheUser = TemporaryName(73, 79);
     Files({ofTheUser});
     for (const std::wstring& name : {leftover, locked, ofTheUser, std::wstring(L"~other.tmp")}) {
         Bench.Files.WriteFile(L"C:\\To\\" + name, "x", kAttributeReadOnly);
@@ -296,16 +296,16 @@ TEST_F(FolderWalkTest, TheSubfoldersAreEnteredWhenTheListingIsClosed) {
 
 // Another run may just be making copies in a folder that this one copies to itself.
 TEST_F(FolderWalkTest, InAFolderThatIsCopiedToItselfTemporariesAreNoFiles) {
-    Files({L"a", TemporaryName(L"A", 77)});
+    Files({L"a", TemporaryName(74, 77)});
     Bench.Set(L"S", kDestinationKey, L"C:\\From");
     Bench.Run();
     EXPECT_EQ(Bench.State.FilesChecked, 1);
-    EXPECT_TRUE(Bench.Files.FileExists(L"C:\\From\\" + TemporaryName(L"A", 77)));
+    EXPECT_TRUE(Bench.Files.FileExists(L"C:\\From\\" + TemporaryName(74, 77)));
 }
 
 TEST_F(FolderWalkTest, ALeftoverStaysWhereNobodyCanTellWhetherItsFileIsThere) {
     Files({L"a"});
-    const std::wstring name = TemporaryName(L"OURS", 79);
+    const std::wstring name = TemporaryName(75, 79);
     Bench.Files.WriteFile(L"C:\\To\\" + name);
     FileFault fault = ListingFault(FileOperation::GetFile, L"C:\\From\\" + name);
     RunWithFault(fault);

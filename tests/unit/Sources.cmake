@@ -35,6 +35,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/MemoryFileSystemTest.cpp
     tests/unit/ModeDispatchTest.cpp
     tests/unit/NameHazardTest.cpp
+    tests/unit/NativeSystemPathTest.cpp
     tests/unit/PlainNameTest.cpp
     tests/unit/PreviewCaptionTest.cpp
     tests/unit/ProgramQuotesTest.cpp
@@ -62,6 +63,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/BackBufferTest.cpp
     tests/unit/CheckListBoxTest.cpp
     tests/unit/ExtendedPathTest.cpp
+    tests/unit/FileEntryDataTest.cpp
     tests/unit/FormPlaceTest.cpp
     tests/unit/FormRoundTripTest.cpp
     tests/unit/FormTabOrderTest.cpp
@@ -71,6 +73,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/frmConfigurationTest.cpp
     tests/unit/frmPropertiesTest.cpp
     tests/unit/GetKeyValueTest.cpp
+    tests/unit/HeldFileTest.cpp
     tests/unit/PointerTest.cpp
     tests/unit/RegistrySettingsStoreTest.cpp
     tests/unit/StatusPanelViewTest.cpp

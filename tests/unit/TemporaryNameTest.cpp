@@ -6,17 +6,16 @@ namespace ambrio {
 namespace {
 
 TEST(TemporaryName, IsRecognised) {
-    EXPECT_TRUE(IsTemporaryName(TemporaryName(L"LETTER.TXT", 4711)));
-    EXPECT_TRUE(IsTemporaryName(TemporaryName(L"", 0xFFFFFFFFU)));
+    EXPECT_TRUE(IsTemporaryName(TemporaryName(0x0123456789ABCDEFU, 4711)));
+    EXPECT_TRUE(IsTemporaryName(TemporaryName(0, 0xFFFFFFFFU)));
 }
 
-TEST(TemporaryName, DiffersByFileAndByProcess) {
-    EXPECT_NE(TemporaryName(L"A", 1), TemporaryName(L"B", 1));
-    EXPECT_NE(TemporaryName(L"A", 1), TemporaryName(L"A", 2));
+TEST(TemporaryName, HoldsTheWholeNumberAndTheProcess) {
+    EXPECT_EQ(L"~ambrio-fedcba9876543210-0000abcd.tmp", TemporaryName(0xFEDCBA9876543210U, 0xABCD));
 }
 
 TEST(TemporaryName, LeavesTheUsersNamesAlone) {
-    const std::wstring name = TemporaryName(L"A", 1);
+    const std::wstring name = TemporaryName(5, 6);
     EXPECT_FALSE(IsTemporaryName(L""));
     EXPECT_FALSE(IsTemporaryName(L"~ambrio-.tmp"));
     EXPECT_FALSE(IsTemporaryName(name + L"x"));

@@ -5,6 +5,7 @@
 #include "platform/win32/files/ExtendedPath.h"
 #include "platform/win32/files/FileEntryData.h"
 #include "platform/win32/files/FileIdentity.h"
+#include "platform/win32/files/Patience.h"
 #include "platform/win32/files/Win32Error.h"
 
 namespace ambrio {
@@ -14,9 +15,27 @@ bool NameIsTaken(DWORD code) {
     return code == ERROR_FILE_EXISTS || code == ERROR_ALREADY_EXISTS;
 }
 
-void RemoveTemporary(const std::wstring& temporary) {
+DWORD Rename(const std::wstring& temporary, const std::wstring& destination, bool overwrite,
+             Patience& patience) {
+    for (;;) {
+        if (MoveFileExW(temporary.c_str(), destination.c_str(),
+                        overwrite ? MOVEFILE_REPLACE_EXISTING : 0) != 0) {
+            return ERROR_SUCCESS;
+        }
+        const DWORD code = GetLastError();
+        if (!IsHeldByOthers(code, temporary, destination) || !patience.Wait()) {
+            return code;
+        }
+    }
+}
+
+// What does not go stays for the next run that comes by the folder.
+void RemoveTemporary(const std::wstring& temporary, Patience& patience) {
     SetFileAttributesW(temporary.c_str(), FILE_ATTRIBUTE_NORMAL);
-    DeleteFileW(temporary.c_str());
+    bool again = true;
+    while (again && DeleteFileW(temporary.c_str()) == 0) {
+        again = IsHeldByOthers(GetLastError(), temporary, temporary) && patience.Wait();
+    }
 }
 
 // Two names of one file agree in time and size; only then is it worth opening both to see.
@@ -67,21 +86,16 @@ void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
     const std::wstring temporary = FolderOfExtended(destination) + temporaryName;
     const std::uint64_t size =
         (static_cast<std::uint64_t>(sourceData.nFileSizeHigh) << 32U) | sourceData.nFileSizeLow;
+    Patience patience(yield);
     DWORD code = CopyWithYield(source, temporary, size, yield);
     if (NameIsTaken(code)) {
-        // A run was killed here whose process had the number that this one has.
-        RemoveTemporary(temporary);
-        code = CopyWithYield(source, temporary, size, yield);
+        ThrowWin32(code);  // somebody else's, so it is not removed
     }
-    if (NameIsTaken(code)) {
-        ThrowWin32(code);
-    }
-    if (code == ERROR_SUCCESS && MoveFileExW(temporary.c_str(), destination.c_str(),
-                                             overwrite ? MOVEFILE_REPLACE_EXISTING : 0) == 0) {
-        code = GetLastError();
+    if (code == ERROR_SUCCESS) {
+        code = Rename(temporary, destination, overwrite, patience);
     }
     if (code != ERROR_SUCCESS) {
-        RemoveTemporary(temporary);
+        RemoveTemporary(temporary, patience);
         ThrowForPath(code, temporary);
     }
 }

@@ -6,10 +6,14 @@ namespace ambrio {
 namespace {
 
 constexpr std::uint64_t kTicksPerSecond = 10'000'000;
+// What newer systems know: not looked over for defects, kept on the disk, kept in the cloud.
+constexpr DWORD kNoScrubData = 0x20000;
+constexpr DWORD kPinned = 0x80000;
+constexpr DWORD kUnpinned = 0x100000;
 constexpr DWORD kSettable = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
                             FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
                             FILE_ATTRIBUTE_TEMPORARY | FILE_ATTRIBUTE_OFFLINE |
-                            FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+                            FILE_ATTRIBUTE_NOT_CONTENT_INDEXED | kNoScrubData | kPinned | kUnpinned;
 
 }  // namespace
 

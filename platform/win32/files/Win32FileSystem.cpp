@@ -11,6 +11,7 @@
 #include "platform/win32/files/Win32FolderReader.h"
 #include "platform/win32/files/Win32TextStream.h"
 #include "platform/win32/system/Handle.h"
+#include "platform/win32/system/RandomNumber.h"
 
 namespace ambrio {
 namespace {
@@ -41,6 +42,10 @@ WIN32_FILE_ATTRIBUTE_DATA RequireFile(const std::wstring& extended) {
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
     return data;
+}
+
+std::wstring NewTemporaryName() {
+    return TemporaryName(RandomNumber(), GetCurrentProcessId());
 }
 
 FileEntry FileEntryOf(const std::wstring& extended, const WIN32_FILE_ATTRIBUTE_DATA& data) {
@@ -152,9 +157,7 @@ void Win32FileSystem::DeleteFile(const std::wstring& path, bool force) {
 void Win32FileSystem::CopyFile(const std::wstring& source, const std::wstring& destination,
                                bool overwrite, const Yield& yield) {
     const std::wstring extendedDestination = ExtendedPath(destination);
-    const std::wstring name = FoldedName(NameOfExtended(extendedDestination));
-    CrashSafeCopy(ExtendedPath(source), extendedDestination,
-                  TemporaryName(name, GetCurrentProcessId()), overwrite, yield);
+    CrashSafeCopy(ExtendedPath(source), extendedDestination, NewTemporaryName(), overwrite, yield);
 }
 
 std::unique_ptr<TextStream> Win32FileSystem::OpenForAppending(const std::wstring& path) {
@@ -163,8 +166,7 @@ std::unique_ptr<TextStream> Win32FileSystem::OpenForAppending(const std::wstring
 
 bool Win32FileSystem::IsWritableFolder(const std::wstring& path) {
     try {
-        const std::wstring probe =
-            BuildPath(ExtendedPath(path), TemporaryName({}, GetCurrentProcessId()));
+        const std::wstring probe = BuildPath(ExtendedPath(path), NewTemporaryName());
         return MakeHandle<UniqueHandle>(CreateFileW(
                    probe.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                    FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr)) != nullptr;
