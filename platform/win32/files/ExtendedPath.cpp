@@ -7,11 +7,12 @@
 #include "platform/RuntimeError.h"
 #include "platform/win32/files/FullPath.h"
 #include "platform/win32/files/Win32Error.h"
+#include "platform/win32/system/SystemRedirection.h"
 
 namespace ambrio {
 namespace {
 
-constexpr std::wstring_view kPrefix = L"\\\\?\\";
+constexpr const wchar_t* kPrefix = L"\\\\?\\";
 constexpr std::wstring_view kNetworkPrefix = L"\\\\?\\UNC\\";
 constexpr std::wstring_view kDevicePrefix = L"\\\\.\\";
 constexpr std::wstring_view kNetworkStart = L"\\\\";
@@ -65,7 +66,7 @@ void RequirePlace(const std::wstring& path) {
 
 std::wstring ExtendedPath(const std::wstring& path) {
     if (path.starts_with(kPrefix)) {
-        return path;
+        return WithoutRedirection(path);
     }
     RequirePlace(path);
     const bool odd = !IsFull(path) || path.find(L'/') != std::wstring::npos || HasOddPart(path);
@@ -79,7 +80,7 @@ std::wstring ExtendedPath(const std::wstring& path) {
     if (IsNetworkPath(full)) {
         return std::wstring(kNetworkPrefix) + full.substr(kNetworkStart.size());
     }
-    return std::wstring(kPrefix) + full;
+    return kPrefix + WithoutRedirection(full);
 }
 
 std::wstring FolderOfExtended(const std::wstring& extended) {
