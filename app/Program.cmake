@@ -1,9 +1,7 @@
 # The product. It is named Ambrio.scr, as the display settings look for that ending.
-ambrio_room(saver SOURCES ${SAVER_WIN32_SOURCES}
+ambrio_room(saver PRECOMPILED windows SOURCES ${SAVER_WIN32_SOURCES}
             LINKS ambrio_saver_model ambrio_saver_animation ambrio_engine)
-if(CONFIG_WIN32_SOURCES)
-  ambrio_room(config SOURCES ${CONFIG_WIN32_SOURCES} LINKS ambrio_config_model)
-endif()
+ambrio_room(config PRECOMPILED windows SOURCES ${CONFIG_WIN32_SOURCES} LINKS ambrio_config_model)
 
 # What the program carries in itself; the unit tests carry the same.
 configure_file(resources/Ambrio.manifest.in generated/Ambrio.manifest @ONLY)
@@ -14,12 +12,11 @@ set_source_files_properties(
                                  "${resource_parts};${CMAKE_BINARY_DIR}/generated/Ambrio.manifest")
 
 add_executable(Ambrio WIN32 ${APP_WIN32_SOURCES} ${AMBRIO_RESOURCES})
-set_target_properties(Ambrio PROPERTIES SUFFIX .scr)
+set_target_properties(Ambrio PROPERTIES SUFFIX .scr RUNTIME_OUTPUT_DIRECTORY
+                                                    ${AMBRIO_PRODUCT_FOLDER})
 target_link_options(Ambrio PRIVATE -municode)
-target_link_libraries(Ambrio PRIVATE ambrio_app_model ambrio_saver)
-if(TARGET ambrio_config)
-  target_link_libraries(Ambrio PRIVATE ambrio_config)
-endif()
+target_link_libraries(Ambrio PRIVATE ambrio_app_model ambrio_saver ambrio_config)
+ambrio_use_precompiled(Ambrio windows)
 
 include(resources/clip/Clip.cmake)
 add_dependencies(Ambrio clip)

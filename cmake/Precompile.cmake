@@ -1,5 +1,5 @@
-# Headers that hardly ever change and that most files include. They are still included where they are
-# used: the header check and clang-tidy read every file without this.
+# Headers that hardly ever change and that most sources include are read once for all of them. They
+# are still included where they are used: the header check and clang-tidy go without this.
 set(STANDARD_HEADERS
     <algorithm>
     <array>
@@ -15,16 +15,27 @@ set(STANDARD_HEADERS
     <utility>
     <vector>
 )
+set(WINDOWS_HEADERS ${CMAKE_SOURCE_DIR}/platform/win32/WindowsHeaders.h)
 
-# ambrio_precompile(TARGET FIRST HEADER...): the target and the others of the same FIRST share what
-# FIRST has precompiled; they must be compiled alike.
-function(ambrio_precompile name first)
-  if(NOT AMBRIO_PRECOMPILE)
-    return()
-  endif()
-  if(name STREQUAL first)
-    target_precompile_headers(${name} PRIVATE ${ARGN})
-  else()
-    target_precompile_headers(${name} REUSE_FROM ${first})
+# ambrio_precompile(NAME LINKS TARGET... HEADERS HEADER...): what the targets that are compiled with
+# these settings may use.
+function(ambrio_precompile name)
+  cmake_parse_arguments(PRECOMPILE "" "" "LINKS;HEADERS" ${ARGN})
+  set(nothing ${CMAKE_BINARY_DIR}/generated/Nothing.cpp)
+  file(CONFIGURE OUTPUT ${nothing} CONTENT "")
+  add_library(ambrio_precompiled_${name} OBJECT EXCLUDE_FROM_ALL ${nothing})
+  target_link_libraries(ambrio_precompiled_${name} PRIVATE ${PRECOMPILE_LINKS})
+  target_precompile_headers(ambrio_precompiled_${name} PRIVATE ${PRECOMPILE_HEADERS})
+endfunction()
+
+# Rooms use the standard library's only in native builds. In optimised ones GCC 12 takes empty wide
+# literals for too small when it has precompiled the header of wmemcpy, as the system's headers
+# bring it too; the win64 build goes without and is warned where there is reason.
+function(ambrio_use_precompiled target name)
+  if(AMBRIO_PRECOMPILE AND TARGET ambrio_precompiled_${name})
+    target_precompile_headers(${target} REUSE_FROM ambrio_precompiled_${name})
+    if(name STREQUAL "windows")
+      target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overread)
+    endif()
   endif()
 endfunction()

@@ -14,10 +14,12 @@ add_custom_command(
   DEPENDS ${clip_sources} ${clip_headers}
   COMMENT "Compiling what draws filecopy.avi"
   VERBATIM)
+set(clip ${AMBRIO_PRODUCT_FOLDER}/filecopy.avi)
 add_custom_command(
-  OUTPUT filecopy.avi
-  COMMAND generated/MakeClip filecopy.avi
+  OUTPUT ${clip}
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${AMBRIO_PRODUCT_FOLDER}
+  COMMAND generated/MakeClip ${clip}
   DEPENDS generated/MakeClip
   COMMENT "Drawing filecopy.avi"
   VERBATIM)
-add_custom_target(clip ALL DEPENDS filecopy.avi)
+add_custom_target(clip DEPENDS ${clip})

@@ -10,6 +10,31 @@ AMBRIO_BUILD=$AMBRIO_ROOT/build
 export AMBRIO_STARTED=${AMBRIO_STARTED:-$EPOCHSECONDS}
 step() { printf '[%3ds] %s\n' "$((EPOCHSECONDS - AMBRIO_STARTED))" "$*"; }
 
+# timed NAME COMMAND...: runs a step and keeps for show_times how long it took and how much work the
+# processors had with it.
+timed() {
+    local TIMEFORMAT="$1|%R|%U|%S"
+    shift
+    { time "$@" 2>&3; } 3>&2 2>>"$AMBRIO_TIMES"
+}
+
+# Begins the record anew; a script that is called by another adds to that one's.
+begin_times() {
+    [ -z "${AMBRIO_TIMES:-}" ] || return 0
+    export AMBRIO_TIMES=$AMBRIO_BUILD/times.txt
+    mkdir -p "$AMBRIO_BUILD"
+    : >"$AMBRIO_TIMES"
+}
+show_times() {
+    awk -F '|' -v elapsed="$((EPOCHSECONDS - AMBRIO_STARTED))" '
+        { work = $3 + $4; sum += work; line[NR] = sprintf("%8.0f s %8.0f s  %s", $2, work, $1) }
+        END {
+            print "   lasted     worked  step"
+            for (i = 1; i <= NR; i++) print line[i]
+            printf "%8.0f s %8.0f s  in all; several steps run at once\n", elapsed, sum
+        }' "$AMBRIO_TIMES"
+}
+
 fail() {
     printf 'ambrio: %s\n' "$*" >&2
     exit 1

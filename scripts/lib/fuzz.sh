@@ -1,4 +1,4 @@
-# Runs the fuzzers. Sourced after common.sh, when the fuzz preset is built.
+# Runs the fuzzers. Sourced after common.sh, when the fuzzers of the host preset are built.
 
 FUZZERS=(FuzzRun FuzzSetList FuzzTextConversion FuzzCommandLine FuzzDestinationFolder)
 
@@ -7,7 +7,7 @@ fuzz_one() {
     local seconds=$1 name=$2 log status=0
     log=$AMBRIO_BUILD/fuzz/$name.log
     mkdir -p "$AMBRIO_BUILD/fuzz/corpus/$name" "$AMBRIO_BUILD/fuzz/findings"
-    "$AMBRIO_BUILD/fuzz/$name" -max_total_time="$seconds" -timeout=30 -print_final_stats=1 \
+    "$AMBRIO_BUILD/host/$name" -max_total_time="$seconds" -timeout=30 -print_final_stats=1 \
         -artifact_prefix="$AMBRIO_BUILD/fuzz/findings/$name-" \
         "$AMBRIO_BUILD/fuzz/corpus/$name" "$AMBRIO_ROOT/tests/fuzz/seeds/$name" \
         >"$log" 2>&1 </dev/null || status=$?

@@ -1,4 +1,47 @@
-# Counts the results of tests, above all what GoogleTest programs say. Sourced after common.sh.
+# Finds tests and counts their results, above all what GoogleTest programs say. Sourced after common.sh.
+
+# tests_in FILE...: the names of the tests that sources hold, one a line. Of a test with parameters it
+# is what comes before the parameter: "Prefix/Suite.Name/".
+tests_in() {
+    cat -- "$@" | tr -s ' \n' '  ' |
+        grep -oE '\b(TEST|TEST_F|TEST_P|INSTANTIATE_TEST_SUITE_P)\( ?\w+, ?\w+\b' | tr -d ' ' |
+        awk -F '[(,]' '$1 ~ /^INST/ { prefixes[$3] = prefixes[$3] " " $2 }
+            $1 == "TEST_P" { cases[++count] = $2 " " $3 }
+            $1 ~ /^TEST(_F)?$/ { print $2 "." $3 }
+            END {
+                for (i = 1; i <= count; i++) {
+                    split(cases[i], one, " ")
+                    many = split(prefixes[one[1]], prefix, " ")
+                    for (j = 1; j <= many; j++) print prefix[j] "/" one[1] "." one[2] "/"
+                }
+            }'
+}
+
+# tests_match FILTER: says whether a GoogleTest filter matches one of the names on standard input.
+# What the filter leaves out again, after a "-", is not looked at.
+tests_match() {
+    local filter=${1%%-*} patterns pattern name
+    IFS=: read -ra patterns <<<"${filter:-*}"
+    while read -r name; do
+        for pattern in "${patterns[@]}"; do
+            # Of a test with parameters a beginning of the pattern is enough: the end, without dots and
+            # slashes, is for the parameter.
+            if [[ $name == */ ]]; then
+                while [[ $pattern == *[!./] && $name != $pattern ]]; do pattern=${pattern%?}; done
+            fi
+            [[ $name != $pattern ]] || return 0
+        done
+    done
+    return 1
+}
+
+# sources_of LIST...: the sources in CMake lists of these names.
+sources_of() {
+    local list
+    for list in "$@"; do
+        sed -n "/^set(${list}_SOURCES\$/,/^)/s/^ *\(.*\.cpp\)\$/\1/p" "$AMBRIO_ROOT"/tests/*/Sources.cmake | sort -u
+    done
+}
 
 TESTS_PASSED=0
 TESTS_FAILED=0

@@ -1,8 +1,9 @@
 # Installs the Debian packages that a script needs and lacks. Sourced after common.sh.
 
 HOST_PACKAGES=(cmake ninja-build g++ googletest)
-BUILD_PACKAGES=("${HOST_PACKAGES[@]}" g++-mingw-w64-i686 g++-mingw-w64-x86-64)
-CHECK_PACKAGES=(git clang clang-format clang-tidy libclang-rt-dev)
+WINDOWS_PACKAGES=(g++-mingw-w64-i686 g++-mingw-w64-x86-64)
+CLANG_PACKAGES=(clang libclang-rt-dev)
+CHECK_PACKAGES=(git clang-format clang-tidy)
 # The fonts are those that the panel and the dialogs fall back to where the Windows ones are missing.
 RUN_PACKAGES=(wine wine64 xvfb xauth imagemagick procps util-linux fonts-dejavu-core
     fonts-dejavu-extra)
