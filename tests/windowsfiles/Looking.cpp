@@ -66,6 +66,16 @@ BOOL WINAPI GetFileInformationAsOnWindows(HANDLE file, LPBY_HANDLE_FILE_INFORMAT
     return done;
 }
 
+BOOL WINAPI GetFileInformationExAsOnWindows(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what,
+                                            LPVOID data, DWORD size) {
+    constexpr int kWhetherCasesAreToldApart = 23;
+    if (static_cast<int>(what) != kWhetherCasesAreToldApart) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    return GetFileInformationByHandleEx(file, what, data, size);
+}
+
 HANDLE WINAPI FindFirstFileAsOnWindows(LPCWSTR pattern, LPWIN32_FIND_DATAW data) {
     return FindFirstFileExAsOnWindows(pattern, FindExInfoStandard, data, FindExSearchNameMatch,
                                       nullptr, 0);
