@@ -62,6 +62,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/AssociatedProgramTest.cpp
     tests/unit/BackBufferTest.cpp
     tests/unit/CheckListBoxTest.cpp
+    tests/unit/DeepestTreeTest.cpp
     tests/unit/ExtendedPathTest.cpp
     tests/unit/FileEntryDataTest.cpp
     tests/unit/FormPlaceTest.cpp
