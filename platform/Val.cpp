@@ -1,7 +1,7 @@
 #include "platform/Val.h"
 
 #include <charconv>
-#include <limits>
+#include <cstdlib>
 
 namespace ambrio {
 namespace {
@@ -39,10 +39,9 @@ double Val(const std::wstring& text) {
     const auto [end, error] =
         std::from_chars(characters.data(), characters.data() + characters.size(), value);
     if (error == std::errc::result_out_of_range) {
-        const bool negative = characters.front() == '-';
-        const bool tiny = characters.find("e-") != std::string::npos;
-        const double magnitude = tiny ? 0 : std::numeric_limits<double>::infinity();
-        return negative ? -magnitude : magnitude;
+        // This one tells too large from too small. Its separator is the point, too: the program
+        // never leaves the "C" locale.
+        return std::strtod(characters.c_str(), nullptr);
     }
     return error == std::errc() ? value : 0;
 }

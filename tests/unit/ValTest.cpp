@@ -32,7 +32,19 @@ TEST(Val, GivesZeroWithoutANumber) {
 TEST(Val, GoesToInfinityBeyondADouble) {
     EXPECT_EQ(std::numeric_limits<double>::infinity(), Val(L"1e999"));
     EXPECT_EQ(-std::numeric_limits<double>::infinity(), Val(L"-1e999"));
+    const std::wstring zeros(400, L'0');
+    EXPECT_EQ(std::numeric_limits<double>::infinity(), Val(L"1" + zeros));
+    EXPECT_EQ(std::numeric_limits<double>::infinity(), Val(L"1" + zeros + L"e-5"));
+    EXPECT_EQ(-std::numeric_limits<double>::infinity(), Val(L"-1" + zeros + L".5e-5x"));
+}
+
+TEST(Val, GoesToZeroBelowADouble) {
+    const std::wstring zeros(400, L'0');
     EXPECT_EQ(0, Val(L"1e-999"));
+    EXPECT_EQ(0, Val(L"0." + zeros + L"1"));
+    EXPECT_EQ(0, Val(L"-." + zeros + L"1e5"));
+    EXPECT_EQ(0, Val(L"0." + zeros + L"1e+50.7"));
+    EXPECT_EQ(1e99, Val(L"0." + zeros + L"1e500"));
 }
 
 }  // namespace
