@@ -32,8 +32,9 @@ frmScreenSaver::frmScreenSaver(const Application& application, FileSystem& fileS
       tmrKeepOnRunnin_(kKeepOnRunninTimer, kKeepOnRunninInterval),
       tmrEnd_(kEndTimer, kEndInterval) {}
 
+// A form whose loading failed goes without having unloaded.
 frmScreenSaver::~frmScreenSaver() {
-    Destroy();
+    DestroyForm();
 }
 
 void frmScreenSaver::Show() {
@@ -71,9 +72,6 @@ LRESULT frmScreenSaver::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             return AgreeToEndOfSession();
         case WM_ENDSESSION:
             SessionEnds(wParam != FALSE);
-            return 0;
-        case WM_DESTROY:
-            Destroyed();
             return 0;
         default:
             return ReceiveInput(message, wParam, lParam);

@@ -80,7 +80,7 @@ class frmScreenSaver : public Window, public RunHost {
     bool Form_QueryUnload();
     void ShowFailureSummary();
     void Form_Unload();
-    void Destroyed();
+    void DestroyForm();
     void CloseRequested();
     LRESULT AgreeToEndOfSession();
     void SessionEnds(bool ends);

@@ -15,7 +15,8 @@ void frmScreenSaver::Unload() {
     isClosing_ = true;
     if (isSessionEnding_ || Form_QueryUnload()) {
         Form_Unload();
-        Destroy();
+        DestroyForm();
+        unloaded_();
     }
     isClosing_ = false;
 }
@@ -53,11 +54,11 @@ void frmScreenSaver::Form_Unload() {
 // The window goes in this order: the timers first, so that no tick finds half a form; then, by the
 // system, the panel and its labels, whose objects stay, empty, until the form's object goes. A run
 // that is still returning thus finds everything it calls.
-void frmScreenSaver::Destroyed() {
+void frmScreenSaver::DestroyForm() {
     for (FormTimer* timer : {&tmrDoTheBiz_, &tmrKeepOnRunnin_, &tmrEnd_}) {
         timer->SetEnabled(false);
     }
-    unloaded_();
+    Destroy();
 }
 
 // The close box. A run is asked to stop and unloads the form when it returns.

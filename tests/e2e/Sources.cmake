@@ -36,6 +36,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/BrowseTest.cpp
     tests/e2e/CommandLineTest.cpp
     tests/e2e/ConfigurationTest.cpp
+    tests/e2e/DesktopValuesTest.cpp
     tests/e2e/DifferentialTest.cpp
     tests/e2e/DiskFullTest.cpp
     tests/e2e/EnduranceTest.cpp
