@@ -31,7 +31,9 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4)
   # The module's function is looked up by its plain name.
   target_link_options(StandInPassword PRIVATE -Wl,--enable-stdcall-fixup)
 endif()
-add_dependencies(e2e_tests Ambrio StandInSaver StandInPassword WindowsFiles)
+add_library(StandInSystem MODULE ${E2E_STANDIN_SYSTEM_SOURCES})
+set_target_properties(StandInSystem PROPERTIES PREFIX "")
+add_dependencies(e2e_tests Ambrio StandInSaver StandInPassword StandInSystem WindowsFiles)
 
 # What brings the animation to a step of which a picture is wanted (scripts/screenshots), and what
 # shows such a dialog (scripts/dialog-screenshots).
@@ -39,7 +41,7 @@ add_executable(StepForPicture ${E2E_PICTURE_SOURCES})
 add_executable(DialogForPicture ${AMBRIO_RESOURCES} ${E2E_DIALOG_PICTURE_SOURCES})
 target_link_libraries(DialogForPicture PRIVATE ambrio_config)
 
-foreach(program StandInSaver StandInPassword StepForPicture DialogForPicture)
+foreach(program StandInSaver StandInPassword StandInSystem StepForPicture DialogForPicture)
   target_link_libraries(${program} PRIVATE ambrio_test_settings)
   ambrio_use_precompiled(${program} windows_tests)
 endforeach()

@@ -57,7 +57,9 @@ void frmControl::Form_Load() {
 LRESULT frmControl::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_TIMER:
-            Timer1_Timer();
+            if (Timer1_.IsTick(wParam)) {
+                Timer1_Timer();
+            }
             return 0;
         case WM_CLOSE:
             Unload();

@@ -22,15 +22,15 @@ int YOf(LPARAM position) {
 frmScreenSaver::frmScreenSaver(const Application& application, FileSystem& fileSystem,
                                SettingsStore& settings, Clock& clock,
                                std::function<void()> unloaded)
-    : application_(application),
+    : tmrEnd_(kEndTimer, kEndInterval),
+      application_(application),
       fileSystem_(fileSystem),
       settings_(settings),
       clock_(clock),
       unloaded_(std::move(unloaded)),
       twips_(ReadScreenTwips()),
       tmrDoTheBiz_(kDoTheBizTimer, kDoTheBizInterval),
-      tmrKeepOnRunnin_(kKeepOnRunninTimer, kKeepOnRunninInterval),
-      tmrEnd_(kEndTimer, kEndInterval) {}
+      tmrKeepOnRunnin_(kKeepOnRunninTimer, kKeepOnRunninInterval) {}
 
 // A form whose loading failed goes without having unloaded.
 frmScreenSaver::~frmScreenSaver() {
@@ -112,12 +112,12 @@ void frmScreenSaver::Form_MouseMove(int x, int y) {
     }
 }
 
-void frmScreenSaver::TimerTick(UINT_PTR timer) {
-    if (timer == tmrDoTheBiz_.Id()) {
+void frmScreenSaver::TimerTick(WPARAM timer) {
+    if (tmrDoTheBiz_.IsTick(timer)) {
         tmrDoTheBiz_Timer();
-    } else if (timer == tmrKeepOnRunnin_.Id()) {
+    } else if (tmrKeepOnRunnin_.IsTick(timer)) {
         tmrKeepOnRunnin_Timer();
-    } else if (timer == tmrEnd_.Id()) {
+    } else if (tmrEnd_.IsTick(timer)) {
         End();
     }
 }

@@ -57,6 +57,10 @@ class frmScreenSaver : public Window, public RunHost {
   protected:
     LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+    // Its tick ends the program. Nothing here enables it; a run that finds it enabled leaves the
+    // closing to it.
+    FormTimer tmrEnd_;
+
   private:
     // Loading (frmScreenSaverLoad.cpp).
     void MakeWindow();
@@ -69,7 +73,7 @@ class frmScreenSaver : public Window, public RunHost {
     LRESULT ReceiveInput(UINT message, WPARAM wParam, LPARAM lParam);
     void InputRule();
     void Form_MouseMove(int x, int y);
-    void TimerTick(UINT_PTR timer);
+    void TimerTick(WPARAM timer);
     void tmrDoTheBiz_Timer();
     void tmrKeepOnRunnin_Timer();
     void ShowBox(const std::wstring& text, const std::wstring& title, UINT icon);
@@ -97,7 +101,6 @@ class frmScreenSaver : public Window, public RunHost {
     std::int32_t platformId_ = 0;
     FormTimer tmrDoTheBiz_;
     FormTimer tmrKeepOnRunnin_;
-    FormTimer tmrEnd_;
     std::unique_ptr<LineCanvas> canvas_;
     std::unique_ptr<StatusPanelView> panel_;
     std::unique_ptr<PanelFrame> frame_;
@@ -105,6 +108,7 @@ class frmScreenSaver : public Window, public RunHost {
     FrameAnimation animation_;
     std::unique_ptr<StayAwake> awake_;  // while the run is at work
     bool isClosing_ = false;            // an unload is under way
+    bool hasAgreedToEnd_ = false;       // the system has asked whether the session may end
     bool isSessionEnding_ = false;      // nobody is there to answer
 };
 

@@ -72,16 +72,20 @@ void frmScreenSaver::CloseRequested() {
 
 // Agrees at once and uses the time until the session ends to stop a run.
 LRESULT frmScreenSaver::AgreeToEndOfSession() {
+    hasAgreedToEnd_ = true;
     if (IsRunning()) {
         signals_.Interrupted = true;
     }
     return TRUE;
 }
 
-// Nobody is there any more to type a password or to read a summary.
+// Nobody is there any more to type a password or to read a summary. Where there is a password, an
+// end that the system has not asked about first is not believed: another program could send it in
+// the password's place.
 void frmScreenSaver::SessionEnds(bool ends) {
-    isSessionEnding_ = ends;
-    if (ends) {
+    isSessionEnding_ = ends && (hasAgreedToEnd_ || !UsesPassword());
+    hasAgreedToEnd_ = false;
+    if (isSessionEnding_) {
         CloseRequested();
     }
 }

@@ -9,14 +9,17 @@ namespace ambrio {
 namespace {
 
 constexpr UINT_PTR kPictureTimer = 1;
+constexpr std::chrono::milliseconds kPictureInterval{kClipMicroseconds / 1000};
 
 }  // namespace
 
-CopyFrame::CopyFrame(HWND parent, const RECT& place) : background_(CreateSolidBrush(colour_)) {
+CopyFrame::CopyFrame(HWND parent, const RECT& place)
+    : pictures_(kPictureTimer, kPictureInterval), background_(CreateSolidBrush(colour_)) {
     WindowDesign design =
         ChildDesign(L"AmbrioCopyFrame", parent, static_cast<int>(PanelControl::fraAni), place);
     design.Style = WS_CHILD | WS_CLIPCHILDREN;
     Create(design);
+    pictures_.AttachTo(Handle());
 
     CommonControls::InitClasses(ICC_ANIMATE_CLASS);
     animation_ = CreateWindowExW(
@@ -37,11 +40,11 @@ void CopyFrame::OpenClip(const std::wstring& path) {
 }
 
 void CopyFrame::PlayClip() {
-    SetTimer(Handle(), kPictureTimer, kClipMicroseconds / 1000, nullptr);
+    pictures_.SetEnabled(true);
 }
 
 void CopyFrame::StopClip() {
-    KillTimer(Handle(), kPictureTimer);
+    pictures_.SetEnabled(false);
 }
 
 void CopyFrame::CloseClip() {
@@ -100,7 +103,9 @@ LRESULT CopyFrame::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             SetBkColor(reinterpret_cast<HDC>(wParam), colour_);
             return reinterpret_cast<LRESULT>(background_.get());
         case WM_TIMER:
-            NextPicture();
+            if (pictures_.IsTick(wParam)) {
+                NextPicture();
+            }
             return 0;
         case WM_DESTROY:
             StopClip();

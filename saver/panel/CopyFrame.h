@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/win32/windows/FormTimer.h"
 #include "platform/win32/windows/GdiHandles.h"
 #include "platform/win32/windows/Window.h"
 
@@ -36,6 +37,7 @@ class CopyFrame : public Window {
     bool ShowPicture(int picture);
     void NextPicture();
 
+    FormTimer pictures_;        // ticks while the clip plays
     HWND animation_ = nullptr;  // Animation1, a child
     COLORREF colour_ = 0;
     UniqueBrush background_;  // of that colour

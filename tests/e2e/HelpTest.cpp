@@ -61,5 +61,20 @@ TEST_F(HelpTest, AMissingFileIsTheViewersToReportAndTheDialogGoesOn) {
     EXPECT_EQ(Settings.Read(L"A", L"Selected"), L"False");
 }
 
+TEST_F(HelpTest, IsLookedForUnderTheProgramsTitleWhateverTheFileIsCalled) {
+    if (!RunsOnWine()) {
+        GTEST_SKIP() << "this system has no viewer that tells what it looks for";
+    }
+    const ProgramFolder renamed(L"Another name.scr");
+    Start(L"/C", renamed);
+    const WindowProbe dialog = WindowTitled(L"Ambrio Configuration");
+    Press(dialog, IDC_CMD_HELP);
+    Press(dialog, IDC_CMD_ABOUT);
+    ASSERT_TRUE(Appears(L"About Ambrio"));
+    EXPECT_NE(said_.find(renamed.Below(L"Ambrio.HLP")), std::wstring::npos) << Utf8(said_);
+    EXPECT_TRUE(Closes(WindowTitled(L"About Ambrio"), IDOK));
+    CloseConfiguration();
+}
+
 }  // namespace
 }  // namespace ambrio::e2e

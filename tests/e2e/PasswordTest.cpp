@@ -7,6 +7,7 @@
 #include "tests/e2e/StandIn.h"
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/SaverTest.h"
+#include "tests/e2e/support/SystemCalls.h"
 #include "tests/e2e/support/SystemFile.h"
 #include "tests/support/win32/WindowsFiles.h"
 
@@ -19,25 +20,32 @@ class PasswordTest : public SaverTest {
         WriteNumber(L"Control Panel\\Desktop", kUsePassword, 1);
     }
 
+    // True once the saver has answered the password's refusal.
+    [[nodiscard]] bool StaysAfterTheRefusal(DWORD timesAsked) {
+        return WaitUntil([&] { return TimesAsked() == timesAsked; }) && Saver().Send(WM_NULL);
+    }
     [[nodiscard]] static DWORD TimesAsked() {
         return ReadNumber(kStandInKey, kPasswordCalls).value_or(0);
     }
     static void Answer(bool accept) { WriteNumber(kStandInKey, kPasswordAnswer, accept ? 1 : 0); }
 
-    void RunWithoutSets() {
-        Start(L"/S");
+    void RunWithoutSets(const wchar_t* arguments = L"/S") {
+        Start(arguments);
         EXPECT_TRUE(WaitUntil([this] { return LatestBlock().size() == 6; }));
     }
 
     static constexpr const wchar_t* kUsePassword = L"ScreenSaveUsePassword";
     RegistryTreeGuard standIn_;
     RegistryValueGuard usePassword_;
+    SystemCalls calls_;
 };
 
 TEST_F(PasswordTest, IsNeverAskedForOnTheNtFamily) {
+    LoadIntoPrograms(SystemCalls::Module());
     RunWithoutSets();
     EndByKey();
     EXPECT_EQ(TimesAsked(), 0U);
+    EXPECT_EQ(calls_.Of(L"ScreenSaverRunning"), Lines{});
 }
 
 // Makes the program believe that it runs on the older family, with a module that answers.
@@ -72,13 +80,69 @@ TEST_F(OldFamilyPasswordTest, KeepsTheSaverOnTopWhenItIsWrong) {
     Answer(false);
     RunWithoutSets();
     PressKey(VK_SPACE);
-    EXPECT_TRUE(WaitUntil([] { return TimesAsked() == 1; }));
-    EXPECT_TRUE(GoesOn());
+    EXPECT_TRUE(StaysAfterTheRefusal(1));
     EXPECT_TRUE(Saver().IsVisible());
     EXPECT_TRUE(Saver().IsTopmost());
+    EXPECT_FALSE(Saver().ShowsPointer());
     Answer(true);
     EndByKey();
     EXPECT_EQ(TimesAsked(), 2U);
+}
+
+TEST_F(OldFamilyPasswordTest, LeavesThePointerOfAnOrdinaryWindowWhenItIsWrong) {
+    Answer(false);
+    RunWithoutSets(L"/D");
+    PressKey(VK_SPACE);
+    EXPECT_TRUE(StaysAfterTheRefusal(1));
+    EXPECT_TRUE(Saver().ShowsPointer());
+    Answer(true);
+    EndByKey();
+}
+
+// The call's argument, the number that it points to, and no update flags.
+TEST_F(OldFamilyPasswordTest, KeepsTheUserFromSwitchingAwayUntilItIsRight) {
+    const std::wstring on = L"1 0 0";
+    const std::wstring off = L"0 0 0";
+    LoadIntoPrograms(SystemCalls::Module());
+    Answer(false);
+    RunWithoutSets();
+    EXPECT_EQ(calls_.Of(L"ScreenSaverRunning"), Lines{on});
+    PressKey(VK_SPACE);
+    EXPECT_TRUE(StaysAfterTheRefusal(1));
+    EXPECT_EQ(calls_.Of(L"ScreenSaverRunning"), Lines{on});
+    Answer(true);
+    EndByKey();
+    EXPECT_EQ(calls_.Of(L"ScreenSaverRunning"), (Lines{on, off}));
+}
+
+TEST_F(OldFamilyPasswordTest, IsNotPassedByMessagesThatAnotherProgramMakesUp) {
+    Answer(false);
+    RunWithoutSets();
+    const WindowProbe saver = Saver();
+    for (WPARAM timer = 0; timer < 6; ++timer) {
+        saver.Post(WM_TIMER, timer);
+    }
+    EXPECT_TRUE(saver.Send(WM_ENDSESSION, TRUE));
+    EXPECT_TRUE(saver.Send(WM_DESTROY));
+    // One that does not come after all is no leave for the next.
+    EXPECT_EQ(saver.Send(WM_QUERYENDSESSION), TRUE);
+    EXPECT_TRUE(saver.Send(WM_ENDSESSION, FALSE));
+    EXPECT_TRUE(saver.Send(WM_ENDSESSION, TRUE));
+    EXPECT_TRUE(GoesOn());
+    EXPECT_TRUE(saver.IsVisible());
+    EXPECT_EQ(TimesAsked(), 0U);
+    Answer(true);
+    EndByKey();
+    EXPECT_EQ(TimesAsked(), 1U);
+}
+
+TEST_F(OldFamilyPasswordTest, IsNotAskedForWhenTheSessionEnds) {
+    Answer(false);
+    RunWithoutSets();
+    EXPECT_EQ(Saver().Send(WM_QUERYENDSESSION), TRUE);
+    EXPECT_TRUE(Saver().Send(WM_ENDSESSION, TRUE));
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(TimesAsked(), 0U);
 }
 
 TEST_F(OldFamilyPasswordTest, WhenWrongDoesNotResumeARunThatWasStopped) {
@@ -87,8 +151,7 @@ TEST_F(OldFamilyPasswordTest, WhenWrongDoesNotResumeARunThatWasStopped) {
     Answer(false);
     RunUntilFilesAreCopied();
     PressKey(VK_SPACE);
-    EXPECT_TRUE(WaitUntil([] { return TimesAsked() == 1; }));
-    EXPECT_TRUE(GoesOn());
+    EXPECT_TRUE(StaysAfterTheRefusal(1));
     EXPECT_LT(Panel().Number(PanelControl::lblcopied), 150);
     Answer(true);
     EndByKey();

@@ -110,9 +110,29 @@ TEST_F(Preview, GivesItsPictureBackAndEndsWhenThePictureIsClosed) {
     EXPECT_TRUE(IsWindow(host.Handle()));
 }
 
+TEST_F(Preview, GivesItsClosedPictureBackToItsForm) {
+    // The picture has to be looked at before the next tick unloads the form; on a busy machine it
+    // may take several tries.
+    for (int attempt = 0; attempt < 10; ++attempt) {
+        PreviewHost host(152, 112);
+        const WindowProbe picture = StartIn(host);
+        const WindowProbe form = Form();
+        EXPECT_EQ(picture.Send(WM_CLOSE), 0);
+        const HWND parent = GetAncestor(picture.Handle(), GA_PARENT);
+        EXPECT_TRUE(Ends());
+        if (parent != nullptr) {
+            EXPECT_EQ(parent, form.Handle());
+            return;
+        }
+    }
+    FAIL() << "the form was always gone before the picture was looked at";
+}
+
 TEST_F(Preview, PassesOtherMessagesToThePicturesOwnProcedure) {
     PreviewHost host(152, 112);
     const WindowProbe picture = StartIn(host);
+    // The system's own procedure says that somebody else has to fill the background.
+    EXPECT_EQ(picture.Send(WM_ERASEBKGND), 1);
     const wchar_t text[] = L"a text";
     EXPECT_EQ(picture.Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)), 1);
     EXPECT_EQ(picture.Text(), text);

@@ -20,6 +20,7 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/RunningProgram.cpp
     tests/e2e/support/SaverTest.cpp
     tests/e2e/support/SettingsFixture.cpp
+    tests/e2e/support/SystemCalls.cpp
     tests/e2e/support/SystemFile.cpp
     tests/e2e/support/TestTree.cpp
     tests/e2e/support/Text.cpp
@@ -41,6 +42,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/DiskFullTest.cpp
     tests/e2e/EnduranceTest.cpp
     tests/e2e/FailuresTest.cpp
+    tests/e2e/ForgedMessagesTest.cpp
     tests/e2e/HardeningTest.cpp
     tests/e2e/HazardTest.cpp
     tests/e2e/HelpTest.cpp
@@ -56,8 +58,11 @@ set(E2E_TEST_SOURCES
     tests/e2e/RunTest.cpp
     tests/e2e/SecondarySaverTest.cpp
     tests/e2e/SecondInstanceTest.cpp
+    tests/e2e/SessionEndTest.cpp
+    tests/e2e/SlowMachineTest.cpp
     tests/e2e/StayResponsiveTest.cpp
     tests/e2e/SupportTest.cpp
+    tests/e2e/SystemCallsTest.cpp
     tests/e2e/SystemToolTest.cpp
     tests/e2e/TwoProgramsTest.cpp
     tests/e2e/WebPageTest.cpp
@@ -73,6 +78,11 @@ set(E2E_STANDIN_SAVER_SOURCES
 
 set(E2E_STANDIN_PASSWORD_SOURCES
     tests/e2e/standin/StandInPassword.cpp
+)
+
+set(E2E_STANDIN_SYSTEM_SOURCES
+    tests/e2e/standin/StandInSystem.cpp
+    tests/support/win32/ImportTable.cpp
 )
 
 # What brings the program to a state of which a picture is wanted.

@@ -18,4 +18,10 @@ inline constexpr const wchar_t* kPasswordAnswer = L"PasswordAnswer";  // REG_DWO
 inline constexpr const wchar_t* kPasswordCalls = L"PasswordCalls";    // REG_DWORD
 inline constexpr const wchar_t* kPasswordWindow = L"PasswordWindow";  // REG_DWORD
 
+// The module that stands between the program and some of the system's calls: what was called, a
+// line each, and how long a step of the animation is to take, in milliseconds.
+inline constexpr const wchar_t* kSystemCallsKey = L"Software\\Ambrio end-to-end tests\\System";
+inline constexpr const wchar_t* kCalls = L"Calls";              // REG_SZ
+inline constexpr const wchar_t* kDrawingTime = L"DrawingTime";  // REG_DWORD
+
 }  // namespace ambrio::e2e

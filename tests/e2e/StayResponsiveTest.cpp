@@ -44,8 +44,7 @@ TEST_F(StayResponsiveTest, AnswersAndAnimatesWhileALargeFileIsCopied) {
     } while (!panel.ShowsTheEndOfTheRun());
     EXPECT_LT(longest, 1000U);
     EXPECT_GT(answers, 2) << "the window answered only when the copy was done";
-    EXPECT_FALSE(panel.IsVisible(PanelControl::fraAni) &&
-                 panel.Caption(PanelControl::lblFile) != L"");
+    EXPECT_FALSE(panel.IsVisible(PanelControl::fraAni));
     EndByKey();
 }
 

@@ -8,18 +8,6 @@
 namespace ambrio::e2e {
 namespace {
 
-// Whether the pointer is shown over the windows of that window's thread.
-bool IsPointerShown(const WindowProbe& window) {
-    const DWORD other = GetWindowThreadProcessId(window.Handle(), nullptr);
-    // The pointer's state belongs to the threads that share their input.
-    AttachThreadInput(GetCurrentThreadId(), other, TRUE);
-    CURSORINFO info{};
-    info.cbSize = sizeof info;
-    GetCursorInfo(&info);
-    AttachThreadInput(GetCurrentThreadId(), other, FALSE);
-    return (info.flags & CURSOR_SHOWING) != 0;
-}
-
 struct ModeCase {
     const char* Name;
     const wchar_t* Arguments;
@@ -44,7 +32,7 @@ TEST_P(ModeTest, PlacesTheWindowAndThePointerDuringAndAfterTheRun) {
     RunUntilFilesAreCopied(mode.Arguments);
     const WindowProbe saver = Saver();
     EXPECT_EQ(saver.IsTopmost(), mode.FullScreen);
-    EXPECT_EQ(IsPointerShown(saver), !mode.PointerHidden);
+    EXPECT_EQ(saver.ShowsPointer(), !mode.PointerHidden);
 
     const RECT place = saver.Rectangle();
     const int width = GetSystemMetrics(SM_CXVIRTUALSCREEN);
@@ -63,7 +51,7 @@ TEST_P(ModeTest, PlacesTheWindowAndThePointerDuringAndAfterTheRun) {
     const PanelProbe panel = Panel();
     EXPECT_TRUE(WaitUntil([&] { return panel.ShowsTheEndOfTheRun(); }));
     EXPECT_FALSE(saver.IsTopmost());
-    EXPECT_TRUE(IsPointerShown(saver));
+    EXPECT_TRUE(saver.ShowsPointer());
     EXPECT_TRUE(SameTree(ReadTree(Source.Root()), ReadTree(Destination())));
     EndByKey();
 }
@@ -76,6 +64,38 @@ INSTANTIATE_TEST_SUITE_P(Modes, ModeTest,
                                          ModeCase{"FullScreenForALongerLine", L"/D now", true,
                                                   true}),
                          NameOf());
+
+// The full screen becomes another one.
+class DisplayChangeTest : public SaverTest {
+  protected:
+    // Starts the saver, makes its window smaller than it is and tells it that the display has
+    // changed; then its size.
+    SIZE SizeAfterTheChange(const wchar_t* arguments) {
+        WriteOneSet();
+        RunToTheEnd(arguments);
+        const WindowProbe saver = Saver();
+        SetWindowPos(saver.Handle(), nullptr, 0, 0, kSmall.cx, kSmall.cy,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        EXPECT_TRUE(saver.Send(WM_DISPLAYCHANGE, 32, MAKELPARAM(640, 480)));
+        const RECT place = saver.Rectangle();
+        EndByKey();
+        return {place.right - place.left, place.bottom - place.top};
+    }
+
+    static constexpr SIZE kSmall{300, 200};
+};
+
+TEST_F(DisplayChangeTest, IsCoveredAnew) {
+    const SIZE size = SizeAfterTheChange(L"/S");
+    EXPECT_EQ(size.cx, GetSystemMetrics(SM_CXVIRTUALSCREEN));
+    EXPECT_EQ(size.cy, GetSystemMetrics(SM_CYVIRTUALSCREEN));
+}
+
+TEST_F(DisplayChangeTest, LeavesAnOrdinaryWindowAsItIs) {
+    const SIZE size = SizeAfterTheChange(L"/D");
+    EXPECT_EQ(size.cx, kSmall.cx);
+    EXPECT_EQ(size.cy, kSmall.cy);
+}
 
 class PanelPlaceTest : public SaverTest {};
 

@@ -51,6 +51,18 @@ TEST(FormTimer, TicksNoMoreOnceDisabled) {
     EXPECT_EQ(8U, NextTick(window));
 }
 
+TEST(FormTimer, TakesNothingForATickOfItsOwnWhileItIsDisabled) {
+    const UniqueWindow window = MakeHiddenWindow();
+    FormTimer timer(7, 60ms);
+    timer.AttachTo(window.get());
+    EXPECT_FALSE(timer.IsTick(7));
+    timer.SetEnabled(true);
+    EXPECT_TRUE(timer.IsTick(7));
+    EXPECT_FALSE(timer.IsTick(8));
+    timer.SetEnabled(false);
+    EXPECT_FALSE(timer.IsTick(7));
+}
+
 TEST(FormTimer, CannotBeEnabledWithoutAWindow) {
     FormTimer timer(7, 10ms);
     timer.SetEnabled(true);

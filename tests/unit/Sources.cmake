@@ -73,8 +73,10 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/frmBrowseTest.cpp
     tests/unit/frmConfigurationTest.cpp
     tests/unit/frmPropertiesTest.cpp
+    tests/unit/frmScreenSaverTest.cpp
     tests/unit/GetKeyValueTest.cpp
     tests/unit/HeldFileTest.cpp
+    tests/unit/MessageLoopTest.cpp
     tests/unit/PointerTest.cpp
     tests/unit/RegistrySettingsStoreTest.cpp
     tests/unit/StatusPanelViewTest.cpp

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <utility>
@@ -190,6 +191,59 @@ TEST(StatusPanelView, ShowsACaptionWithoutLeftoversOfTheOneBefore) {
     for (int y = 0; y < after.Height(); ++y) {
         for (int x = 0; x < after.Width(); ++x) {
             ASSERT_EQ(GetPixel(before.DC(), x, y), GetPixel(after.DC(), x, y)) << x << ", " << y;
+        }
+    }
+}
+
+// The columns of a label that change when it shows a letter, in pixels of its place.
+struct Columns {
+    LONG First;
+    LONG Last;
+};
+
+Columns ColumnsOfLetter(const Panel& panel, PanelControl control) {
+    const auto show = [&](const wchar_t* text) {
+        SendMessageW(panel.Control(control), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+        return panel.Picture();
+    };
+    const BackBuffer before = show(L"");
+    const BackBuffer after = show(L"H");
+    const RECT box = panel.Place(control);
+    Columns columns{box.right, box.left};
+    for (LONG x = box.left; x < box.right; ++x) {
+        for (LONG y = box.top; y < box.bottom; ++y) {
+            if (GetPixel(before.DC(), x, y) != GetPixel(after.DC(), x, y)) {
+                columns = {std::min(columns.First, x), std::max(columns.Last, x)};
+            }
+        }
+    }
+    return {columns.First - box.left, columns.Last - box.left};
+}
+
+TEST(StatusPanelView, AlignsEachLabelAsItWasDrawn) {
+    constexpr LONG kNear = 4;
+    const Panel panel;
+    for (const Place& place : kPlaces) {
+        if (place.Control == PanelControl::fraStatus || place.Control == PanelControl::fraAni) {
+            continue;
+        }
+        SCOPED_TRACE(static_cast<int>(place.Control));
+        const RECT box = panel.Place(place.Control);
+        const LONG width = box.right - box.left;
+        const Columns letter = ColumnsOfLetter(panel, place.Control);
+        ASSERT_LT(letter.First, letter.Last);
+        switch (place.Control) {
+            case PanelControl::lblChecked:
+            case PanelControl::lblcopied:
+            case PanelControl::lblRemoved:
+            case PanelControl::Label1:
+                EXPECT_GE(letter.Last, width - kNear);
+                break;
+            case PanelControl::lblfsoStatus:
+                EXPECT_NEAR(letter.First, width - 1 - letter.Last, kNear);
+                break;
+            default:
+                EXPECT_LE(letter.First, kNear);
         }
     }
 }

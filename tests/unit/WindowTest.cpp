@@ -6,12 +6,11 @@
 #include <vector>
 
 #include "platform/RuntimeError.h"
-#include "platform/win32/windows/MessageLoop.h"
 
 namespace ambrio {
 namespace {
 
-// A hidden window that writes down the numbers posted to it.
+// A hidden window that writes down the numbers sent to it.
 class RecordingWindow : public Window {
   public:
     RecordingWindow() {
@@ -23,7 +22,6 @@ class RecordingWindow : public Window {
     }
     ~RecordingWindow() override { Destroy(); }
 
-    void Post(int number) const { PostMessageW(Handle(), WM_APP, static_cast<WPARAM>(number), 0); }
     using Window::Destroy;
 
     std::vector<int> Received;
@@ -81,27 +79,18 @@ TEST(Window, FailsWhenTheSystemRefusesIt) {
     EXPECT_THROW(ImpossibleWindow(), RuntimeError);
 }
 
-TEST(MessageLoop, LetsEverythingThatWaitsRun) {
+TEST(Window, IsNoOtherObjectsForAMessageThatSaysSo) {
     RecordingWindow window;
-    window.Post(1);
-    window.Post(2);
-    HandleWaitingMessages();
-    EXPECT_EQ((std::vector<int>{1, 2}), window.Received);
-    HandleWaitingMessages();
-    EXPECT_EQ(2U, window.Received.size());
-}
-
-TEST(MessageLoop, EndsForAQuitThatCameWhileEventsRan) {
-    RecordingWindow window;
-    window.Post(1);
-    PostQuitMessage(0);
-    HandleWaitingMessages();
-    HandleWaitingMessages();
-    EXPECT_EQ(std::vector<int>{1}, window.Received);
-    RunMessageLoop();
-    window.Post(2);
-    HandleWaitingMessages();
-    EXPECT_EQ((std::vector<int>{1, 2}), window.Received);
+    CREATESTRUCTW creation{};
+    creation.lpCreateParams = reinterpret_cast<void*>(16);  // nothing lies there
+    creation.lpszName = L"another name";
+    EXPECT_EQ(FALSE,
+              SendMessageW(window.Handle(), WM_NCCREATE, 0, reinterpret_cast<LPARAM>(&creation)));
+    wchar_t text[20];
+    GetWindowTextW(window.Handle(), text, 20);
+    EXPECT_STREQ(L"recording", text);
+    SendMessageW(window.Handle(), WM_APP, 5, 0);
+    EXPECT_EQ(std::vector<int>{5}, window.Received);
 }
 
 }  // namespace

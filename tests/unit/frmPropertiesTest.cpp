@@ -147,5 +147,13 @@ TEST_F(frmPropertiesTest, CancelAndAnEmptyNameWriteNothing) {
     EXPECT_TRUE(Store.Writes.empty());
 }
 
+TEST_F(frmPropertiesTest, IsNotLoadedAgainForAMessageThatSaysSo) {
+    Open(L"A");
+    At(IDC_TXT_FOLDER_1).SetText(L"typed");
+    SendMessageW(form_.Handle(), WM_INITDIALOG, 0, 16);  // nothing lies there
+    SendMessageW(form_.Handle(), WM_INITDIALOG, 0, reinterpret_cast<LPARAM>(&form_));
+    EXPECT_EQ(L"typed", At(IDC_TXT_FOLDER_1).Text());
+}
+
 }  // namespace
 }  // namespace ambrio

@@ -6,6 +6,13 @@
 #include "platform/win32/windows/WindowText.h"
 
 namespace ambrio {
+namespace {
+
+// The dialog that this thread is loading. The message that says so only names it once more, as
+// other programs can send the same one.
+thread_local Dialog* dialogBeingLoaded = nullptr;
+
+}  // namespace
 
 Dialog::~Dialog() {
     if (handle_ != nullptr) {
@@ -18,9 +25,11 @@ Dialog::~Dialog() {
 void Dialog::Load(HWND owner) {
     const auto layout = DialogTemplateInMessageFont(instance_, templateId_);
     loadFailure_ = nullptr;
+    dialogBeingLoaded = this;
     const HWND window =
         CreateDialogIndirectParamW(instance_, reinterpret_cast<const DLGTEMPLATE*>(layout.data()),
                                    owner, Procedure, reinterpret_cast<LPARAM>(this));
+    dialogBeingLoaded = nullptr;
     if (loadFailure_ != nullptr) {
         Unload();
         std::rethrow_exception(loadFailure_);
@@ -82,17 +91,16 @@ void Dialog::Unload() {
 }
 
 INT_PTR CALLBACK Dialog::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrW(handle, DWLP_USER, lParam);
-        auto* dialog = reinterpret_cast<Dialog*>(lParam);
-        dialog->handle_ = handle;
-        dialog->LoadForm();
-        return FALSE;  // the focus is set when the dialog is shown
-    }
     auto* dialog = reinterpret_cast<Dialog*>(GetWindowLongPtrW(handle, DWLP_USER));
-    // Messages before WM_INITDIALOG belong to nobody.
     if (dialog == nullptr) {
-        return FALSE;
+        // Messages before WM_INITDIALOG belong to nobody.
+        Dialog* const loaded = dialogBeingLoaded;
+        if (message == WM_INITDIALOG && loaded != nullptr &&
+            reinterpret_cast<LPARAM>(loaded) == lParam) {
+            dialogBeingLoaded = nullptr;
+            loaded->LoadForm(handle);
+        }
+        return FALSE;  // the focus is set when the dialog is shown
     }
     if (message == WM_NCDESTROY) {
         dialog->handle_ = nullptr;
@@ -109,7 +117,9 @@ INT_PTR CALLBACK Dialog::Procedure(HWND handle, UINT message, WPARAM wParam, LPA
 }
 
 // No exception may pass through the system's code; Load throws it on.
-void Dialog::LoadForm() {
+void Dialog::LoadForm(HWND handle) {
+    handle_ = handle;
+    SetWindowLongPtrW(handle, DWLP_USER, reinterpret_cast<LONG_PTR>(this));
     try {
         Form_Load();
     } catch (...) {

@@ -68,7 +68,7 @@ class Dialog {
   private:
     static INT_PTR CALLBACK Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
     bool Receive(UINT message, WPARAM wParam, LPARAM lParam);
-    void LoadForm();
+    void LoadForm(HWND handle);
     bool HandleCommand(int control, int notification);
     void Show();
     void RunUntilUnloaded();

@@ -18,7 +18,9 @@ class FormTimer {
     void AttachTo(HWND window) { window_ = window; }
     void SetEnabled(bool enabled);
     [[nodiscard]] bool IsEnabled() const { return isEnabled_; }
-    [[nodiscard]] UINT_PTR Id() const { return id_; }
+    // Whether a WM_TIMER with this wParam is a tick of this timer. It is none while the timer is
+    // disabled: another program can send one at any time.
+    [[nodiscard]] bool IsTick(WPARAM id) const { return isEnabled_ && id == id_; }
     [[nodiscard]] std::chrono::milliseconds Interval() const { return interval_; }
 
   private:

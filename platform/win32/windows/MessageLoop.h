@@ -2,8 +2,10 @@
 
 namespace ambrio {
 
-// Lets everything that waits in this thread's message queue run, and returns when nothing waits
-// any more. When the program is to end, it returns and leaves that for RunMessageLoop.
+// Lets what waits in this thread's message queue run, what the user did before all else, and comes
+// back in time for the caller's own work: each timer ticks once at most, and the last message is
+// taken before 20 ms are over. What then still waits is left for the next call. When the program is
+// to end, it returns and leaves that for RunMessageLoop.
 void HandleWaitingMessages();
 
 // Handles messages until the program is to end.

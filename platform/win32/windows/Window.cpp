@@ -1,5 +1,7 @@
 #include "platform/win32/windows/Window.h"
 
+#include <utility>
+
 #include "platform/RuntimeError.h"
 #include "platform/win32/windows/RuntimeErrorBox.h"
 
@@ -9,6 +11,10 @@ namespace {
 HINSTANCE Instance() {
     return GetModuleHandleW(nullptr);
 }
+
+// The object whose window this thread is making. Not taken from the message that says so, as other
+// programs can send the same one.
+thread_local Window* windowBeingMade = nullptr;
 
 // Registering a class for the second time fails and changes nothing.
 void RegisterWindowClass(const wchar_t* name, WNDPROC procedure) {
@@ -47,9 +53,12 @@ Window::~Window() {
 void Window::Create(const WindowDesign& design) {
     RegisterWindowClass(design.ClassName, &Window::Procedure);
     const auto id = static_cast<INT_PTR>(design.ControlId);
-    const HWND made = CreateWindowExW(
-        design.ExtendedStyle, design.ClassName, design.Text, design.Style, design.Left, design.Top,
-        design.Width, design.Height, design.Parent, reinterpret_cast<HMENU>(id), Instance(), this);
+    windowBeingMade = this;
+    const HWND made =
+        CreateWindowExW(design.ExtendedStyle, design.ClassName, design.Text, design.Style,
+                        design.Left, design.Top, design.Width, design.Height, design.Parent,
+                        reinterpret_cast<HMENU>(id), Instance(), nullptr);
+    windowBeingMade = nullptr;
     if (made == nullptr) {
         throw RuntimeError(ErrorNumber::OutOfMemory);
     }
@@ -66,13 +75,17 @@ LRESULT Window::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
-        auto* created = static_cast<Window*>(creation->lpCreateParams);
-        created->handle_ = handle;
-        SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
-    }
     auto* window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
+    if (message == WM_NCCREATE) {
+        if (window != nullptr) {
+            return FALSE;  // the system makes a window only once
+        }
+        window = std::exchange(windowBeingMade, nullptr);
+        SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(window));
+        if (window != nullptr) {
+            window->handle_ = handle;
+        }
+    }
     if (window == nullptr) {
         return DefWindowProcW(handle, message, wParam, lParam);
     }

@@ -24,13 +24,18 @@ INPUT KeyEvent(WORD key, WORD scan, DWORD flags) {
     return event;
 }
 
-INPUT MouseEvent(DWORD flags, LONG x = 0, LONG y = 0) {
+INPUT MouseEvent(DWORD flags, LONG x = 0, LONG y = 0, DWORD button = 0) {
     INPUT event{};
     event.type = INPUT_MOUSE;
     event.mi.dx = x;
     event.mi.dy = y;
     event.mi.dwFlags = flags;
+    event.mi.mouseData = button;
     return event;
+}
+
+void ClickSideButton(DWORD button) {
+    Send({MouseEvent(MOUSEEVENTF_XDOWN, 0, 0, button), MouseEvent(MOUSEEVENTF_XUP, 0, 0, button)});
 }
 
 // A pixel as a fraction of 65536 of the whole desktop, half a pixel in, so that rounding leads
@@ -64,6 +69,12 @@ void Click(MouseButton button) {
             break;
         case MouseButton::Middle:
             Send({MouseEvent(MOUSEEVENTF_MIDDLEDOWN), MouseEvent(MOUSEEVENTF_MIDDLEUP)});
+            break;
+        case MouseButton::Back:
+            ClickSideButton(XBUTTON1);
+            break;
+        case MouseButton::Forward:
+            ClickSideButton(XBUTTON2);
             break;
     }
 }

@@ -6,7 +6,7 @@
 // focus or lies under the pointer.
 namespace ambrio::e2e {
 
-enum class MouseButton { Left, Right, Middle };
+enum class MouseButton { Left, Right, Middle, Back, Forward };
 
 // Presses and releases a key, given as a virtual key code.
 void PressKey(WORD key);

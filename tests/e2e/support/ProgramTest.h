@@ -38,6 +38,8 @@ class ProgramTest : public testing::Test {
     // From now on this test and the programs that it starts see files as Windows shows them, also
     // under Wine: the archive bit can be cleared, read-only files are not replaced.
     void SeeFilesAsOnWindows();
+    // From now on the programs that this test starts have this module in them.
+    void LoadIntoPrograms(const std::wstring& module) { module_ = module; }
     // True when the program ends soon.
     [[nodiscard]] bool Ends() { return Program().WaitForEnd(); }
     // True when the program goes on running for a while.

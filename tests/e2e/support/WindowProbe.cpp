@@ -38,6 +38,17 @@ bool WindowProbe::IsTopmost() const {
     return (GetWindowLongW(handle_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
 }
 
+bool WindowProbe::ShowsPointer() const {
+    const DWORD other = GetWindowThreadProcessId(handle_, nullptr);
+    // The pointer's state belongs to the threads that share their input.
+    AttachThreadInput(GetCurrentThreadId(), other, TRUE);
+    CURSORINFO info{};
+    info.cbSize = sizeof info;
+    GetCursorInfo(&info);
+    AttachThreadInput(GetCurrentThreadId(), other, FALSE);
+    return (info.flags & CURSOR_SHOWING) != 0;
+}
+
 RECT WindowProbe::Rectangle() const {
     RECT rectangle{};
     GetWindowRect(handle_, &rectangle);

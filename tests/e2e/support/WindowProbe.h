@@ -26,6 +26,8 @@ class WindowProbe {
     [[nodiscard]] bool IsVisible() const { return IsWindowVisible(handle_) != 0; }
     [[nodiscard]] bool IsEnabled() const { return IsWindowEnabled(handle_) != 0; }
     [[nodiscard]] bool IsTopmost() const;
+    // Whether the pointer is shown over the windows of its thread.
+    [[nodiscard]] bool ShowsPointer() const;
     // Screen pixels.
     [[nodiscard]] RECT Rectangle() const;
     [[nodiscard]] POINT Centre() const;

@@ -1,0 +1,154 @@
+#include "platform/win32/windows/MessageLoop.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+
+#include "platform/win32/windows/FormTimer.h"
+#include "platform/win32/windows/Window.h"
+
+namespace ambrio {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr UINT_PTR kTimer = 7;
+
+// A small window that writes down what it receives: numbers posted to it, "t" for a tick, "k" for a
+// key.
+class EventWindow : public Window {
+  public:
+    EventWindow() {
+        WindowDesign design;
+        design.ClassName = L"AmbrioEventWindow";
+        design.Style = WS_POPUP;
+        design.ExtendedStyle = WS_EX_TOPMOST;
+        design.Width = 10;
+        design.Height = 10;
+        Create(design);
+    }
+    ~EventWindow() override { Destroy(); }
+
+    void Post(int number) const { PostMessageW(Handle(), WM_APP, static_cast<WPARAM>(number), 0); }
+
+    std::string Received;
+    std::chrono::milliseconds Time{0};  // how long it takes to handle one of these
+
+  protected:
+    LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override {
+        switch (message) {
+            case WM_APP:
+                Received += std::to_string(wParam);
+                break;
+            case WM_TIMER:
+                Received += 't';
+                if (Received.size() > 20) {
+                    KillTimer(Handle(), wParam);  // a loop that goes on for ever is told, too
+                }
+                break;
+            case WM_KEYDOWN:
+                Received += 'k';
+                break;
+            default:
+                return Window::Receive(message, wParam, lParam);
+        }
+        const auto end = Clock::now() + Time;
+        while (Clock::now() < end) {
+        }
+        return 0;
+    }
+};
+
+bool Waits(DWORD kind) {
+    return (HIWORD(GetQueueStatus(kind)) & kind) != 0;
+}
+
+// True once something of that kind is in the queue.
+bool Comes(DWORD kind) {
+    return Waits(kind) || MsgWaitForMultipleObjects(0, nullptr, FALSE, 5000, kind) == WAIT_OBJECT_0;
+}
+
+TEST(MessageLoop, LetsEverythingThatWaitsRun) {
+    EventWindow window;
+    window.Post(1);
+    window.Post(2);
+    const auto start = Clock::now();
+    HandleWaitingMessages();
+    // Unless this machine has had no time for it.
+    EXPECT_TRUE(window.Received == "12" || Clock::now() - start >= 20ms) << window.Received;
+    HandleWaitingMessages();
+    EXPECT_EQ("12", window.Received);
+}
+
+TEST(MessageLoop, LeavesWhatWaitsAfterTwentyMillisecondsForTheNextTime) {
+    EventWindow window;
+    window.Time = 8ms;
+    for (int i = 1; i <= 5; ++i) {
+        window.Post(i);
+    }
+    HandleWaitingMessages();
+    EXPECT_LE(window.Received.size(), 3U);
+    EXPECT_GE(window.Received.size(), 1U);
+    for (int i = 0; i < 4; ++i) {
+        HandleWaitingMessages();
+    }
+    EXPECT_EQ("12345", window.Received);
+}
+
+TEST(MessageLoop, LetsATimerTickOnlyOnceHoweverLongATickTakes) {
+    EventWindow window;
+    FormTimer timer(kTimer, 10ms);
+    timer.AttachTo(window.Handle());
+    timer.SetEnabled(true);
+    for (const auto time : {12ms, 30ms}) {
+        window.Received.clear();
+        window.Time = time;
+        ASSERT_TRUE(Comes(QS_TIMER));
+        HandleWaitingMessages();
+        EXPECT_EQ("t", window.Received);
+    }
+}
+
+TEST(MessageLoop, TakesWhatTheUserDidBeforeAllElse) {
+    EventWindow window;
+    ShowWindow(window.Handle(), SW_SHOW);
+    SetForegroundWindow(window.Handle());
+    SetFocus(window.Handle());
+    HandleWaitingMessages();
+    if (GetForegroundWindow() != window.Handle()) {
+        GTEST_SKIP() << "another program has the keyboard";
+    }
+    window.Received.clear();
+    window.Time = 25ms;
+    window.Post(1);
+    INPUT press{};
+    press.type = INPUT_KEYBOARD;
+    press.ki.wVk = VK_F5;
+    SendInput(1, &press, sizeof press);
+    ASSERT_TRUE(Comes(QS_KEY));
+    HandleWaitingMessages();
+    EXPECT_EQ("k", window.Received);
+    HandleWaitingMessages();
+    EXPECT_EQ("k1", window.Received);
+    press.ki.dwFlags = KEYEVENTF_KEYUP;
+    SendInput(1, &press, sizeof press);
+}
+
+TEST(MessageLoop, EndsForAQuitThatCameWhileEventsRan) {
+    EventWindow window;
+    window.Post(1);
+    PostQuitMessage(0);
+    HandleWaitingMessages();
+    HandleWaitingMessages();
+    EXPECT_EQ("1", window.Received);
+    RunMessageLoop();
+    window.Post(2);
+    HandleWaitingMessages();
+    EXPECT_EQ("12", window.Received);
+}
+
+}  // namespace
+}  // namespace ambrio

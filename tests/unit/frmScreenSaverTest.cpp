@@ -1,0 +1,78 @@
+#include "saver/form/frmScreenSaver.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "tests/support/ManualClock.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/MemorySettingsStore.h"
+
+namespace ambrio {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr WPARAM kEndTimer = 3;
+
+// The form, which only counts how often it would have ended the program.
+class CountingSaver : public frmScreenSaver {
+  public:
+    using frmScreenSaver::frmScreenSaver;
+    using frmScreenSaver::tmrEnd_;
+
+    void End() override { ++Ends; }
+
+    int Ends = 0;
+};
+
+// A form in an ordinary window, whose run never starts, as no message is waited for.
+class frmScreenSaverTest : public testing::Test {
+  protected:
+    frmScreenSaverTest() {
+        application_.Title = L"Ambrio";
+        application_.CommandLine = L"/D";
+        form_ = std::make_unique<CountingSaver>(application_, files_, settings_, clock_,
+                                                [this] { ++unloads_; });
+        form_->Show();
+    }
+
+    Application application_;
+    MemoryFileSystem files_;
+    MemorySettingsStore settings_;
+    ManualClock clock_{DateTime{2026, 11, 21, 10, 0, 0}};
+    int unloads_ = 0;
+    std::unique_ptr<CountingSaver> form_;
+};
+
+TEST_F(frmScreenSaverTest, TheEndTimerEndsTheProgramAtOnceAndOnlyWhileItIsEnabled) {
+    EXPECT_EQ(1000ms, form_->tmrEnd_.Interval());
+    EXPECT_FALSE(form_->IsEndTimerEnabled());
+    SendMessageW(form_->Handle(), WM_TIMER, kEndTimer, 0);
+    EXPECT_EQ(0, form_->Ends);
+    form_->tmrEnd_.SetEnabled(true);
+    EXPECT_TRUE(form_->IsEndTimerEnabled());
+    SendMessageW(form_->Handle(), WM_TIMER, kEndTimer, 0);
+    EXPECT_EQ(1, form_->Ends);
+    EXPECT_EQ(0, unloads_);
+    EXPECT_NE(nullptr, form_->Handle());
+}
+
+TEST_F(frmScreenSaverTest, SaysOnceThatItHasUnloaded) {
+    SendMessageW(form_->Handle(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(nullptr, form_->Handle());
+    EXPECT_EQ(1, unloads_);
+    form_->UnloadForm();
+    form_.reset();
+    EXPECT_EQ(1, unloads_);
+}
+
+TEST_F(frmScreenSaverTest, GoesWithoutUnloadingWhenItsObjectDoes) {
+    const HWND window = form_->Handle();
+    form_.reset();
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(0, unloads_);
+}
+
+}  // namespace
+}  // namespace ambrio
