@@ -6,6 +6,7 @@
 #include "app/model/ModeDispatch.h"
 #include "app/preview/frmControl.h"
 #include "config/ConfigurationMode.h"
+#include "engine/LogPath.h"
 #include "platform/FileSystem.h"
 #include "platform/Rounding.h"
 #include "platform/win32/files/Win32FileSystem.h"
@@ -36,7 +37,8 @@ class Program : public Modes {
           clock_(clock) {}
 
     void ShowConfiguration() override {
-        RunConfigurationMode(application_, fileSystem_, settings_, instance_);
+        RunConfigurationMode(application_, fileSystem_, settings_,
+                             LogPath(application_, fileSystem_), instance_);
     }
     bool IsNotRunning(const std::wstring& title) override {
         return FindWindowW(nullptr, title.c_str()) == nullptr;

@@ -6,9 +6,10 @@
 namespace ambrio {
 
 void RunConfigurationMode(const Application& application, FileSystem& fileSystem,
-                          SettingsStore& settings, HINSTANCE instance) {
+                          SettingsStore& settings, const std::wstring& logFile,
+                          HINSTANCE instance) {
     CommonControls::InitClasses(ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES);
-    DialogContext context{application, fileSystem, settings, instance, {}, 0};
+    DialogContext context{application, fileSystem, settings, instance, logFile, {}, 0};
     frmConfiguration form(context);
     form.Load(nullptr);
     form.ShowModeless();

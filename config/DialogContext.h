@@ -16,6 +16,7 @@ struct DialogContext {
     FileSystem& Files;
     SettingsStore& Settings;
     HINSTANCE Instance = nullptr;
+    std::wstring LogFile;  // where a run writes its log
 
     std::wstring CurrentSetName;   // the Set being edited; empty for a new one
     std::int16_t BrowseIndex = 0;  // which folder is browsed for, see DialogTexts.h

@@ -55,7 +55,8 @@ void frmConfiguration::Form_Load() {
     const DialogOptions options = LoadDialogOptions(Context().Settings);
     Tick(IDC_CHK_LOG_ONLY_ERRORS, options.LogOnlyErrors);
     Tick(IDC_CHK_CLEAR_LOG_DAILY, options.ClearLogDaily);
-    SetTooltip(IDC_CHK_LOG_ONLY_ERRORS, LogOnlyErrorsTooltip(title));
+    SetTooltip(IDC_CHK_LOG_ONLY_ERRORS,
+               LogOnlyErrorsTooltip(Context().Files, title, Context().LogFile, GetWindowsFolder()));
     SetListModel list;
     list.BuildList(Context().Settings, sets);
     ShowSets(list);

@@ -6,9 +6,13 @@ std::wstring ConfigurationCaption(const std::wstring& title) {
     return title + L" Configuration";
 }
 
-std::wstring LogOnlyErrorsTooltip(const std::wstring& title) {
-    return L"Unless checked, a log (" + title +
-           L".log) is created in your Windows folder every time " + title + L" runs.";
+std::wstring LogOnlyErrorsTooltip(const FileSystem& fileSystem, const std::wstring& title,
+                                  const std::wstring& logFile, const std::wstring& windowsFolder) {
+    const std::wstring name = title + L".log";
+    const std::wstring usual = FileSystem::BuildPath(windowsFolder, name);
+    const bool isUsual = fileSystem.FoldedName(logFile) == fileSystem.FoldedName(usual);
+    return L"Unless checked, a log (" + (isUsual ? name : logFile) + L") is created " +
+           (isUsual ? L"in your Windows folder " : L"") + L"every time " + title + L" runs.";
 }
 
 std::wstring RemoveQuestion(const std::wstring& setName) {

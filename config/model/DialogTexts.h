@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/FileSystem.h"
+
 namespace ambrio {
 
 // The texts of the dialogs that are put together at run time. The others lie in the resources.
@@ -12,7 +14,12 @@ inline constexpr std::int16_t kBrowseSource = 0;
 inline constexpr std::int16_t kBrowseDestination = 1;
 
 [[nodiscard]] std::wstring ConfigurationCaption(const std::wstring& title);
-[[nodiscard]] std::wstring LogOnlyErrorsTooltip(const std::wstring& title);
+// Speaks of the Windows folder where the log lies there, beside the program; elsewhere it names the
+// log's own path.
+[[nodiscard]] std::wstring LogOnlyErrorsTooltip(const FileSystem& fileSystem,
+                                                const std::wstring& title,
+                                                const std::wstring& logFile,
+                                                const std::wstring& windowsFolder);
 [[nodiscard]] std::wstring RemoveQuestion(const std::wstring& setName);
 
 // For a new Set the name is empty.

@@ -3,14 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "config/model/DriveText.h"
+#include "tests/support/MemoryFileSystem.h"
 
 namespace ambrio {
 namespace {
 
 TEST(DialogTexts, AreToTheLetter) {
     EXPECT_EQ(L"Ambrio Configuration", ConfigurationCaption(L"Ambrio"));
-    EXPECT_EQ(L"Unless checked, a log (T.log) is created in your Windows folder every time T runs.",
-              LogOnlyErrorsTooltip(L"T"));
     EXPECT_EQ(L"About to remove A & B\r\nfrom your list of backup sets.\r\nAre you sure?",
               RemoveQuestion(L"A & B"));
     EXPECT_EQ(L"New Set Properties", PropertiesCaption(L""));
@@ -22,6 +21,21 @@ TEST(DialogTexts, AreToTheLetter) {
     EXPECT_EQ(L"S properties - File selection", FileSelectionCaption(L"S"));
     EXPECT_EQ(L"About T", AboutCaption(L"T"));
     EXPECT_EQ(L"Version 2.1.7", VersionText(2, 1, 7));
+}
+
+TEST(DialogTexts, NameTheLogWhereItLies) {
+    const MemoryFileSystem files;
+    const auto tooltip = [&files](const std::wstring& logFile) {
+        return LogOnlyErrorsTooltip(files, L"T", logFile, L"C:\\WINDOWS");
+    };
+    EXPECT_EQ(L"Unless checked, a log (T.log) is created in your Windows folder every time T runs.",
+              tooltip(L"C:\\Windows\\T.log"));
+    for (const std::wstring& elsewhere :
+         {std::wstring(L"C:\\Windows\\Backup\\T.log"), std::wstring(L"D:\\T.log"),
+          std::wstring(L"C:\\Windows.old\\T.log"), std::wstring(L"C:\\T.log")}) {
+        EXPECT_EQ(L"Unless checked, a log (" + elsewhere + L") is created every time T runs.",
+                  tooltip(elsewhere));
+    }
 }
 
 TEST(DriveText, NamesTheKindAndTheLabel) {

@@ -56,7 +56,8 @@ class FormTest : public ::testing::Test {
     Application App;
     MemoryFileSystem Files;
     MemorySettingsStore Store;
-    DialogContext Context{App, Files, Store, GetModuleHandleW(nullptr), {}, 0};
+    DialogContext Context{
+        App, Files, Store, GetModuleHandleW(nullptr), GetWindowsFolder() + L"\\Ambrio.log", {}, 0};
 };
 
 }  // namespace ambrio

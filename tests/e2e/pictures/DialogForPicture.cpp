@@ -38,7 +38,9 @@ int Run(const std::wstring& name) {
     application.Title = kApplicationTitle;
     RegistrySettingsStore settings(application.Title);
     Win32FileSystem files;
-    DialogContext context{application, files, settings, GetModuleHandleW(nullptr), L"Documents", 0};
+    DialogContext context{
+        application,  files, settings, GetModuleHandleW(nullptr), L"C:\\Windows\\Ambrio.log",
+        L"Documents", 0};
     const std::unique_ptr<Form> form = Make(name, context);
     if (form == nullptr) {
         return 2;
