@@ -24,8 +24,9 @@ class RunHost {
     [[nodiscard]] virtual std::wstring WindowsFolder() = 0;
     [[nodiscard]] virtual std::wstring SystemFolder() = 0;
 
-    // Starts a program by its command line, found through the system's search path, and does not
-    // wait for it. False when it could not be started.
+    // Starts a program by its command line and does not wait for it. Without a folder it is the one
+    // in the Windows folder or else the one in the System folder. False when it could not be
+    // started.
     virtual bool StartProgram(const std::wstring& commandLine, WindowState state) = 0;
 
     // Makes the mouse pointer visible, however often it was hidden.

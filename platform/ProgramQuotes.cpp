@@ -38,4 +38,11 @@ std::wstring WithQuotedProgram(const std::wstring& commandLine) {
     return L'"' + commandLine.substr(0, end) + L'"' + commandLine.substr(end);
 }
 
+std::wstring ProgramOf(const std::wstring& commandLine) {
+    const std::wstring line = WithQuotedProgram(commandLine);
+    const bool isQuoted = line.starts_with(L'"');
+    const std::size_t begin = isQuoted ? 1 : 0;
+    return line.substr(begin, line.find(isQuoted ? L'"' : L' ', begin) - begin);
+}
+
 }  // namespace ambrio

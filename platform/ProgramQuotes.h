@@ -9,4 +9,8 @@ namespace ambrio {
 // line whose program has quotes already, or in which no program can be told, stays as it is.
 [[nodiscard]] std::wstring WithQuotedProgram(const std::wstring& commandLine);
 
+// The program that a command line starts, told as above, without quotes; up to the first blank
+// where that tells nothing.
+[[nodiscard]] std::wstring ProgramOf(const std::wstring& commandLine);
+
 }  // namespace ambrio

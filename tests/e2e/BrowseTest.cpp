@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#include "tests/e2e/support/CurrentFolder.h"
 #include "tests/e2e/support/DialogTest.h"
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/MappedDrive.h"
@@ -12,11 +13,6 @@ namespace ambrio::e2e {
 namespace {
 
 constexpr const wchar_t* kBrowse = L"Choose S source folder";
-
-std::wstring CurrentFolder() {
-    wchar_t buffer[MAX_PATH];
-    return {buffer, GetCurrentDirectoryW(MAX_PATH, buffer)};
-}
 
 class BrowseTest : public DialogTest {
   protected:
@@ -106,7 +102,7 @@ TEST_F(BrowseTest, ANewSetHasTwoBlanksInTheCaption) {
 
 TEST_F(BrowseTest, ATextThatNamesNoFolderShowsTheCurrentOne) {
     static_cast<void>(OpenFor(FreeDriveName() + L"\\My Documents"));
-    const std::wstring here = CurrentFolder();
+    const std::wstring here = CurrentFolderPath();
     for (const std::wstring& text :
          {std::wstring(), here.substr(0, 3) + L"missing",
           std::wstring(L"\\\\localhost\\no share\\x"), here.substr(0, 3) + std::wstring(400, L'x'),
@@ -135,7 +131,7 @@ TEST_F(BrowseTest, AFolderBeyondTheClassicLimitIsReached) {
 }
 
 TEST_F(BrowseTest, AnotherDriveShowsItsCurrentDirectory) {
-    const std::wstring here = CurrentFolder();
+    const std::wstring here = CurrentFolderPath();
     const MappedDrive mapped(Folder.Path());
     // The mapped drive will do where it can be entered and this process works on the drive that the
     // test's files are on.
@@ -152,7 +148,7 @@ TEST_F(BrowseTest, AnotherDriveShowsItsCurrentDirectory) {
 }
 
 TEST_F(BrowseTest, TheDriveIsThatOfTheFolder) {
-    const bool isElsewhere = CurrentFolder().front() != Folder.Path().front();
+    const bool isElsewhere = CurrentFolderPath().front() != Folder.Path().front();
     const MappedDrive mapped(Folder.Path());
     const std::wstring place = isElsewhere ? Folder.Path() : mapped.Name() + L"\\";
     if (!FolderExists(place)) {

@@ -7,8 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "tests/e2e/support/CurrentFolder.h"
 #include "tests/e2e/support/ExecutableFile.h"
 #include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/RemoteCall.h"
 #include "tests/e2e/support/SaverTest.h"
 #include "tests/e2e/support/SystemFile.h"
 
@@ -22,10 +24,10 @@ class HardeningTest : public SaverTest {
     // themselves is not among them, as it is loaded before the program's first instruction; nor is
     // msimg32, which Wine's own libraries load late and by a rule of their own.
     void PlantLibraries() {
-        MakeFolders(Current);
+        MakeFolders(current_.Path());
         Plant(Folder.Path());
-        Plant(Current);
-        SetCurrentDirectoryW(Current.c_str());
+        Plant(current_.Path());
+        current_.Enter();
     }
     static void Plant(const std::wstring& folder) {
         for (const wchar_t* name : {L"uxtheme.dll", L"mpr.dll", L"winmm.dll", L"msvfw32.dll",
@@ -39,13 +41,8 @@ class HardeningTest : public SaverTest {
     // The libraries that the program has loaded from elsewhere than the system's folders.
     std::vector<std::wstring> StrangeModules();
 
-    HardeningTest() { GetCurrentDirectoryW(static_cast<DWORD>(std::size(before_)), before_); }
-    ~HardeningTest() override { SetCurrentDirectoryW(before_); }
-
-    const std::wstring Current = Folder.Below(L"Current");
-
   private:
-    wchar_t before_[MAX_PATH] = {};
+    CurrentFolder current_{Folder.Below(L"Current")};
 };
 
 std::wstring Lower(std::wstring text) {
@@ -138,6 +135,16 @@ TEST_F(HardeningTest, TheDialogsLoadNothingThatLiesBesideTheProgramOrInTheCurren
     Start(L"/C");
     const WindowProbe dialog = WindowTitled(L"Ambrio Configuration");
     EXPECT_EQ(StrangeModules(), std::vector<std::wstring>{});
+    PostMessageW(dialog.Handle(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(Ends());
+}
+
+TEST_F(HardeningTest, NoProgramIsLookedForInTheCurrentFolder) {
+    Start(L"/C");
+    const WindowProbe dialog = WindowTitled(L"Ambrio Configuration");
+    const UniqueHandle process(OpenProcess(PROCESS_ALL_ACCESS, FALSE, Program().ProcessId()));
+    EXPECT_EQ(FALSE, static_cast<BOOL>(CallIn(process.get(), "NeedCurrentDirectoryForExePathW",
+                                              WriteInto(process.get(), L"saver.scr"))));
     PostMessageW(dialog.Handle(), WM_CLOSE, 0, 0);
     EXPECT_TRUE(Ends());
 }

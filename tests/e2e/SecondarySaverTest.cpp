@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "tests/e2e/StandIn.h"
+#include "tests/e2e/support/CurrentFolder.h"
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/SaverTest.h"
 #include "tests/e2e/support/SystemFile.h"
@@ -48,6 +49,17 @@ class SecondarySaverTest : public SaverTest {
         EXPECT_EQ(Program().ExitCode(), 0U);
     }
 
+    // Puts the stand-in beside the program and into a folder that is then the current one.
+    void Plant() {
+        const std::wstring saver = std::wstring(L"\\") + kName + L".scr";
+        MakeFolders(current_.Path());
+        for (const std::wstring& folder : {Folder.Path(), current_.Path()}) {
+            WriteFileBytes(folder + saver,
+                           ReadFileBytes(TestProgramFolder() + L"\\StandInSaver.scr"));
+        }
+        current_.Enter();
+    }
+
     // The run must tell what it cannot do, and end.
     void ExpectRefused(const std::wstring& what) {
         Start(L"/S");
@@ -67,6 +79,7 @@ class SecondarySaverTest : public SaverTest {
     }
 
     RegistryTreeGuard standIn_;
+    CurrentFolder current_{Folder.Below(L"Current")};
     std::optional<SystemFile> installed_;
 };
 
@@ -82,6 +95,27 @@ TEST_F(SecondarySaverTest, IsStartedWithANormalWindowFromTheSystemFolder) {
     if (!IsSkipped()) {
         ExpectStarted(std::wstring(kName) + L".scr /s", SW_SHOWNORMAL);
     }
+}
+
+TEST_F(SecondarySaverTest, IsNeverOneThatLiesBesideTheProgramOrInTheCurrentFolder) {
+    for (const std::wstring& folder : {WindowsFolder(), SystemFolder()}) {
+        Install(folder);
+        if (IsSkipped()) {
+            return;
+        }
+        Plant();
+        const bool isHidden = folder == WindowsFolder();
+        ExpectStarted(std::wstring(kName) + (isHidden ? L".scr /S" : L".scr /s"),
+                      isHidden ? SW_HIDE : SW_SHOWNORMAL);
+        EXPECT_EQ(ReadText(kStandInKey, kSaverPath), folder + L"\\" + kName + L".scr");
+        RemoveKeyTree(kStandInKey);
+    }
+}
+
+TEST_F(SecondarySaverTest, ThatOnlyLiesBesideTheProgramOrInTheCurrentFolderIsNotFound) {
+    Plant();
+    ExpectRefused(L"Can't find");
+    EXPECT_FALSE(KeyExists(kStandInKey));
 }
 
 TEST_F(SecondarySaverTest, ThatIsNowhereIsReported) {

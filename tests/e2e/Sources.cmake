@@ -1,5 +1,6 @@
 # What drives the real program from outside, then the tests.
 set(E2E_SUPPORT_SOURCES
+    tests/e2e/support/CurrentFolder.cpp
     tests/e2e/support/DialogTest.cpp
     tests/e2e/support/Environment.cpp
     tests/e2e/support/ExecutableFile.cpp
@@ -16,6 +17,7 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/ProgramFolder.cpp
     tests/e2e/support/ProgramTest.cpp
     tests/e2e/support/Registry.cpp
+    tests/e2e/support/RemoteCall.cpp
     tests/e2e/support/RuleTest.cpp
     tests/e2e/support/RunningProgram.cpp
     tests/e2e/support/SaverTest.cpp
@@ -90,6 +92,7 @@ set(E2E_PICTURE_SOURCES
     tests/e2e/pictures/StepForPicture.cpp
     tests/e2e/support/Handles.cpp
     tests/e2e/support/ModuleLoader.cpp
+    tests/e2e/support/RemoteCall.cpp
     tests/e2e/support/RunningProgram.cpp
     tests/e2e/support/Waiting.cpp
 )

@@ -8,7 +8,8 @@ namespace ambrio::e2e {
 inline constexpr const wchar_t* kTestKey = L"Software\\Ambrio end-to-end tests";
 inline constexpr const wchar_t* kStandInKey = L"Software\\Ambrio end-to-end tests\\StandIn";
 
-// Written by the stand-in for a secondary screen saver, the show state first.
+// Written by the stand-in for a secondary screen saver, the command line last.
+inline constexpr const wchar_t* kSaverPath = L"SaverPath";                // REG_SZ
 inline constexpr const wchar_t* kSaverShowState = L"SaverShowState";      // REG_DWORD
 inline constexpr const wchar_t* kSaverCommandLine = L"SaverCommandLine";  // REG_SZ
 

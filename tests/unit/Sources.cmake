@@ -76,6 +76,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/frmScreenSaverTest.cpp
     tests/unit/GetKeyValueTest.cpp
     tests/unit/HeldFileTest.cpp
+    tests/unit/LaunchProgramTest.cpp
     tests/unit/MessageLoopTest.cpp
     tests/unit/PointerTest.cpp
     tests/unit/RegistrySettingsStoreTest.cpp

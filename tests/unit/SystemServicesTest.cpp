@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/win32/registry/ReadRegistryValue.h"
-#include "platform/win32/system/LaunchProgram.h"
 #include "platform/win32/system/StayAwake.h"
 #include "platform/win32/system/SystemFolders.h"
 
@@ -51,15 +50,6 @@ TEST_F(ReadRegistryValueTest, ReadsTextsOfUpTo254Characters) {
     EXPECT_EQ(text, Read(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(wchar_t)));
     const std::wstring longer(255, L'7');
     EXPECT_EQ(L"", Read(REG_SZ, longer.c_str(), (longer.size() + 1) * sizeof(wchar_t)));
-}
-
-TEST(LaunchProgram, FindsABareNameThroughTheSearchPath) {
-    EXPECT_TRUE(LaunchProgram(L"hostname.exe", WindowState::Hidden));
-}
-
-TEST(LaunchProgram, SaysFalseWhenThereIsNoSuchProgram) {
-    EXPECT_FALSE(LaunchProgram(L"No such saver.scr /S", WindowState::Hidden));
-    EXPECT_FALSE(LaunchProgram(L"", WindowState::NormalFocus));
 }
 
 TEST(StayAwake, HoldsTheSystemAndNotTheDisplayAndLetsGo) {

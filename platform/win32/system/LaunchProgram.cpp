@@ -1,7 +1,10 @@
 #include "platform/win32/system/LaunchProgram.h"
 
+#include "platform/FileSystem.h"
 #include "platform/ProgramQuotes.h"
 #include "platform/win32/WindowsHeaders.h"
+#include "platform/win32/system/SystemFolders.h"
+#include "platform/win32/system/SystemRedirection.h"
 
 namespace ambrio {
 namespace {
@@ -18,9 +21,35 @@ WORD ShowCommand(WindowState state) {
     return SW_SHOWNORMAL;
 }
 
+bool HasFolder(const std::wstring& program) {
+    return program.find_first_of(L"\\/:") != std::wstring::npos;
+}
+
+bool IsFile(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+// The path of a name without a folder; empty when there is no such program. The system itself would
+// first look beside this program and then in the current folder, where anybody may have put one.
+std::wstring PlaceOf(const std::wstring& name) {
+    for (const std::wstring& folder : {GetWindowsFolder(), GetSystemFolder()}) {
+        std::wstring path = WithoutRedirection(FileSystem::BuildPath(folder, name));
+        if (!folder.empty() && IsFile(path)) {
+            return path;
+        }
+    }
+    return {};
+}
+
 }  // namespace
 
 bool LaunchProgram(const std::wstring& commandLine, WindowState state) {
+    const std::wstring program = ProgramOf(commandLine);
+    const std::wstring place = HasFolder(program) ? WithoutRedirection(program) : PlaceOf(program);
+    if (place.empty()) {
+        return false;
+    }
     // The call writes into the text that it is given.
     std::wstring line = WithQuotedProgram(commandLine);
     STARTUPINFOW startup{};
@@ -28,7 +57,9 @@ bool LaunchProgram(const std::wstring& commandLine, WindowState state) {
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = ShowCommand(state);
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+    // A path that stands is better told from its arguments by the system.
+    const wchar_t* application = place == program ? nullptr : place.c_str();
+    if (!CreateProcessW(application, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                         &startup, &process)) {
         return false;
     }

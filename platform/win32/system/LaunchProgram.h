@@ -6,9 +6,9 @@
 
 namespace ambrio {
 
-// Starts a program by its command line and does not wait for it. A name without a folder is found
-// through the system's search path; the program need not be in quotes. False when it could not be
-// started.
+// Starts a program by its command line and does not wait for it. A name without a folder is one of
+// the Windows folder or else of the system's, and of no other; the program need not be in quotes.
+// False when it could not be started.
 [[nodiscard]] bool LaunchProgram(const std::wstring& commandLine, WindowState state);
 
 }  // namespace ambrio

@@ -6,6 +6,8 @@ namespace ambrio {
 
 void HardenProcess() {
     HeapSetInformation(nullptr, HeapEnableTerminationOnCorruption, nullptr, 0);
+    // Whatever its value.
+    SetEnvironmentVariableW(L"NoDefaultCurrentDirectoryInExePath", L"1");
     // The current folder is left out on every system, the program's own folder on those that have
     // the second function: it came with an update of Windows 7.
     SetDllDirectoryW(L"");
