@@ -4,10 +4,13 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 #include "tests/e2e/StandIn.h"
+#include "tests/e2e/support/CurrentFolder.h"
 #include "tests/e2e/support/DialogTest.h"
 #include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/TestTree.h"
 #include "tests/e2e/support/Text.h"
 
 namespace ambrio::e2e {
@@ -53,7 +56,22 @@ class WebPageTest : public DialogTest {
         EXPECT_TRUE(Closes(about, IDOK));
         EXPECT_TRUE(ClosesByItsBox(*configuration_));
         EXPECT_TRUE(Ends());
-        EXPECT_FALSE(FileExists(L"~temp.htm"));
+    }
+    // Makes the stand-in the program that opens pages; skips the test where that is refused.
+    void InstallBrowser() {
+        WriteFileBytes(browser_, ReadFileBytes(TestProgramFolder() + L"\\StandInSaver.scr"));
+        SetBrowser(browser_);
+        if (Browser() != browser_) {
+            GTEST_SKIP() << "this system does not take another browser";
+        }
+    }
+    // Presses the button and expects the browser to get the address.
+    void ExpectOpened(const WindowProbe& about) {
+        Press(about, IDC_CMD_WWW);
+        EXPECT_TRUE(WaitUntil([] { return ReadText(kStandInKey, kSaverCommandLine).has_value(); }));
+        const std::wstring line = ReadText(kStandInKey, kSaverCommandLine).value_or(L"");
+        EXPECT_TRUE(line.ends_with(kAddress)) << Utf8(line);
+        EXPECT_FALSE(MessageBoxProbe::Find(Program().ProcessId()));
     }
     // The first box says what failed, the second what that means for the user.
     void ExpectBoxes(const std::wstring& title, const std::wstring& text) {
@@ -97,21 +115,18 @@ TEST_F(WebPageTest, NoBrowserIsAssociated) {
     ExpectBoxes(L"Browser Not Found", L"Could not find associated Browser");
     EXPECT_TRUE(about.IsEnabled());
     CloseAll(about);
+    EXPECT_FALSE(FileExists(L"~temp.htm"));
 }
 
 TEST_F(WebPageTest, TheAssociatedBrowserGetsTheAddress) {
-    WriteFileBytes(browser_, ReadFileBytes(TestProgramFolder() + L"\\StandInSaver.scr"));
-    SetBrowser(browser_);
-    if (Browser() != browser_) {
-        GTEST_SKIP() << "this system does not take another browser";
+    InstallBrowser();
+    if (IsSkipped()) {
+        return;
     }
     const WindowProbe about = OpenAbout();
-    Press(about, IDC_CMD_WWW);
-    EXPECT_TRUE(WaitUntil([] { return ReadText(kStandInKey, kSaverCommandLine).has_value(); }));
-    const std::wstring line = ReadText(kStandInKey, kSaverCommandLine).value_or(L"");
-    EXPECT_TRUE(line.ends_with(kAddress)) << Utf8(line);
-    EXPECT_FALSE(MessageBoxProbe::Find(Program().ProcessId()));
+    ExpectOpened(about);
     CloseAll(about);
+    EXPECT_FALSE(FileExists(L"~temp.htm"));
 }
 
 TEST_F(WebPageTest, TheAssociatedBrowserDoesNotStart) {
@@ -124,7 +139,40 @@ TEST_F(WebPageTest, TheAssociatedBrowserDoesNotStart) {
     Press(about, IDC_CMD_WWW);
     ExpectBoxes(L"URL Failed", L"Web Page not Opened");
     CloseAll(about);
+    EXPECT_FALSE(FileExists(L"~temp.htm"));
 }
+
+// So many files of the user's bear the names that the temporary one could have.
+class OwnPageTest : public WebPageTest, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(OwnPageTest, IsNeitherOverwrittenNorRemoved) {
+    InstallBrowser();
+    if (IsSkipped()) {
+        return;
+    }
+    CurrentFolder current(Folder.Below(L"Current"));
+    MakeFolders(current.Path());
+    current.Enter();
+    const std::wstring temporary = Folder.Below(L"Temp");
+    std::vector<std::wstring> own = {current.Path() + L"\\~temp.htm", temporary + L"\\~temp.htm",
+                                     temporary + L"\\~temp1.htm"};
+    own.resize(GetParam());
+    for (const std::wstring& path : own) {
+        WriteFileBytes(path, Utf8(path));
+    }
+    const TreeFacts before = ReadTree(current.Path());
+    const TreeFacts temporaryBefore = ReadTree(temporary);
+    const WindowProbe about = OpenAbout();
+    ExpectOpened(about);
+    CloseAll(about);
+    EXPECT_TRUE(SameTree(before, ReadTree(current.Path())));
+    EXPECT_TRUE(SameTree(temporaryBefore, ReadTree(temporary)));
+    for (const std::wstring& path : own) {
+        EXPECT_NE(DeleteFileW(path.c_str()), 0) << Utf8(path);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(OneOrMore, OwnPageTest, testing::Values(1, 2, 3));
 
 }  // namespace
 }  // namespace ambrio::e2e

@@ -8,7 +8,9 @@ namespace ambrio {
 
 // The full path of the program that belongs to an extension (without its dot); empty when there is
 // none. To ask, it makes a file "~temp." of that extension in the current directory and removes it
-// again; where that cannot be made, there is no program either.
+// again. Where that cannot be made, or a file of that name is there already, which is left alone,
+// it makes one in the folder for temporary files, there with a number in its name if need be; where
+// none can be made, there is no program either.
 [[nodiscard]] std::wstring GetBrowserPath(const std::wstring& ext);
 
 // Has the shell open a program with these arguments, in a normal window and on behalf of `owner`,
