@@ -20,10 +20,6 @@
 namespace ambrio {
 namespace {
 
-void EndMessageLoop() {
-    PostQuitMessage(0);
-}
-
 // The faces of the program, and the forms that are loaded.
 class Program : public Modes {
   public:

@@ -41,20 +41,6 @@ TEST_P(SaverLineTest, ShowsTheSaver) {
 INSTANTIATE_TEST_SUITE_P(Switches, SaverLineTest,
                          testing::Values(L"/s", L"/S", L"/Sxyz", L"/s /c", L"/D", L"/dx"));
 
-using ConfigurationLineTest = CommandLineTest;
-
-TEST_P(ConfigurationLineTest, ShowsTheConfiguration) {
-    Start(GetParam());
-    const WindowProbe dialog = WindowTitled(L"Ambrio Configuration");
-    dialog.Post(WM_CLOSE);
-    EXPECT_TRUE(Ends());
-    EXPECT_EQ(Program().ExitCode(), 0U);
-}
-
-// The first of them is no argument at all.
-INSTANTIATE_TEST_SUITE_P(Switches, ConfigurationLineTest,
-                         testing::Values(L"", L"/C", L"/c:1234", L"/C 1234"));
-
 using OverflowTest = CommandLineTest;
 
 TEST_P(OverflowTest, ShowsTheRuntimesErrorAndEnds) {

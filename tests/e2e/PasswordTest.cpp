@@ -124,6 +124,8 @@ TEST_F(OldFamilyPasswordTest, IsNotPassedByMessagesThatAnotherProgramMakesUp) {
     }
     EXPECT_TRUE(saver.Send(WM_ENDSESSION, TRUE));
     EXPECT_TRUE(saver.Send(WM_DESTROY));
+    saver.Post(WM_QUIT);
+    PostThreadMessageW(GetWindowThreadProcessId(saver.Handle(), nullptr), WM_QUIT, 0, 0);
     // One that does not come after all is no leave for the next.
     EXPECT_EQ(saver.Send(WM_QUERYENDSESSION), TRUE);
     EXPECT_TRUE(saver.Send(WM_ENDSESSION, FALSE));

@@ -16,9 +16,10 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr UINT_PTR kTimer = 7;
+constexpr int kEndOfTheProgram = 9;
 
-// A small window that writes down what it receives: numbers posted to it, "t" for a tick, "k" for a
-// key.
+// A small window that writes down what it receives: numbers posted to it, of which one ends the
+// program, "t" for a tick, "k" for a key.
 class EventWindow : public Window {
   public:
     EventWindow() {
@@ -42,6 +43,9 @@ class EventWindow : public Window {
         switch (message) {
             case WM_APP:
                 Received += std::to_string(wParam);
+                if (wParam == kEndOfTheProgram) {
+                    EndMessageLoop();
+                }
                 break;
             case WM_TIMER:
                 Received += 't';
@@ -137,17 +141,35 @@ TEST(MessageLoop, TakesWhatTheUserDidBeforeAllElse) {
     SendInput(1, &press, sizeof press);
 }
 
-TEST(MessageLoop, EndsForAQuitThatCameWhileEventsRan) {
+TEST(MessageLoop, EndsWhenThatWasSaidWhileEventsRan) {
     EventWindow window;
+    window.Post(kEndOfTheProgram);
+    HandleWaitingMessages();
+    HandleWaitingMessages();
+    EXPECT_EQ("9", window.Received);
     window.Post(1);
-    PostQuitMessage(0);
-    HandleWaitingMessages();
-    HandleWaitingMessages();
-    EXPECT_EQ("1", window.Received);
     RunMessageLoop();
+    EXPECT_EQ("91", window.Received);
     window.Post(2);
     HandleWaitingMessages();
-    EXPECT_EQ("12", window.Received);
+    EXPECT_EQ("912", window.Received);
+}
+
+TEST(MessageLoop, GoesOnForAQuitThatAnotherProgramPosts) {
+    EventWindow window;
+    PostThreadMessageW(GetCurrentThreadId(), WM_QUIT, 0, 0);
+    PostMessageW(window.Handle(), WM_QUIT, 0, 0);
+    window.Post(1);
+    for (int i = 0; i < 3; ++i) {
+        HandleWaitingMessages();
+    }
+    EXPECT_EQ("1", window.Received);
+    PostThreadMessageW(GetCurrentThreadId(), WM_QUIT, 0, 0);
+    PostMessageW(window.Handle(), WM_QUIT, 0, 0);
+    window.Post(2);
+    window.Post(kEndOfTheProgram);
+    RunMessageLoop();
+    EXPECT_EQ("129", window.Received);
 }
 
 }  // namespace

@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::chrono::milliseconds kLongest{20};
 
+// Set by this program. A WM_QUIT alone says nothing, as other programs can post one.
+thread_local bool isToEnd = false;
+
 void Dispatch(const MSG& message) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
@@ -54,7 +57,7 @@ void HandleWaitingMessages() {
     const auto end = std::chrono::steady_clock::now() + kLongest;
     TickedTimers timers;
     while (TakeInputFirst(message)) {
-        if (message.message == WM_QUIT) {
+        if (message.message == WM_QUIT && isToEnd) {
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
@@ -69,9 +72,15 @@ void HandleWaitingMessages() {
 
 void RunMessageLoop() {
     MSG message;
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (GetMessageW(&message, nullptr, 0, 0) > 0 || !isToEnd) {
         Dispatch(message);
     }
+    isToEnd = false;
+}
+
+void EndMessageLoop() {
+    isToEnd = true;
+    PostQuitMessage(0);
 }
 
 }  // namespace ambrio

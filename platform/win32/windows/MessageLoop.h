@@ -8,7 +8,10 @@ namespace ambrio {
 // to end, it returns and leaves that for RunMessageLoop.
 void HandleWaitingMessages();
 
-// Handles messages until the program is to end.
+// Handles messages until this program has called EndMessageLoop and nothing else waits any more.
 void RunMessageLoop();
+
+// Lets RunMessageLoop return, on this thread, and every box and dialog above it close.
+void EndMessageLoop();
 
 }  // namespace ambrio
