@@ -24,6 +24,7 @@ class RunTest : public SaverTest {
 };
 
 TEST_F(RunTest, CopiesTheSelectedSetsAndShowsAndLogsIt) {
+    SeeFilesAsOnWindows();  // a copy of a hidden file is hidden
     TestTree pictures(Folder.Below(L"Pictures"));
     pictures.AddFile(L"never.bmp", "not selected");
     TestTree music(Folder.Below(L"Music"));

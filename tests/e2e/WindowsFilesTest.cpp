@@ -159,7 +159,7 @@ const CallCase kCalls[] = {
     {"WritingUnderTheOldTimeSetsTheBit", 0, 0, &WritesAndRestoresTheTime, 0, kArchive},
     {"CuttingOffSetsTheBit", 0, 0, &CutsOff, 0, kArchive},
     {"ReplacingTheContentSetsTheBit", 0, 0, &Replaces, 0, kArchive},
-    {"SettingTheTimeLeavesTheBit", kHidden, 0, &SetsTheTime, 0, kHidden},
+    {"SettingTheTimeLeavesTheAttributes", kHidden | kSystem, 0, &SetsTheTime, 0, kHidden | kSystem},
     {"OpeningLeavesTheBit", 0, 0,
      [](const wchar_t* file, const wchar_t*) { return Opens(file, GENERIC_WRITE, OPEN_ALWAYS); }, 0,
      0},

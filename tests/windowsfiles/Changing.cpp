@@ -35,6 +35,17 @@ bool OpeningIsRefused(DWORD old, DWORD access, DWORD disposition, DWORD flags) {
     return disposition == CREATE_ALWAYS && (flags & special) != special;
 }
 
+// Wine 10 takes hidden and system from a file whose time is set.
+void RestoreAttributes(HANDLE file, DWORD attributes) {
+    constexpr DWORD kLost = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    const Information now = InformationOf(file);
+    if (now && (now->dwFileAttributes & kLost) != (attributes & kLost)) {
+        FILE_BASIC_INFO wanted{};  // a time of 0 stays as it is
+        wanted.FileAttributes = attributes;
+        SetFileInformationByHandle(file, FileBasicInfo, &wanted, sizeof(wanted));
+    }
+}
+
 }  // namespace
 
 BOOL WINAPI SetFileAttributesAsOnWindows(LPCWSTR path, DWORD attributes) {
@@ -101,9 +112,12 @@ BOOL WINAPI SetFileTimeAsOnWindows(HANDLE file, const FILETIME* creation, const 
     const Information before = InformationOf(file);
     const bool cleared = before && Bits().IsCleared(*before);
     const BOOL done = SetFileTime(file, creation, access, write);
+    const KeepLastError keep;
+    if (before && done != FALSE) {
+        RestoreAttributes(file, before->dwFileAttributes);
+    }
     // A new time is no new content.
     if (const Information after = InformationOf(file); cleared && after) {
-        const KeepLastError keep;
         return Bits().Clear(*after) ? done : FALSE;
     }
     return done;
