@@ -4,6 +4,7 @@
 
 #include "config/model/DialogTexts.h"
 #include "config/model/DriveText.h"
+#include "platform/DriveLetter.h"
 #include "platform/win32/files/FullPath.h"
 #include "platform/win32/windows/WindowText.h"
 #include "resources/DialogIds.h"

@@ -36,7 +36,6 @@ class frmBrowse : public Form {
     void SelectOpenDrive();
 
     HWND txtFolder_;
-    QuietDrives quietDrives_;
     std::vector<Drive> drives_;
     wchar_t openDrive_ = L'\0';
     DirectoryTree tree_;

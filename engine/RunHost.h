@@ -21,6 +21,10 @@ class RunHost {
     // has closed it.
     virtual void ShowMessage(const std::wstring& text, MessageIcon icon) = 0;
 
+    // Connects the network drive that the path begins with, where it is remembered but not
+    // connected, asking nobody. Each drive is tried once a run. Lets pending events run meanwhile.
+    virtual void ReconnectDrive(const std::wstring& path) = 0;
+
     [[nodiscard]] virtual std::wstring WindowsFolder() = 0;
     [[nodiscard]] virtual std::wstring SystemFolder() = 0;
 

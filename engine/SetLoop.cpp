@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "engine/EngineTexts.h"
-#include "settings/BackupSet.h"
 #include "settings/GeneralOptions.h"
 #include "settings/SetList.h"
 
@@ -39,6 +38,7 @@ void SetLoop::RunSet(const std::wstring& Name) {
     const std::optional<BackupSet> set = LoadBackupSet(settings_, Name);
     if (set) {
         LogSetLine(SetStarts(Name));
+        ReconnectDrives(*set);
         walk_.CopyFiles(set->rsSourceDir, set->rsDestnDir, set->rbRecursive, set->rsCopyType,
                         set->rbClearArchive, set->rbDeleteCopy, set->rbOverwriteReadOnly);
         LogSetLine(SetIsComplete(Name));  // wanted: after an interrupt too
@@ -50,6 +50,14 @@ void SetLoop::RunSet(const std::wstring& Name) {
         run_.Panel.SetCaption(label, L"");
     }
     currentSet_.clear();
+}
+
+void SetLoop::ReconnectDrives(const BackupSet& set) {
+    for (const std::wstring& folder : {set.rsSourceDir, set.rsDestnDir}) {
+        if (!run_.Signals.Interrupted) {
+            run_.Host.ReconnectDrive(folder);
+        }
+    }
 }
 
 void SetLoop::LogSetLine(const std::wstring& line) {

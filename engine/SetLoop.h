@@ -5,6 +5,7 @@
 #include "engine/FolderWalk.h"
 #include "engine/RunContext.h"
 #include "platform/SettingsStore.h"
+#include "settings/BackupSet.h"
 
 namespace ambrio {
 
@@ -22,6 +23,7 @@ class SetLoop {
 
   private:
     void RunSet(const std::wstring& Name);
+    void ReconnectDrives(const BackupSet& set);
     void ShowEndOfList();
     // Unless only errors are to be logged.
     void LogSetLine(const std::wstring& line);

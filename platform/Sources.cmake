@@ -1,6 +1,8 @@
 # What every build has, then what only one of the two worlds has.
 set(PLATFORM_SOURCES
     platform/DateTime.cpp
+    platform/DriveLetter.cpp
+    platform/DriveReconnection.cpp
     platform/FileSystem.cpp
     platform/KeyValueText.cpp
     platform/NativeSystemPath.cpp
@@ -28,10 +30,12 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/files/FileIdentity.cpp
     platform/win32/files/FullPath.cpp
     platform/win32/files/NameRules.cpp
+    platform/win32/files/NetworkLibrary.cpp
     platform/win32/files/Patience.cpp
     platform/win32/files/Win32Error.cpp
     platform/win32/files/Win32FileSystem.cpp
     platform/win32/files/Win32FolderReader.cpp
+    platform/win32/files/Win32RememberedDrives.cpp
     platform/win32/files/Win32TextStream.cpp
     platform/win32/registry/GetKeyValue.cpp
     platform/win32/registry/ReadRegistryValue.cpp
@@ -46,6 +50,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/system/SystemLibrary.cpp
     platform/win32/system/SystemRedirection.cpp
     platform/win32/system/Win32Clock.cpp
+    platform/win32/system/WorkWithYield.cpp
     platform/win32/text/Automation.cpp
     platform/win32/text/BooleanText.cpp
     platform/win32/text/GeneralDate.cpp

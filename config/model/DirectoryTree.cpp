@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/AsciiCase.h"
 #include "platform/RuntimeError.h"
 
 namespace ambrio {
@@ -74,14 +73,6 @@ void DirectoryTree::Open(const std::wstring& path) {
     path_ = plainPath;
     rows_ = std::move(rows);
     openRow_ = openRow;
-}
-
-wchar_t DriveLetterOf(const std::wstring& text) {
-    if (text.size() < 2 || text[1] != L':') {
-        return 0;
-    }
-    const wchar_t letter = AsciiUpperCase(text[0]);
-    return letter >= L'A' && letter <= L'Z' ? letter : L'\0';
 }
 
 }  // namespace ambrio

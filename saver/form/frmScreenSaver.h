@@ -10,8 +10,10 @@
 #include "engine/RunSignals.h"
 #include "platform/Application.h"
 #include "platform/Clock.h"
+#include "platform/DriveReconnection.h"
 #include "platform/FileSystem.h"
 #include "platform/SettingsStore.h"
+#include "platform/win32/files/Win32RememberedDrives.h"
 #include "platform/win32/system/StayAwake.h"
 #include "platform/win32/windows/FormTimer.h"
 #include "platform/win32/windows/ScreenTwips.h"
@@ -45,6 +47,7 @@ class frmScreenSaver : public Window, public RunHost {
     // What the run asks of the form (frmScreenSaverRunHost.cpp).
     void DoEvents() override;
     void ShowMessage(const std::wstring& text, MessageIcon icon) override;
+    void ReconnectDrive(const std::wstring& path) override;
     std::wstring WindowsFolder() override;
     std::wstring SystemFolder() override;
     bool StartProgram(const std::wstring& commandLine, WindowState state) override;
@@ -104,6 +107,8 @@ class frmScreenSaver : public Window, public RunHost {
     std::unique_ptr<LineCanvas> canvas_;
     std::unique_ptr<StatusPanelView> panel_;
     std::unique_ptr<PanelFrame> frame_;
+    Win32RememberedDrives rememberedDrives_;
+    DriveReconnection reconnection_{rememberedDrives_};
     std::unique_ptr<RunDriver> run_;
     FrameAnimation animation_;
     std::unique_ptr<StayAwake> awake_;  // while the run is at work

@@ -16,6 +16,11 @@ void frmScreenSaver::ShowMessage(const std::wstring& text, MessageIcon icon) {
     ShowBox(text, application_.Title, icon == MessageIcon::CriticalStop ? MB_ICONSTOP : 0);
 }
 
+// The form has one run in its life.
+void frmScreenSaver::ReconnectDrive(const std::wstring& path) {
+    reconnection_.Reconnect(path, [this] { DoEvents(); });
+}
+
 std::wstring frmScreenSaver::WindowsFolder() {
     return GetWindowsFolder();
 }

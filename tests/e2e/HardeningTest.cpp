@@ -139,6 +139,19 @@ TEST_F(HardeningTest, TheDialogsLoadNothingThatLiesBesideTheProgramOrInTheCurren
     EXPECT_TRUE(Ends());
 }
 
+TEST_F(HardeningTest, ADriveThatIsNotReadyFailsWithoutABoxOfTheSystem) {
+    Start(L"/C");
+    const WindowProbe dialog = WindowTitled(L"Ambrio Configuration");
+    const UniqueHandle process(OpenProcess(PROCESS_ALL_ACCESS, FALSE, Program().ProcessId()));
+    // Setting the mode is how another process can be asked for it.
+    constexpr UINT_PTR kQuiet = SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX;
+    const DWORD mode = CallIn(process.get(), "SetErrorMode", reinterpret_cast<void*>(kQuiet));
+    EXPECT_EQ(mode & kQuiet, kQuiet);
+    EXPECT_EQ(mode & SEM_NOGPFAULTERRORBOX, 0U) << "a crash must still be told";
+    PostMessageW(dialog.Handle(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(Ends());
+}
+
 TEST_F(HardeningTest, NoProgramIsLookedForInTheCurrentFolder) {
     Start(L"/C");
     const WindowProbe dialog = WindowTitled(L"Ambrio Configuration");

@@ -20,6 +20,12 @@ class RecordingHost : public RunHost {
     void ShowMessage(const std::wstring& text, MessageIcon icon) override {
         Note((icon == MessageIcon::CriticalStop ? L"stop box " : L"box ") + text);
     }
+    void ReconnectDrive(const std::wstring& path) override {
+        Reconnected.push_back(path);
+        if (OnReconnect) {
+            OnReconnect();
+        }
+    }
     std::wstring WindowsFolder() override { return L"C:\\Windows"; }
     std::wstring SystemFolder() override { return L"C:\\Windows\\System32"; }
     bool StartProgram(const std::wstring& commandLine, WindowState state) override {
@@ -44,6 +50,8 @@ class RecordingHost : public RunHost {
     bool Starts = true;
     bool EndTimerEnabled = false;
     std::vector<std::wstring> Actions;
+    std::function<void()> OnReconnect;
+    std::vector<std::wstring> Reconnected;  // the paths whose drives were to be connected
     std::function<void(const std::wstring&)> OnAction;  // gets each of them as it comes
 };
 

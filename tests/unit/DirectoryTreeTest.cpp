@@ -82,14 +82,5 @@ TEST_F(DirectoryTreeTest, OpensPathsOfAnyLength) {
     EXPECT_EQ(13U, tree_.Rows().size());
 }
 
-TEST(DriveLetter, StandsAtTheStartBeforeAColon) {
-    EXPECT_EQ(L'F', DriveLetterOf(L"F:\\My Documents"));
-    EXPECT_EQ(L'F', DriveLetterOf(L"f:"));
-    for (const wchar_t* text :
-         {L"", L"F", L"My Documents", L"\\\\server\\share", L" C:\\", L"1:\\"}) {
-        EXPECT_EQ(L'\0', DriveLetterOf(text)) << text;
-    }
-}
-
 }  // namespace
 }  // namespace ambrio

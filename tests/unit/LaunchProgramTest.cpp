@@ -20,19 +20,22 @@ class AskedOf {
     // Nothing when the system is to find the program by itself.
     [[nodiscard]] const std::optional<std::wstring>& Program() const { return program_; }
     [[nodiscard]] const std::wstring& Line() const { return line_; }
+    [[nodiscard]] DWORD Flags() const { return flags_; }
 
   private:
     static BOOL WINAPI Create(LPCWSTR program, LPWSTR line, LPSECURITY_ATTRIBUTES,
-                              LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID, LPCWSTR, LPSTARTUPINFOW,
-                              LPPROCESS_INFORMATION) {
+                              LPSECURITY_ATTRIBUTES, BOOL, DWORD flags, LPVOID, LPCWSTR,
+                              LPSTARTUPINFOW, LPPROCESS_INFORMATION) {
         program_ = program == nullptr ? std::nullopt : std::optional<std::wstring>(program);
         line_ = line;
+        flags_ = flags;
         SetLastError(ERROR_ACCESS_DENIED);
         return FALSE;
     }
 
     static inline std::optional<std::wstring> program_;
     static inline std::wstring line_;
+    static inline DWORD flags_ = 0;
     ReplacedImport import_{L"kernel32.dll", "CreateProcessW", reinterpret_cast<void*>(&Create)};
 };
 
@@ -54,6 +57,12 @@ TEST(LaunchProgram, NamesTheFolderOfABareNameToTheSystemAndLeavesTheLineAlone) {
     EXPECT_FALSE(LaunchProgram(L"\"C:\\a b\\c.scr\" /c", WindowState::Hidden));
     EXPECT_EQ(std::nullopt, asked.Program());
     EXPECT_EQ(L"\"C:\\a b\\c.scr\" /c", asked.Line());
+}
+
+TEST(LaunchProgram, DoesNotPassOnThisProgramsErrorMode) {
+    const AskedOf asked;
+    EXPECT_FALSE(LaunchProgram(L"hostname.exe", WindowState::Hidden));
+    EXPECT_EQ(static_cast<DWORD>(CREATE_DEFAULT_ERROR_MODE), asked.Flags());
 }
 
 TEST(LaunchProgram, AsksTheSystemForNothingThatItDoesNotFind) {

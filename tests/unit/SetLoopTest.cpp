@@ -51,6 +51,27 @@ TEST_F(SetLoopTest, AnInterruptDuringTheSecondOfThreeSetsLeavesTheThirdAlone) {
     EXPECT_EQ(SetCaption(), L"");
 }
 
+TEST_F(SetLoopTest, TheDrivesOfEachSelectedSetAreConnectedBeforeItsFoldersAreLookedFor) {
+    AddSets({L"A", L"B", L"C"});
+    Bench.Set(L"B", kSelectedKey, L"False");
+    Bench.Set(L"C", kSourceKey, L"Q:\\Data");
+    Bench.Host.OnReconnect = [&] {
+        Bench.Files.SetVolume(L"Q:", true);
+        Bench.Files.WriteFile(L"Q:\\Data\\file.txt", "x");
+    };
+    Bench.Run();
+    EXPECT_EQ(Bench.Host.Reconnected,
+              (Lines{L"C:\\A", L"C:\\Copy of A", L"Q:\\Data", L"C:\\Copy of C"}));
+    EXPECT_TRUE(Ran(L"A") && !Ran(L"B") && Ran(L"C"));
+}
+
+TEST_F(SetLoopTest, AnInterruptedRunConnectsNoMoreDrives) {
+    AddSets({L"A", L"B"});
+    Bench.Host.OnReconnect = [&] { Bench.Signals.Interrupted = true; };
+    Bench.Run();
+    EXPECT_EQ(Bench.Host.Reconnected, Lines{L"C:\\A"});
+}
+
 // Wanted: nobody asks after the last Set.
 TEST_F(SetLoopTest, AnInterruptDuringTheLastSetStillShowsTheEndOfTheList) {
     AddSets({L"A"});

@@ -17,6 +17,8 @@ set(UNIT_TEST_SOURCES
     tests/unit/DialogOptionsTest.cpp
     tests/unit/DialogTextsTest.cpp
     tests/unit/DirectoryTreeTest.cpp
+    tests/unit/DriveLetterTest.cpp
+    tests/unit/DriveReconnectionTest.cpp
     tests/unit/EllipsisTest.cpp
     tests/unit/FileCopierTest.cpp
     tests/unit/FileHazardTest.cpp
@@ -84,5 +86,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/SystemLibraryTest.cpp
     tests/unit/SystemServicesTest.cpp
     tests/unit/Win32ClockTest.cpp
+    tests/unit/Win32RememberedDrivesTest.cpp
     tests/unit/WindowTest.cpp
+    tests/unit/WorkWithYieldTest.cpp
 )

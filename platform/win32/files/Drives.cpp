@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/win32/system/SystemLibrary.h"
+#include "platform/win32/files/NetworkLibrary.h"
 
 namespace ambrio {
 namespace {
@@ -26,17 +26,10 @@ DriveKind KindOf(const std::wstring& root) {
     }
 }
 
-// Not linked: the system would take a file of that name from beside the program.
 std::wstring ShareOf(wchar_t letter) {
-    const SystemLibrary network(L"mpr.dll");
-    const auto connection = network.Function<decltype(&WNetGetConnectionW)>("WNetGetConnectionW");
-    if (connection == nullptr) {
-        return {};
-    }
-    const std::wstring name = {letter, L':'};
-    std::array<wchar_t, MAX_PATH + 1> share = {};
-    DWORD size = static_cast<DWORD>(share.size());
-    return connection(name.c_str(), share.data(), &size) == NO_ERROR ? share.data() : L"";
+    const NetworkLibrary network;
+    const NetworkConnection connection = ConnectionOf(letter, network.Calls());
+    return connection.Code == NO_ERROR ? connection.Share : std::wstring();
 }
 
 std::wstring VolumeLabelOf(const std::wstring& root) {
@@ -59,7 +52,6 @@ std::wstring LabelOf(wchar_t letter, DriveKind kind, const std::wstring& root) {
 
 std::vector<Drive> ListDrives() {
     std::vector<Drive> drives;
-    const QuietDrives quiet;
     const DWORD present = GetLogicalDrives();
     for (int i = 0; i < kLetters; ++i) {
         if ((present & (1U << i)) != 0) {
@@ -70,13 +62,6 @@ std::vector<Drive> ListDrives() {
         }
     }
     return drives;
-}
-
-QuietDrives::QuietDrives()
-    : previous_(SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX)) {}
-
-QuietDrives::~QuietDrives() {
-    SetErrorMode(previous_);
 }
 
 }  // namespace ambrio

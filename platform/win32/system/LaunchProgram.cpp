@@ -59,8 +59,9 @@ bool LaunchProgram(const std::wstring& commandLine, WindowState state) {
     PROCESS_INFORMATION process{};
     // A path that stands is better told from its arguments by the system.
     const wchar_t* application = place == program ? nullptr : place.c_str();
-    if (!CreateProcessW(application, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process)) {
+    // The error mode that this program runs in is its own affair.
+    if (!CreateProcessW(application, line.data(), nullptr, nullptr, FALSE,
+                        CREATE_DEFAULT_ERROR_MODE, nullptr, nullptr, &startup, &process)) {
         return false;
     }
     CloseHandle(process.hThread);

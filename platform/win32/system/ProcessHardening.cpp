@@ -6,6 +6,7 @@ namespace ambrio {
 
 void HardenProcess() {
     HeapSetInformation(nullptr, HeapEnableTerminationOnCorruption, nullptr, 0);
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     // Whatever its value.
     SetEnvironmentVariableW(L"NoDefaultCurrentDirectoryInExePath", L"1");
     // The current folder is left out on every system, the program's own folder on those that have

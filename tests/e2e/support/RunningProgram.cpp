@@ -30,9 +30,11 @@ RunningProgram::RunningProgram(const std::wstring& program, const std::wstring& 
     startup.cb = sizeof startup;
     startup.lpDesktop = desktop.empty() ? nullptr : desktop.data();
     PROCESS_INFORMATION started{};
-    // Suspended, so that it cannot start anything before the job holds it.
-    if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED,
-                       nullptr, nullptr, &startup, &started) == 0) {
+    // Suspended, so that it cannot start anything before the job holds it; and not with the error
+    // mode that the tests run in.
+    if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE,
+                       CREATE_SUSPENDED | CREATE_DEFAULT_ERROR_MODE, nullptr, nullptr, &startup,
+                       &started) == 0) {
         ThrowWin32Error("starting the program");
     }
     process_.reset(started.hProcess);
