@@ -142,7 +142,13 @@ void frmConfiguration::cmdNew_Click() {
 }
 
 void frmConfiguration::cmdProperties_Click() {
-    Context().CurrentSetName = ListedSets().CurrentName();
+    const SetListModel sets = ListedSets();
+    if (!sets.Current()) {
+        // Without a name it would make a new Set, which the list does not show.
+        MessageBeep(MB_OK);
+        return;
+    }
+    Context().CurrentSetName = sets.CurrentName();
     ShowProperties();
 }
 

@@ -104,6 +104,17 @@ TEST_F(ConfigurationTest, NewAndThenCancelMakesTheLastSetCurrent) {
     EXPECT_TRUE(ClosesByItsBox(dialog));
 }
 
+// Whatever was typed there would be stored as a Set that the list never shows.
+TEST_F(ConfigurationTest, AnEmptyListHasNoProperties) {
+    const WindowProbe dialog = OpenConfiguration();
+    for (const int button : {IDC_CMD_PROPERTIES, IDC_CMD_REMOVE}) {
+        Tell(At(dialog, button), BM_CLICK);
+        EXPECT_TRUE(dialog.IsEnabled()) << "a dialog or a box came up";
+    }
+    CloseConfiguration();
+    EXPECT_TRUE(Settings.Sections().empty());
+}
+
 TEST_F(ConfigurationTest, AsksBeforeItRemovesAndKeepsTheSetsSection) {
     Settings.Write(L"General", L"Sets", L"A & B");
     Settings.Write(L"A & B", L"Source", L"C:\\a");

@@ -94,7 +94,7 @@ TEST_F(frmConfigurationTest, AMovedSetStaysInView) {
 TEST_F(frmConfigurationTest, AnEmptyListOnlyBeeps) {
     const BeepCounter beeps;
     Open();
-    for (const int button : {IDC_CMD_UP, IDC_CMD_DOWN, IDC_CMD_REMOVE}) {
+    for (const int button : {IDC_CMD_UP, IDC_CMD_DOWN, IDC_CMD_REMOVE, IDC_CMD_PROPERTIES}) {
         const int before = beeps.Count();
         At(button).Click();
         EXPECT_EQ(before + 1, beeps.Count()) << button;
