@@ -44,6 +44,10 @@ void Form::CentreOver(HWND parent) {
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void Form::ShowHelp() {
+    WinHelpW(Handle(), context_.App.HelpFile.c_str(), HELP_CONTENTS, 0);
+}
+
 int Form::Ask(const std::wstring& text, const std::wstring& title, UINT style) {
     return MessageBoxW(Handle(), text.c_str(), title.c_str(), style);
 }

@@ -25,12 +25,15 @@ class Form : public Dialog {
         : Dialog(context.Instance, templateId), context_(context) {}
 
     void OnFailure(const RuntimeError& error) override;
+    void OnHelp() override { ShowHelp(); }
 
     [[nodiscard]] DialogContext& Context() const { return context_; }
     void SetTooltip(int control, const std::wstring& text);
     void SetTooltips(std::span<const Tip> tips);
     // Puts the dialog over the middle of the one that opened it.
     void CentreOver(HWND parent);
+    // Shows the help file's contents.
+    void ShowHelp();
     // A message box over this dialog; returns the button's id.
     int Ask(const std::wstring& text, const std::wstring& title, UINT style);
     // The program's icon in the size that a metric of the system (SM_CXICON, SM_CXSMICON) tells.

@@ -86,9 +86,19 @@ void frmConfiguration::FillSavers() {
 }
 
 void frmConfiguration::OnCommand(int control, int notification) {
-    if (notification == BN_CLICKED) {
+    if (control == IDC_LST_SETS && notification == LBN_DBLCLK) {
+        cmdProperties_Click();
+    } else if (notification == BN_CLICKED) {
         Click(control);
     }
+}
+
+bool frmConfiguration::OnListKey(int control, WORD key) {
+    if (control != IDC_LST_SETS || (key != VK_INSERT && key != VK_DELETE)) {
+        return false;
+    }
+    Click(key == VK_INSERT ? IDC_CMD_NEW : IDC_CMD_REMOVE);
+    return true;
 }
 
 void frmConfiguration::Click(int button) {
@@ -106,7 +116,7 @@ void frmConfiguration::Click(int button) {
         case IDC_CMD_SETTINGS:
             return cmdSettings_Click();
         case IDC_CMD_HELP:
-            return cmdHelp_Click();
+            return ShowHelp();
         case IDC_CMD_ABOUT:
             return cmdAbout_Click();
         case IDOK:
@@ -133,12 +143,17 @@ void frmConfiguration::cmdNew_Click() {
     Context().CurrentSetName.clear();
     ShowProperties();
     SetListModel sets = ListedSets();
-    if (!Context().CurrentSetName.empty()) {
+    const bool isAdded = !Context().CurrentSetName.empty();
+    if (isAdded) {
         sets.Add(Context().CurrentSetName);
     }
     // Also when nothing was added.
     sets.MakeLastCurrent();
     ShowSets(sets);
+    if (isAdded) {
+        // It starts unticked; there the space bar ticks it.
+        FocusOn(Control(IDC_LST_SETS));
+    }
 }
 
 void frmConfiguration::cmdProperties_Click() {
@@ -176,10 +191,6 @@ void frmConfiguration::cmdSettings_Click() {
     if (path && !LaunchProgram(SettingsCommandLine(*path), WindowState::MinimisedFocus)) {
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
-}
-
-void frmConfiguration::cmdHelp_Click() {
-    WinHelpW(Handle(), Context().App.HelpFile.c_str(), HELP_CONTENTS, 0);
 }
 
 void frmConfiguration::cmdAbout_Click() {

@@ -15,6 +15,7 @@ class frmConfiguration : public Form {
   protected:
     void Form_Load() override;
     void OnCommand(int control, int notification) override;
+    bool OnListKey(int control, WORD key) override;
     void OnDrawItem(const DRAWITEMSTRUCT& item) override;
 
   private:
@@ -26,7 +27,6 @@ class frmConfiguration : public Form {
     void cmdRemove_Click();
     void cmdProperties_Click();
     void cmdSettings_Click();
-    void cmdHelp_Click();
     void cmdAbout_Click();
     void cmdOk_Click();
 

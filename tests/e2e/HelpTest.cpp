@@ -1,7 +1,8 @@
-// The help button.
+// The help button and the help key.
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 
 #include "tests/e2e/support/DialogTest.h"
@@ -13,6 +14,13 @@ namespace {
 
 class HelpTest : public DialogTest {
   protected:
+    // Whether one of the dialog's controls gets the keys.
+    [[nodiscard]] static bool HasFocus(const WindowProbe& dialog) {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(0, &info);
+        return IsChild(dialog.Handle(), info.hwndFocus) != FALSE;
+    }
     // A box of what shows the help, which is another program.
     [[nodiscard]] std::optional<MessageBoxProbe> BoxOfTheViewer() {
         for (const DWORD process : Program().StartedProcessIds()) {
@@ -37,6 +45,26 @@ class HelpTest : public DialogTest {
         });
     }
 
+    // Presses F1 in the dialog, which is the front one, and then closes it.
+    void ExpectHelpOnF1(const WindowProbe& dialog) {
+        said_.clear();
+        EXPECT_TRUE(WaitUntil([&] { return HasFocus(dialog); })) << Utf8(dialog.Text());
+        PressKey(VK_F1);
+        const auto dismissUntil = [this](const std::function<bool()>& condition) {
+            return WaitUntil([&] {
+                if (const auto box = BoxOfTheViewer()) {
+                    Dismiss(*box);
+                }
+                return condition();
+            });
+        };
+        EXPECT_TRUE(dismissUntil([&] { return said_.find(L"Ambrio.HLP") != std::wstring::npos; }))
+            << Utf8(dialog.Text());
+        // It answers again when the viewer has said all that it has to say.
+        EXPECT_TRUE(dismissUntil([&] { return dialog.Send(WM_NULL, 0, 0, kWhile).has_value(); }));
+        EXPECT_TRUE(ClosesByItsBox(dialog)) << Utf8(dialog.Text());
+    }
+
     std::wstring said_;
 };
 
@@ -59,6 +87,20 @@ TEST_F(HelpTest, AMissingFileIsTheViewersToReportAndTheDialogGoesOn) {
     EXPECT_TRUE(Ends());
     EXPECT_EQ(Program().ExitCode(), 0U);
     EXPECT_EQ(Settings.Read(L"A", L"Selected"), L"False");
+}
+
+TEST_F(HelpTest, IsThereOnF1InEveryDialog) {
+    if (!RunsOnWine()) {
+        GTEST_SKIP() << "this system has no viewer that tells what it looks for";
+    }
+    const WindowProbe properties = OpenProperties(L"S");
+    const WindowProbe configuration = WindowTitled(kConfiguration);
+    ExpectHelpOnF1(Open(properties, IDC_CMD_BROWSE_0, L"Choose S source folder"));
+    ExpectHelpOnF1(Open(properties, IDC_CMD_ADVANCED, L"S properties - File selection"));
+    ExpectHelpOnF1(properties);
+    ExpectHelpOnF1(Open(configuration, IDC_CMD_ABOUT, L"About Ambrio"));
+    ExpectHelpOnF1(configuration);
+    EXPECT_TRUE(Ends());
 }
 
 TEST_F(HelpTest, IsLookedForUnderTheProgramsTitleWhateverTheFileIsCalled) {

@@ -1,4 +1,4 @@
-// The keyboard's way through the dialogs into a run.
+// The keyboard's way through the dialogs into a run, and the mouse's short ways in the list.
 
 #include <gtest/gtest.h>
 
@@ -14,6 +14,27 @@ class KeyboardTest : public DialogTest {
         for (int i = 0; i < times; ++i) {
             PressKey(key);
         }
+    }
+    [[nodiscard]] static bool HasFocus(const WindowProbe& dialog, int control) {
+        return WaitUntil([&] {
+            GUITHREADINFO info{};
+            info.cbSize = sizeof info;
+            GetGUIThreadInfo(GetWindowThreadProcessId(dialog.Handle(), nullptr), &info);
+            return info.hwndFocus == At(dialog, control).Handle();
+        });
+    }
+    // The middle of a line of the list of Sets, counted from 0, that part of the way across; on the
+    // screen.
+    [[nodiscard]] static POINT PlaceOf(const WindowProbe& dialog, int line, double across) {
+        const WindowProbe list = At(dialog, IDC_LST_SETS);
+        const RECT place = list.Rectangle();
+        const auto height = static_cast<LONG>(list.Send(LB_GETITEMHEIGHT).value_or(0));
+        return {place.left + static_cast<LONG>(across * (place.right - place.left)),
+                place.top + height * line + height / 2};
+    }
+    static void DoubleClick(POINT place) {
+        ClickAt(place);
+        Click();
     }
     // Fills a new Set from its first box on and presses OK by Enter.
     void TypeSet(const std::wstring& name, const std::wstring& source,
@@ -35,21 +56,21 @@ TEST_F(KeyboardTest, ConfiguresTwoSetsThatARunThenCopies) {
         WriteFileBytes(Folder.Below(name) + L"\\file.txt", "content");
     }
     const WindowProbe dialog = OpenConfiguration();
-    for (const wchar_t* name : {L"a", L"b"}) {
-        // From the list over the two moving buttons to the new one.
-        ASSERT_TRUE(WaitUntil([&] { return dialog.IsEnabled(); }));
-        Press(VK_TAB, std::wstring(name) == L"a" ? 3 : 0);
-        Press(VK_SPACE);
-        TypeSet(name, Folder.Below(name), Folder.Below(std::wstring(L"to-") + name));
-    }
-    ASSERT_TRUE(SetsBecome(dialog, L"a|>b|"));
-    // Back to the list, where the space bar ticks.
-    keybd_event(VK_SHIFT, 0, 0, 0);
+    // From the list over the two moving buttons to the new one.
     Press(VK_TAB, 3);
-    keybd_event(VK_SHIFT, 0, KEYEVENTF_KEYUP, 0);
+    Press(VK_SPACE);
+    TypeSet(L"a", Folder.Below(L"a"), Folder.Below(L"to-a"));
+    // The list has the focus then, and the space bar ticks the new entry.
+    ASSERT_TRUE(SetsBecome(dialog, L">a|"));
+    ASSERT_TRUE(HasFocus(dialog, IDC_LST_SETS));
+    Press(VK_SPACE);
+    ASSERT_TRUE(SetsBecome(dialog, L">+a|"));
+    Press(VK_INSERT);
+    TypeSet(L"b", Folder.Below(L"b"), Folder.Below(L"to-b"));
+    ASSERT_TRUE(SetsBecome(dialog, L"+a|>b|"));
+    ASSERT_TRUE(HasFocus(dialog, IDC_LST_SETS));
     Press(VK_SPACE);
     Press(VK_UP);
-    Press(VK_SPACE);
     ASSERT_TRUE(SetsBecome(dialog, L">+a|+b|"));
     Press(VK_ESCAPE);
     Press(VK_RETURN);
@@ -66,6 +87,53 @@ TEST_F(KeyboardTest, ConfiguresTwoSetsThatARunThenCopies) {
     }));
     PressKey(VK_SPACE);
     EXPECT_TRUE(Ends());
+}
+
+TEST_F(KeyboardTest, InsertAndDeleteAreNewSetAndRemove) {
+    Settings.Write(L"General", L"Sets", L"A,B");
+    const WindowProbe dialog = OpenConfiguration();
+    Press(VK_DELETE);
+    const MessageBoxProbe question = WaitForBox();
+    EXPECT_TRUE(question.Text().starts_with(L"About to remove A\r"));
+    EXPECT_TRUE(question.Press(0));
+    EXPECT_TRUE(SetsBecome(dialog, L">+B|"));
+    Press(VK_INSERT);
+    const WindowProbe properties = WindowTitled(kNewSet);
+    Press(VK_ESCAPE);
+    EXPECT_TRUE(WaitUntil([&] { return !properties.Exists(); }));
+    EXPECT_TRUE(HasFocus(dialog, IDC_LST_SETS));
+    Press(VK_RETURN);
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(Settings.Read(L"General", L"Sets"), L"B");
+}
+
+TEST_F(KeyboardTest, ANewSetThatIsCancelledLeavesTheFocusAtItsButton) {
+    const WindowProbe dialog = OpenConfiguration();
+    Press(VK_TAB, 3);
+    Press(VK_SPACE);
+    const WindowProbe properties = WindowTitled(kNewSet);
+    Press(VK_ESCAPE);
+    EXPECT_TRUE(WaitUntil([&] { return !properties.Exists() && dialog.IsEnabled(); }));
+    EXPECT_TRUE(HasFocus(dialog, IDC_CMD_NEW));
+    CloseConfiguration();
+}
+
+TEST_F(KeyboardTest, ADoubleClickOnANameShowsItsPropertiesAndOnABoxTicksTwice) {
+    Settings.Write(L"General", L"Sets", L"A,B");
+    const WindowProbe dialog = OpenConfiguration();
+    DoubleClick(PlaceOf(dialog, 1, 0.5));
+    EXPECT_TRUE(Closes(WindowTitled(L"B Properties"), IDCANCEL));
+    EXPECT_TRUE(SetsBecome(dialog, L"+A|>+B|"));
+    // Had it been left to the list box, the dialog would be there when the answer comes.
+    DoubleClick(PlaceOf(dialog, 0, 0.03));
+    EXPECT_TRUE(SetsBecome(dialog, L">+A|+B|"));
+    EXPECT_TRUE(dialog.IsEnabled());
+    ClickAt(PlaceOf(dialog, 0, 0.03));
+    EXPECT_TRUE(SetsBecome(dialog, L">A|+B|"));
+    DoubleClick(PlaceOf(dialog, 4, 0.5));
+    Tell(At(dialog, IDC_LST_SETS), WM_NULL);
+    EXPECT_TRUE(dialog.IsEnabled()) << "there is no entry";
+    CloseConfiguration();
 }
 
 }  // namespace

@@ -67,6 +67,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/DeepestTreeTest.cpp
     tests/unit/ExtendedPathTest.cpp
     tests/unit/FileEntryDataTest.cpp
+    tests/unit/FormHelpTest.cpp
     tests/unit/FormPlaceTest.cpp
     tests/unit/FormRoundTripTest.cpp
     tests/unit/FormTabOrderTest.cpp

@@ -49,6 +49,9 @@ void CheckListBox::SetCurrent(int entry) {
 }
 
 LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_LBUTTONDBLCLK && (EntryAt(lParam) < 0 || BoxAt(lParam) >= 0)) {
+        message = WM_LBUTTONDOWN;
+    }
     const LRESULT result =
         message == WM_CHAR && wParam == L' ' ? 0 : PassOn(message, wParam, lParam);
     switch (message) {
@@ -59,7 +62,6 @@ LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             break;
         case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK:
             Toggle(BoxAt(lParam));
             break;
         case LB_SETITEMDATA: {
@@ -84,19 +86,25 @@ void CheckListBox::Toggle(int entry) {
     }
 }
 
-// The entry whose check box lies there; -1 for none.
-int CheckListBox::BoxAt(LPARAM position) const {
+// The entry that lies there; -1 for none.
+int CheckListBox::EntryAt(LPARAM position) const {
     const LRESULT found = SendMessageW(Control(), LB_ITEMFROMPOINT, 0, position);
     const POINT point = {static_cast<short>(LOWORD(position)),
                          static_cast<short>(HIWORD(position))};
     RECT place = {};
-    if (HIWORD(found) != 0 || SendMessageW(Control(), LB_GETITEMRECT, LOWORD(found),
-                                           reinterpret_cast<LPARAM>(&place)) == LB_ERR) {
-        return -1;
-    }
-    const RECT box = BoxOf(place);
-    const bool isInside = point.x < box.right && PtInRect(&place, point) != FALSE;
-    return isInside ? LOWORD(found) : -1;
+    const bool isEntry =
+        HIWORD(found) == 0 && SendMessageW(Control(), LB_GETITEMRECT, LOWORD(found),
+                                           reinterpret_cast<LPARAM>(&place)) != LB_ERR;
+    return isEntry && PtInRect(&place, point) != FALSE ? LOWORD(found) : -1;
+}
+
+// The entry whose check box lies there; -1 for none.
+int CheckListBox::BoxAt(LPARAM position) const {
+    const int entry = EntryAt(position);
+    RECT place = {};
+    SendMessageW(Control(), LB_GETITEMRECT, static_cast<WPARAM>(entry),
+                 reinterpret_cast<LPARAM>(&place));
+    return entry >= 0 && static_cast<short>(LOWORD(position)) < BoxOf(place).right ? entry : -1;
 }
 
 RECT CheckListBox::BoxOf(const RECT& entry) const {

@@ -8,7 +8,8 @@
 namespace ambrio {
 
 // Gives an owner-drawn list box (LBS_OWNERDRAWFIXED, LBS_HASSTRINGS) a check box in front of each
-// entry, which the mouse and the space bar tick. The entry's item data is its tick: 1 or 0. So the
+// entry, which the mouse and the space bar tick. Only a double-click on a name is one to the list
+// box; on a check box it ticks twice. The entry's item data is its tick: 1 or 0. So the
 // list is filled, read and driven with the ordinary messages of list boxes. When the object goes,
 // the list box, if it is still there, is an ordinary one again.
 class CheckListBox : private ControlSubclass {
@@ -32,6 +33,7 @@ class CheckListBox : private ControlSubclass {
   private:
     LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
     void Toggle(int entry);
+    [[nodiscard]] int EntryAt(LPARAM position) const;
     [[nodiscard]] int BoxAt(LPARAM position) const;
     [[nodiscard]] RECT BoxOf(const RECT& entry) const;
     void DrawBox(HDC dc, RECT box, bool ticked) const;

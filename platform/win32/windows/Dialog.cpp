@@ -8,6 +8,10 @@
 namespace ambrio {
 namespace {
 
+// What a list box that asks for its keys makes of the answer.
+constexpr INT_PTR kKeyIsHandled = -2;
+constexpr INT_PTR kKeyIsTheListBoxs = -1;
+
 // The dialog that this thread is loading. The message that says so only names it once more, as
 // other programs can send the same one.
 thread_local Dialog* dialogBeingLoaded = nullptr;
@@ -61,7 +65,11 @@ void Dialog::Show() {
     if (focus == nullptr) {
         focus = GetNextDlgTabItem(handle_, nullptr, FALSE);
     }
-    SendMessageW(handle_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(focus), TRUE);
+    FocusOn(focus);
+}
+
+void Dialog::FocusOn(HWND control) {
+    SendMessageW(handle_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 
 void Dialog::RunUntilUnloaded() {
@@ -107,7 +115,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND handle, UINT message, WPARAM wParam, LPA
         return FALSE;
     }
     try {
-        return dialog->Receive(message, wParam, lParam) ? TRUE : FALSE;
+        return dialog->Receive(message, wParam, lParam);
     } catch (const RuntimeError& error) {
         dialog->OnFailure(error);
     } catch (const std::bad_alloc&) {
@@ -127,21 +135,29 @@ void Dialog::LoadForm(HWND handle) {
     }
 }
 
-bool Dialog::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
+INT_PTR Dialog::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_COMMAND:
-            return loadFailure_ == nullptr && HandleCommand(LOWORD(wParam), HIWORD(wParam));
+            return loadFailure_ == nullptr && HandleCommand(LOWORD(wParam), HIWORD(wParam)) ? TRUE
+                                                                                            : FALSE;
+        case WM_VKEYTOITEM:
+            return OnListKey(GetDlgCtrlID(reinterpret_cast<HWND>(lParam)), LOWORD(wParam))
+                       ? kKeyIsHandled
+                       : kKeyIsTheListBoxs;
+        case WM_HELP:
+            OnHelp();
+            return TRUE;
         case WM_DRAWITEM:
             OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
-            return true;
+            return TRUE;
         case WM_CLOSE:
             // An owner whose modal dialog is open stays, whoever asks.
             if (IsWindowEnabled(handle_) != FALSE) {
                 Unload();
             }
-            return true;
+            return TRUE;
         default:
-            return false;
+            return FALSE;
     }
 }
 

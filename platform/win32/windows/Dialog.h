@@ -41,6 +41,11 @@ class Dialog {
     // Enter presses comes as a click on it. Escape comes as a click on the control IDCANCEL only
     // where the dialog has one.
     virtual void OnCommand(int control, int notification) = 0;
+    // A key went down in a list box that asks for them (LBS_WANTKEYBOARDINPUT), given as a virtual
+    // key code. False leaves it to the list box.
+    virtual bool OnListKey(int /*control*/, WORD /*key*/) { return false; }
+    // F1 was pressed, wherever the focus is.
+    virtual void OnHelp() {}
     // An owner-drawn control wants to be drawn.
     virtual void OnDrawItem(const DRAWITEMSTRUCT& /*item*/) {}
     // A failure that left one of the above, other than Form_Load. The dialog stays.
@@ -59,6 +64,9 @@ class Dialog {
         return SendMessageW(Control(control), message, wParam, lParam);
     }
 
+    // Gives the control the focus, as the tabulator would.
+    void FocusOn(HWND control);
+
     [[nodiscard]] std::wstring Caption() const;
     void SetCaption(const std::wstring& caption);
 
@@ -67,7 +75,8 @@ class Dialog {
 
   private:
     static INT_PTR CALLBACK Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
-    bool Receive(UINT message, WPARAM wParam, LPARAM lParam);
+    // What the dialog procedure is to return.
+    INT_PTR Receive(UINT message, WPARAM wParam, LPARAM lParam);
     void LoadForm(HWND handle);
     bool HandleCommand(int control, int notification);
     void Show();
