@@ -108,6 +108,12 @@ std::wstring LogNotDeleted(const RuntimeError& cause, const std::wstring& log) {
     return cause.Description() + L" while deleting " + PathLine(log);
 }
 
+std::wstring LogRefusedAdvice() {
+    return std::wstring(kLineBreak) + kLineBreak +
+           L"Another program may have this file open, or it may be read-only. Close that "
+           L"program or remove the file; until then nothing is backed up.";
+}
+
 std::wstring SummarySentence(const RunState& run) {
     return L"Of " + std::to_wstring(run.FilesChecked) + L" files checked, " +
            std::to_wstring(run.FilesCopied - run.CopyErrors) + L" were copied" +

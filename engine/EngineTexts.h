@@ -40,6 +40,9 @@ enum class FolderAction { Accessing, Creating };
 [[nodiscard]] std::wstring LogNotWritten(const RuntimeError& cause, const std::wstring& log);
 [[nodiscard]] std::wstring LogNotDeleted(const RuntimeError& cause, const std::wstring& log);
 
+// What the box adds when the log could not be opened or removed.
+[[nodiscard]] std::wstring LogRefusedAdvice();
+
 // The closing block of the log.
 inline constexpr const wchar_t* kCompleted = L" completed ";
 inline constexpr const wchar_t* kEnded = L" ended ";

@@ -32,7 +32,7 @@ void FileCopier::CopyFile(const std::wstring& name, DestinationListing& destinat
     bool isToBeCopied = false;
     try {
         const FileEntry source = run_.Files.GetFile(file.Path);
-        isToBeRemoved = file.Set().Record.rbDeleteCopy &&
+        isToBeRemoved = file.Set().Record.rbDeleteCopy && !source.IsOfAnotherUser &&
                         !file.Set().Rule.Qualifies(source.Attributes) && HasCopyToRemove(file);
         if (!isToBeRemoved) {
             isToBeCopied = IsToBeCopied(file, source);
@@ -77,11 +77,15 @@ bool FileCopier::HasCopyToRemove(const File& file) {
 }
 
 bool FileCopier::IsToBeCopied(const File& file, const FileEntry& source) {
+    // Both fail: nothing must be missing without a word, whatever the link itself looks like.
+    if (source.IsOfAnotherUser) {
+        return true;
+    }
     if (!file.Set().Rule.Qualifies(source.Attributes)) {
         return false;
     }
     if (file.IsWithoutPlace) {
-        return true;  // and fails: it must not be missing without a word
+        return true;
     }
     const auto isOlder = [&](const FileEntry& copy) {
         return source.DateLastModified > copy.DateLastModified;

@@ -38,9 +38,18 @@ bool IsSetsSource(const WalkedFolder& root, const KnownFolder& destination) {
 
 }  // namespace
 
+void RequireFollowable(FileSystem& fileSystem, const std::wstring& folder) {
+    if (!fileSystem.MayFollow(folder)) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+}
+
 bool FolderGuard::MayEnter(const WalkedFolder& subfolder, const FileEntry& entry) const {
     if (IsCompatibilityJunction(entry)) {
         return false;
+    }
+    if (entry.IsLink()) {
+        RequireFollowable(fileSystem_, subfolder.Source().Path());
     }
     // Looked at apart, as the folder may be another one, or one at all, when the walk is there.
     if (IsSetsSource(subfolder.Root(), KnownFolder(fileSystem_, subfolder.Destination().Path()))) {

@@ -1,10 +1,15 @@
 #pragma once
 
+#include <string>
+
 #include "platform/FileSystem.h"
 
 namespace ambrio {
 
 class WalkedFolder;
+
+// Throws PathFileAccessError for a folder that is another user's link.
+void RequireFollowable(FileSystem& fileSystem, const std::wstring& folder);
 
 // Keeps the walk of a Set out of subfolders in which it would never end or which nobody may list:
 // the Set's own destination, links that lead back to a folder being walked or filled, and the
@@ -16,9 +21,9 @@ class FolderGuard {
     explicit FolderGuard(FileSystem& fileSystem) : fileSystem_(fileSystem) {}
 
     // Whether a subfolder may be walked, which its parent's listing describes as `entry`; the
-    // destination of the parent must exist. Throws RuntimeError for a link that leads nowhere or to
-    // where nobody can tell, and where copies would take the place of source files: what lies there
-    // is not backed up.
+    // destination of the parent must exist. Throws RuntimeError for a link that is another user's,
+    // leads nowhere or to where nobody can tell, and where copies would take the place of source
+    // files: what lies there is not backed up.
     [[nodiscard]] bool MayEnter(const WalkedFolder& subfolder, const FileEntry& entry) const;
 
   private:

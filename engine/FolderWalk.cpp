@@ -5,6 +5,7 @@
 
 #include "engine/Counted.h"
 #include "engine/DestinationFolder.h"
+#include "engine/FolderGuard.h"
 #include "engine/LeftoverSweep.h"
 #include "engine/ListingYield.h"
 #include "engine/WalkedSet.h"
@@ -70,13 +71,25 @@ FolderWalk::Preparation FolderWalk::PrepareFolders(const WalkedFolder& folder) {
     if (!isSourceThere) {
         return Preparation::SourceMissing;
     }
+    if (!IsFollowable(source)) {
+        return Preparation::Failed;
+    }
     bool wasMade = false;
     FolderAction action = FolderAction::Accessing;
     if (!Try([&] { wasMade = MakeDestinationFolder(run_.Files, destination.Path(), action); },
              action, destination)) {
         return Preparation::Failed;
     }
+    // Only now, as somebody else may have been the one who made it.
+    if (!IsFollowable(destination)) {
+        return Preparation::Failed;
+    }
     return wasMade ? Preparation::DestinationMade : Preparation::DestinationThere;
+}
+
+bool FolderWalk::IsFollowable(const KnownFolder& folder) {
+    return Try([&] { RequireFollowable(run_.Files, folder.Path()); }, FolderAction::Accessing,
+               folder);
 }
 
 // False when the run was interrupted among the files. Only they look at that: the walk goes on with

@@ -36,6 +36,8 @@ class FolderWalk {
     // below.
     void BackUpFolder(const WalkedFolder& folder);
     Preparation PrepareFolders(const WalkedFolder& folder);
+    // Reports another user's link and gives false.
+    bool IsFollowable(const KnownFolder& folder);
     bool CopyContents(const WalkedFolder& folder, bool isNew);
     bool CopyListedFiles(const WalkedFolder& folder, bool isNew,
                          std::vector<FileEntry>& subFolders);

@@ -19,7 +19,7 @@ bool KnownFolder::Is(const KnownFolder& other) const {
 }
 
 bool KnownFolder::IsElsewhereThan(const KnownFolder& other) const {
-    return Identity() && other.Identity() && Identity()->Volume != other.Identity()->Volume;
+    return Identity() && other.Identity() && !Identity()->MayShareVolumeWith(*other.Identity());
 }
 
 void KnownFolder::RequireIdentity() const {
@@ -27,7 +27,8 @@ void KnownFolder::RequireIdentity() const {
         identity_ = fileSystem_.IdentityOf(path_);
         wasAsked_ = true;
     }
-    if (!identity_) {
+    // Nor does a path do: a link that a server follows by itself leads to ever longer ones.
+    if (!identity_ || identity_->IsByPath) {
         throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
 }

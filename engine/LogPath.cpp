@@ -7,7 +7,7 @@ namespace ambrio {
 
 std::wstring LogPath(const Application& application, FileSystem& fileSystem) {
     const std::wstring name = LogName(application.Title);
-    if (fileSystem.IsWritableFolder(application.ProgramFolder)) {
+    if (fileSystem.IsWritableFolder(application.ProgramFolder, name)) {
         return FileSystem::BuildPath(application.ProgramFolder, name);
     }
     const std::wstring folder =

@@ -42,7 +42,8 @@ void RunDriver::DoTheBiz() {
         return;
     }
     if (!state_.FatalErrorText.empty()) {
-        host_.ShowMessage(state_.FatalErrorText, MessageIcon::CriticalStop);
+        host_.ShowMessage(state_.FatalErrorText + (IsLogRefused_ ? LogRefusedAdvice() : L""),
+                          MessageIcon::CriticalStop);
     }
     if (!host_.IsEndTimerEnabled() && signals_.Interrupted) {
         host_.UnloadForm();
@@ -80,6 +81,7 @@ void RunDriver::ClearLogOnNewDay() {
 
 // A failure that nobody below could place ends the Sets but not the closing steps.
 void RunDriver::KeepFatalError(const RuntimeError& failure) {
+    NoteIfLogRefused(failure);
     const bool isOfTheSet =
         !sets_.CurrentSet().empty() && dynamic_cast<const LogFailure*>(&failure) == nullptr;
     const std::wstring text =
@@ -93,6 +95,11 @@ void RunDriver::KeepFatalError(const RuntimeError& failure) {
     }
 }
 
+void RunDriver::NoteIfLogRefused(const RuntimeError& failure) {
+    IsLogRefused_ = IsLogRefused_ || (dynamic_cast<const LogFailure*>(&failure) != nullptr &&
+                                      failure.Number() == ErrorNumber::PermissionDenied);
+}
+
 void RunDriver::AddFatalErrorText(const std::wstring& text) {
     std::wstring& all = state_.FatalErrorText;
     if (all.find(text) == std::wstring::npos) {
@@ -104,6 +111,7 @@ void RunDriver::TryWriteClosingBlock() {
     try {
         WriteClosingBlock();
     } catch (const LogFailure& failure) {
+        NoteIfLogRefused(failure);
         // A run whose log nobody can read has not completed.
         AddFatalErrorText(failure.LogText());
         if (EndWord_ == kCompleted) {

@@ -48,6 +48,7 @@ class RunDriver {
     void TryWriteClosingBlock();
     void KeepFatalError(const RuntimeError& failure);
     void AddFatalErrorText(const std::wstring& text);
+    void NoteIfLogRefused(const RuntimeError& failure);
     void CloseDisplay();
     HandOver HandOverToSecondarySaver();
 
@@ -65,6 +66,7 @@ class RunDriver {
     FolderWalk walk_;
     SetLoop sets_;
     std::wstring EndWord_;
+    bool IsLogRefused_ = false;  // perhaps for a reason that the user can do away with
 };
 
 }  // namespace ambrio

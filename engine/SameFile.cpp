@@ -9,7 +9,7 @@ std::optional<bool> AreOneFile(FileSystem& fileSystem, const std::wstring& one,
     try {
         const std::optional<FileIdentity> first = fileSystem.IdentityOf(one);
         const std::optional<FileIdentity> second = fileSystem.IdentityOf(other);
-        if (first && second) {
+        if (first && second && (first == second || !(first->IsByPath || second->IsByPath))) {
             return first == second;
         }
     } catch (const RuntimeError&) {

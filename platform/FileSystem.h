@@ -22,6 +22,9 @@ struct FileEntry {
     std::uint64_t Size = 0;  // bytes; 0 for a folder
     // A mount point: a junction, or a volume mounted in a folder. False for symbolic links.
     bool IsMountPoint = false;
+    // Of GetFile and FindFile: a link to a file that a user without power over this one has made.
+    // It is described by itself, and CopyFile refuses it.
+    bool IsOfAnotherUser = false;
 
     [[nodiscard]] bool IsFolder() const { return (Attributes & kAttributeDirectory) != 0; }
     [[nodiscard]] bool IsLink() const { return (Attributes & kAttributeLink) != 0; }
@@ -30,10 +33,23 @@ struct FileEntry {
 // Which file or folder a path leads to, whatever its spelling and through whatever links: a volume
 // and the file system's own number on it.
 struct FileIdentity {
-    std::uint64_t Volume = 0;
+    std::uint64_t Volume = 0;  // its number, which a disk and its clone have in common
     std::uint64_t File = 0;
+    std::uint64_t Disk = 0;  // tells the two apart; 0 where unknown, as on a server
+    // The file system gives no numbers: File stands for the path at which the system arrived. Equal
+    // ones are one file, different ones may still be one.
+    bool IsByPath = false;
 
-    friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+    // False only when it is known that they lie on different volumes. One reached through a server
+    // may be this machine's own, so that an unknown disk may be any.
+    [[nodiscard]] bool MayShareVolumeWith(const FileIdentity& other) const {
+        return IsByPath || other.IsByPath ||
+               (Volume == other.Volume && (Disk == other.Disk || Disk == 0 || other.Disk == 0));
+    }
+    friend bool operator==(const FileIdentity& one, const FileIdentity& other) {
+        return one.MayShareVolumeWith(other) && one.File == other.File &&
+               one.IsByPath == other.IsByPath;
+    }
 };
 
 // Walks the entries of one folder, files and subfolders, in the file system's own order, without
@@ -113,8 +129,15 @@ class FileSystem {
     // Opens a text file for appending, creating it when it does not exist.
     virtual std::unique_ptr<TextStream> OpenForAppending(const std::wstring& path) = 0;
 
-    // True when a new file can be made in the folder. Leaves nothing there.
-    virtual bool IsWritableFolder(const std::wstring& path) = 0;
+    // True when a new file can be made in the folder, and the file of that name in it, where there
+    // is one, can be opened for appending. Leaves nothing there.
+    virtual bool IsWritableFolder(const std::wstring& path, const std::wstring& file) = 0;
+
+    // False for a link to a folder that a user without power over this one has made: what lies
+    // behind it is not what this user meant. True for anything else, also for a path that does not
+    // exist. A link whose owner cannot be told is another user's. (Links to files: GetFile tells of
+    // them, CopyFile refuses them with PathFileAccessError.)
+    virtual bool MayFollow(const std::wstring& folder) = 0;
 
     // The form of a name in which two names of one and the same file are equal texts: names are
     // compared without regard to case, as the platform does it.

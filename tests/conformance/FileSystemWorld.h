@@ -39,6 +39,9 @@ class FileSystemWorld {
     [[nodiscard]] virtual bool MakeLink(const std::wstring& path, const std::wstring& target,
                                         LinkKind kind) = 0;
 
+    // Makes a link another user's. False when this user may not give it away.
+    [[nodiscard]] virtual bool GiveAway(const std::wstring& link) = 0;
+
     // Why a test of this name cannot run here, or null.
     [[nodiscard]] virtual const char* ReasonToSkip(const std::string& test) const = 0;
 };

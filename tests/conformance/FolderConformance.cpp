@@ -138,11 +138,71 @@ TEST_P(FileSystemConformance, ALinkThatLeadsNowhereSaysSo) {
 }
 
 TEST_P(FileSystemConformance, AFolderIsTriedForWritingWithoutATrace) {
-    EXPECT_TRUE(Files().IsWritableFolder(World().Root()));
+    EXPECT_TRUE(Files().IsWritableFolder(World().Root(), L"log"));
     EXPECT_TRUE(HasOnly(World().Root(), {}));
-    EXPECT_FALSE(Files().IsWritableFolder(At(L"absent")));
-    EXPECT_FALSE(Files().IsWritableFolder(NewFile(L"file")));
-    EXPECT_FALSE(Files().IsWritableFolder(L""));
+    EXPECT_FALSE(Files().IsWritableFolder(At(L"absent"), L"log"));
+    EXPECT_FALSE(Files().IsWritableFolder(NewFile(L"file"), L"log"));
+    EXPECT_FALSE(Files().IsWritableFolder(L"", L"log"));
+}
+
+TEST_P(FileSystemConformance, AFolderWhoseLogCannotBeAppendedToIsNotWritable) {
+    const auto mayHold = [&] { return Files().IsWritableFolder(World().Root(), L"log"); };
+    const std::wstring log = NewFile(L"log", "old");
+    Files().SetAttributes(NewFile(L"other"), kAttributeReadOnly);
+    Files().SetAttributes(log, kAttributeHidden);
+    EXPECT_TRUE(mayHold());
+    EXPECT_EQ("old", World().Read(log));
+    EXPECT_EQ(kAttributeHidden, Attributes(log) & (kAttributeHidden | kAttributeArchive));
+    {
+        const auto lock = World().Lock(log);
+        EXPECT_FALSE(mayHold());
+    }
+    Files().SetAttributes(log, kAttributeReadOnly);
+    EXPECT_FALSE(mayHold());
+    EXPECT_EQ("old", World().Read(log));
+    Files().DeleteFile(log, true);
+    EXPECT_TRUE(mayHold());
+    NewFolder(L"log");
+    EXPECT_FALSE(mayHold());
+    EXPECT_TRUE(HasOnly(World().Root(), {L"log", L"other"}));
+}
+
+TEST_P(FileSystemConformance, WhatIsNoLinkMayBeFollowed) {
+    for (const std::wstring& path :
+         {NewFolder(L"folder"), NewFile(L"file"), At(L"absent"), At(L"absent\\below"),
+          World().Root().substr(0, 3), World().AbsentDrive() + L"\\", std::wstring(),
+          std::wstring(L"*?"), std::wstring(L"\\\\.\\nothing")}) {
+        EXPECT_TRUE(Files().MayFollow(path)) << testing::PrintToString(path);
+    }
+    EXPECT_FALSE(Files().GetFile(At(L"file")).IsOfAnotherUser);
+}
+
+TEST_P(FileSystemConformance, AnotherUsersLinksAreNotFollowed) {
+    using enum FileSystemWorld::LinkKind;
+    const std::wstring folder = NewFolder(L"folder");
+    const std::wstring file = NewFile(L"folder\\file", "12345");
+    const std::wstring links[] = {At(L"to folder"), At(L"mount"), At(L"to file")};
+    if (!World().MakeLink(links[0], folder, ToFolder) ||
+        !World().MakeLink(links[1], folder, MountPoint) ||
+        !World().MakeLink(links[2], file, ToFile)) {
+        GTEST_SKIP() << "this user may not make links";
+    }
+    EXPECT_TRUE(Files().MayFollow(links[0]) && Files().MayFollow(links[1]));
+    EXPECT_FALSE(Files().GetFile(links[2]).IsOfAnotherUser);
+    for (const std::wstring& link : links) {
+        if (!World().GiveAway(link)) {
+            GTEST_SKIP() << "this user may not give links away";
+        }
+    }
+    EXPECT_FALSE(Files().MayFollow(links[0]) || Files().MayFollow(links[1]));
+    EXPECT_TRUE(Files().MayFollow(links[0] + L"\\file")) << "only the last part is looked at";
+    EXPECT_TRUE(Files().GetFile(links[2]).IsOfAnotherUser);
+    EXPECT_TRUE(Files().FindFile(links[2]).value_or(FileEntry()).IsOfAnotherUser);
+    EXPECT_NE(5U, Files().GetFile(links[2]).Size) << "it is described by itself";
+    EXPECT_EQ(ErrorNumber::PathFileAccessError, Copying(links[2], At(L"copy")));
+    EXPECT_FALSE(Files().FileExists(At(L"copy")));
+    EXPECT_EQ(std::nullopt, Deleting(links[2]));
+    EXPECT_EQ("12345", World().Read(file));
 }
 
 TEST_P(FileSystemConformance, LinksToFoldersAreFollowedAndMarked) {

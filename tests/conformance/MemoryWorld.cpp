@@ -19,6 +19,11 @@ bool MemoryWorld::MakeLink(const std::wstring& path, const std::wstring& target,
     return true;
 }
 
+bool MemoryWorld::GiveAway(const std::wstring& link) {
+    files_.Node(link).IsOfAnotherUser = true;
+    return true;
+}
+
 const char* MemoryWorld::ReasonToSkip(const std::string& /*test*/) const {
     return nullptr;
 }

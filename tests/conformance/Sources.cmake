@@ -11,6 +11,7 @@ set(CONFORMANCE_TEST_SOURCES
 )
 
 set(CONFORMANCE_TEST_WIN32_SOURCES
+    tests/conformance/win32/GivenAway.cpp
     tests/conformance/win32/Junction.cpp
     tests/conformance/win32/Win32World.cpp
     tests/support/win32/WindowsFiles.cpp

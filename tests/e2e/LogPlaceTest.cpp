@@ -26,7 +26,7 @@ void SetFolderRights(const std::wstring& folder, DWORD rights) {
     }
 }
 
-// The program's folder can only be read; the log that the user of this account may have is kept.
+// A log that the user of this account may have is kept.
 class LogPlaceTest : public SaverTest {
   protected:
     LogPlaceTest() {
@@ -34,19 +34,24 @@ class LogPlaceTest : public SaverTest {
         MakeFolders(Destination());
         WriteOneSet();
         MoveFileExW(userFolder_.c_str(), keptFolder_.c_str(), 0);
-        SetFolderRights(Folder.Path(), FILE_GENERIC_READ | FILE_GENERIC_EXECUTE);
     }
     ~LogPlaceTest() override {
-        SetFolderRights(Folder.Path(), FILE_ALL_ACCESS);
         RemoveTree(userFolder_);
         MoveFileExW(keptFolder_.c_str(), userFolder_.c_str(), 0);
     }
 
-    [[nodiscard]] bool IsFolderWritable() const {
-        const std::wstring probe = Folder.Below(L"probe");
-        const bool written = CreateDirectoryW(probe.c_str(), nullptr) != 0;
-        RemoveDirectoryW(probe.c_str());
-        return written;
+    // A run with a failure must name the user's log wherever it names one.
+    void ExpectUsersLog() {
+        Settings.Write(L"Documents", L"Source", Source.PathOf(L"missing"));
+        RunToTheEnd();
+        EXPECT_EQ(Panel().Caption(PanelControl::lblSet),
+                  std::wstring(kAllSetsProcessed) + L"<ERRORS reported>\r\nsee " + userLog_);
+        PressKey(VK_SPACE);
+        const MessageBoxProbe box = WaitForBox();
+        EXPECT_NE(box.Text().find(L"See " + userLog_ + L" for details."), std::wstring::npos);
+        EXPECT_TRUE(box.Press());
+        EXPECT_TRUE(Ends());
+        EXPECT_TRUE(LogText(userLog_).Contains(L"'Documents' start"));
     }
 
     const std::wstring userFolder_ = TextFromEnvironment(L"LOCALAPPDATA") + L"\\Ambrio";
@@ -55,21 +60,37 @@ class LogPlaceTest : public SaverTest {
     const std::wstring userLog_ = userFolder_ + L"\\Ambrio.log";
 };
 
-TEST_F(LogPlaceTest, IsTheUsersDataWhenTheProgramsFolderCannotBeWritten) {
+// The program's folder can only be read.
+class ReadOnlyFolderTest : public LogPlaceTest {
+  protected:
+    ReadOnlyFolderTest() {
+        SetFolderRights(Folder.Path(), FILE_GENERIC_READ | FILE_GENERIC_EXECUTE);
+    }
+    ~ReadOnlyFolderTest() override { SetFolderRights(Folder.Path(), FILE_ALL_ACCESS); }
+
+    [[nodiscard]] bool IsFolderWritable() const {
+        const std::wstring probe = Folder.Below(L"probe");
+        const bool written = CreateDirectoryW(probe.c_str(), nullptr) != 0;
+        RemoveDirectoryW(probe.c_str());
+        return written;
+    }
+};
+
+TEST_F(ReadOnlyFolderTest, HasTheLogInTheUsersData) {
     if (IsFolderWritable()) {
         GTEST_SKIP() << "nothing is refused to this user";
     }
-    Settings.Write(L"Documents", L"Source", Source.PathOf(L"missing"));
-    RunToTheEnd();
-    EXPECT_EQ(Panel().Caption(PanelControl::lblSet),
-              std::wstring(kAllSetsProcessed) + L"<ERRORS reported>\r\nsee " + userLog_);
-    PressKey(VK_SPACE);
-    const MessageBoxProbe box = WaitForBox();
-    EXPECT_NE(box.Text().find(L"See " + userLog_ + L" for details."), std::wstring::npos);
-    EXPECT_TRUE(box.Press());
-    EXPECT_TRUE(Ends());
+    ExpectUsersLog();
     EXPECT_FALSE(Log().Exists());
-    EXPECT_TRUE(LogText(userLog_).Contains(L"'Documents' start"));
+}
+
+// As somebody else's run may leave it in a folder where everybody may make files.
+TEST_F(LogPlaceTest, IsTheUsersDataWhenTheOldLogCannotBeWritten) {
+    WriteFileBytes(Folder.LogFile(), "theirs");
+    SetFileAttributesW(Folder.LogFile().c_str(), FILE_ATTRIBUTE_READONLY);
+    ExpectUsersLog();
+    EXPECT_EQ(ReadFileBytes(Folder.LogFile()), "theirs");
+    SetFileAttributesW(Folder.LogFile().c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
 }  // namespace

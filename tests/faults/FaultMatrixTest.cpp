@@ -62,6 +62,7 @@ class FaultyServices : public ObservedFileSystem, public ForwardingSettingsStore
             case FileOperation::FolderExists:
             case FileOperation::IdentityOf:
             case FileOperation::IsWritableFolder:
+            case FileOperation::MayFollow:
                 return false;
             default:
                 throw RuntimeError(fault_.Number);

@@ -82,6 +82,8 @@ Stage StageFinder::StageOf(const FileCall& call) {
             return Stage::WriteLogLine;
         case FileOperation::IsWritableFolder:
             return Stage::TryLogFolder;
+        case FileOperation::MayFollow:
+            return isSource ? Stage::TestSourceLink : Stage::TestDestinationLink;
     }
     throw std::logic_error("an operation without a stage");
 }

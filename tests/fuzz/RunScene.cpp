@@ -22,7 +22,8 @@ constexpr std::array kOperations = {FileOperation::FileExists,
                                     FileOperation::OpenForAppending,
                                     FileOperation::IsWritableFolder,
                                     FileOperation::WriteLine,
-                                    FileOperation::FindFile};
+                                    FileOperation::FindFile,
+                                    FileOperation::MayFollow};
 
 constexpr std::array kNumbers = {ErrorNumber::PermissionDenied, ErrorNumber::PathNotFound,
                                  ErrorNumber::FileNotFound,     ErrorNumber::DiskFull,

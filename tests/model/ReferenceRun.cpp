@@ -47,6 +47,7 @@ class Story {
             WriteClosingBlock();
         } catch (const LogTrouble& trouble) {
             run_.AddFatalError(trouble.Text);
+            isLogRefused_ |= trouble.IsRefusal;
             hasCompleted_ = false;  // nobody can read that it has
         }
         run_.ChangeDisplay(L"close");
@@ -71,6 +72,7 @@ class Story {
             Prepare();
             RunSets();
         } catch (const LogTrouble& trouble) {
+            isLogRefused_ = trouble.IsRefusal;
             EndSets(trouble.Text);
         } catch (const ModelFailure& failure) {
             EndSets(ErrorText(failure.Number) +
@@ -220,7 +222,11 @@ class Story {
 
     void ShowTroubleAndUnload() {
         if (!run_.Out.FatalErrorText.empty()) {
-            Act(L"stop box " + run_.Out.FatalErrorText);
+            Act(L"stop box " + run_.Out.FatalErrorText +
+                (isLogRefused_ ? L"\r\n\r\nAnother program may have this file open, or it may be "
+                                 L"read-only. Close that program or remove the file; until then "
+                                 L"nothing is backed up."
+                               : L""));
         }
         if (run_.Out.Interrupted) {
             Act(L"unload");
@@ -245,6 +251,7 @@ class Story {
     ReferenceWalk walk_;
     std::wstring set_;  // the one being run
     bool hasCompleted_ = false;
+    bool isLogRefused_ = false;
 };
 
 }  // namespace

@@ -40,8 +40,11 @@ void ReferenceWalk::WalkFolder(const std::wstring& source, const std::wstring& d
         run_.Show(L"lblChecked", run_.Out.FilesChecked);
         return;
     }
+    if (IsForeignLink(Stage::TestSourceLink, source)) {
+        return;
+    }
     const std::optional<bool> wasMade = MakeDestination(destination);
-    if (!wasMade) {
+    if (!wasMade || IsForeignLink(Stage::TestDestinationLink, destination)) {
         return;
     }
     try {
@@ -52,6 +55,14 @@ void ReferenceWalk::WalkFolder(const std::wstring& source, const std::wstring& d
         run_.Show(L"lblfsoStatus", L"");
         FailFolder(failure.Number, L"accessing", source);
     }
+}
+
+bool ReferenceWalk::IsForeignLink(Stage stage, const std::wstring& folder) {
+    const bool isForeign = run_.Fails(stage, folder).has_value();
+    if (isForeign) {
+        FailFolder(ErrorNumber::PathFileAccessError, L"accessing", folder);
+    }
+    return isForeign;
 }
 
 std::optional<bool> ReferenceWalk::MakeDestination(const std::wstring& destination) {

@@ -48,6 +48,8 @@ class ReferenceWalk {
     void WalkFolder(const std::wstring& source, const std::wstring& destination);
     // Throws ModelFailure when the folder itself fails. False when the run was interrupted.
     bool WalkContent(const std::wstring& source, const std::wstring& destination, bool isNew);
+    // True, and told, where the fault makes it one: the model's disk has no links.
+    bool IsForeignLink(Stage stage, const std::wstring& folder);
     // Whether it had to be made; nothing when the walk cannot go on.
     std::optional<bool> MakeDestination(const std::wstring& destination);
     ModelDisk::Result MakeFolder(const std::wstring& path);

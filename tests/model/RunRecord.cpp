@@ -35,10 +35,18 @@ void RunRecord::Show(const std::wstring& label, const std::wstring& caption) {
     }
 }
 
+// A log of before may be read-only, as whoever may write to everything has left it.
+bool RunRecord::MayBeWritten(const std::wstring& log) const {
+    const ModelNode* old = Disk.File(log);
+    return old == nullptr ? Disk.Folder(log) == nullptr
+                          : (old->Attributes & kAttributeReadOnly) == 0;
+}
+
 const std::wstring& RunRecord::LogFile() {
     if (logFile_.empty()) {
-        if (!Fails(Stage::TryLogFolder, World.ProgramFolder)) {
-            logFile_ = PathBelow(World.ProgramFolder, L"Ambrio.log");
+        const std::wstring beside = PathBelow(World.ProgramFolder, L"Ambrio.log");
+        if (!Fails(Stage::TryLogFolder, World.ProgramFolder) && MayBeWritten(beside)) {
+            logFile_ = beside;
         } else {
             const std::wstring folder = PathBelow(World.LocalDataFolder, L"Ambrio");
             Disk.MakeFolder(folder);
@@ -66,7 +74,8 @@ void RunRecord::Log(const std::wstring& text, bool keepOpen) {
         isLogOpen_ = keepOpen;
     } catch (const ModelFailure& failure) {
         isLogOpen_ = false;
-        throw LogTrouble{ErrorText(failure.Number) + L" while writing " + PathText(path)};
+        throw LogTrouble{ErrorText(failure.Number) + L" while writing " + PathText(path),
+                         failure.Number == ErrorNumber::PermissionDenied};
     }
 }
 
@@ -84,7 +93,8 @@ void RunRecord::DeleteLog() {
     }
     const auto fault = Fails(Stage::DeleteOldLog, path);
     if (const auto result = fault ? fault : Disk.Remove(path, false)) {
-        throw LogTrouble{ErrorText(*result) + L" while deleting " + PathText(path)};
+        throw LogTrouble{ErrorText(*result) + L" while deleting " + PathText(path),
+                         *result == ErrorNumber::PermissionDenied};
     }
 }
 

@@ -19,6 +19,7 @@ struct ModelFailure {
 // The same, of the log.
 struct LogTrouble {
     std::wstring Text;
+    bool IsRefusal = false;  // perhaps for a reason that the user can do away with
 };
 
 // The run of the reference model as it goes on: the disk, the log, the panel, the counters.
@@ -52,6 +53,7 @@ class RunRecord {
     bool LogsOnlyErrors = false;
 
   private:
+    [[nodiscard]] bool MayBeWritten(const std::wstring& log) const;
     void WriteLine(const std::wstring& text);
 
     const FaultPlan& fails_;

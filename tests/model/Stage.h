@@ -19,10 +19,12 @@ enum class Stage {
     OpenLog,
     WriteLogLine,
     TestSourceFolder,
+    TestSourceLink,  // whose it is
     ListSource,
     WalkSource,
     TestDestinationFolder,
     MakeDestinationFolder,
+    TestDestinationLink,
     ListDestination,
     WalkDestination,
     LookForLeftoversFile,

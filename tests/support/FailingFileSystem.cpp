@@ -30,6 +30,7 @@ bool FailingFileSystem::Before(const FileCall& call) {
         case FileOperation::FileExists:
         case FileOperation::FolderExists:
         case FileOperation::IsWritableFolder:
+        case FileOperation::MayFollow:
             if (!fault_.QuestionsThrow) {
                 return false;
             }

@@ -18,8 +18,9 @@ struct FileFault {
     bool QuestionsThrow = false;  // FileExists and its like throw, instead of answering no
 };
 
-// Fails an operation without passing it on: it throws the number; FileExists, FolderExists and
-// IsWritableFolder answer false unless told to throw, IdentityOf then answers nothing.
+// Fails an operation without passing it on: it throws the number; FileExists, FolderExists,
+// IsWritableFolder and MayFollow answer false unless told to throw, IdentityOf then answers
+// nothing.
 class FailingFileSystem : public ObservedFileSystem {
   public:
     explicit FailingFileSystem(FileSystem& target, FileFault fault = {});

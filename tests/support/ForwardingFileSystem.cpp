@@ -53,8 +53,12 @@ std::unique_ptr<TextStream> ForwardingFileSystem::OpenForAppending(const std::ws
     return target_.OpenForAppending(path);
 }
 
-bool ForwardingFileSystem::IsWritableFolder(const std::wstring& path) {
-    return target_.IsWritableFolder(path);
+bool ForwardingFileSystem::IsWritableFolder(const std::wstring& path, const std::wstring& file) {
+    return target_.IsWritableFolder(path, file);
+}
+
+bool ForwardingFileSystem::MayFollow(const std::wstring& folder) {
+    return target_.MayFollow(folder);
 }
 
 std::wstring ForwardingFileSystem::FoldedName(const std::wstring& name) const {

@@ -69,10 +69,11 @@ bool MemoryFileSystem::FolderExists(const std::wstring& path) {
 
 FileEntry MemoryFileSystem::GetFile(const std::wstring& path) {
     const MemoryNode::Pointer file = RequireFile(path);
-    if (!file->IsLink()) {
-        return file->Entry();
-    }
     FileEntry entry = file->Entry();
+    entry.IsOfAnotherUser = file->IsLink() && file->IsOfAnotherUser;
+    if (!file->IsLink() || entry.IsOfAnotherUser) {
+        return entry;
+    }
     try {
         entry = RequireFile(file->LinkTarget)->Entry();
         entry.Name = file->Name;
@@ -100,7 +101,9 @@ std::optional<FileIdentity> MemoryFileSystem::IdentityOf(const std::wstring& pat
     if (!node) {
         Fail(ErrorNumber::PathNotFound);
     }
-    return FileIdentity{node->Volume.Id, node->Id};
+    FileIdentity identity{node->Volume.Id, node->Id};
+    identity.IsByPath = node->Volume.NumbersNothing;
+    return identity;
 }
 
 bool MemoryFileSystem::FindsFoldedNames(const std::wstring& folder) {
@@ -140,6 +143,9 @@ void MemoryFileSystem::CopyFile(const std::wstring& source, const std::wstring& 
     const MemoryNode::Pointer from = FindIfThere(source, LastLink::Follow);
     if (!from || from->IsFolder()) {
         Fail(ErrorNumber::FileNotFound);
+    }
+    if (!MayFollow(source)) {
+        Fail(ErrorNumber::PathFileAccessError);
     }
     const Place place = PlaceOf(destination);
     RequireReplaceable(place.Folder->Child(place.Name), from, overwrite);
@@ -212,12 +218,25 @@ std::unique_ptr<TextStream> MemoryFileSystem::OpenForAppending(const std::wstrin
     return std::make_unique<MemoryTextStream>(*this, file);
 }
 
-bool MemoryFileSystem::IsWritableFolder(const std::wstring& path) {
+bool MemoryFileSystem::IsWritableFolder(const std::wstring& path, const std::wstring& file) {
     try {
         const MemoryNode::Pointer folder = Find(path, LastLink::Follow);
-        return folder->IsFolder() && !folder->WritingDenied;
+        if (!folder->IsFolder() || folder->WritingDenied) {
+            return false;
+        }
+        const MemoryNode::Pointer old = folder->Child(file);
+        return !old || !(old->IsFolder() || old->IsReadOnly() || old->Locked);
     } catch (const RuntimeError&) {
         return false;
+    }
+}
+
+bool MemoryFileSystem::MayFollow(const std::wstring& folder) {
+    try {
+        const MemoryNode::Pointer node = Find(folder, LastLink::Keep);
+        return !node->IsLink() || !node->IsOfAnotherUser;
+    } catch (const RuntimeError&) {
+        return true;
     }
 }
 

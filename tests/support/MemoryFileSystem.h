@@ -35,7 +35,8 @@ class MemoryFileSystem : public FileSystem {
     void CopyFile(const std::wstring& source, const std::wstring& destination, bool overwrite,
                   const Yield& yield) override;
     std::unique_ptr<TextStream> OpenForAppending(const std::wstring& path) override;
-    bool IsWritableFolder(const std::wstring& path) override;
+    bool IsWritableFolder(const std::wstring& path, const std::wstring& file) override;
+    bool MayFollow(const std::wstring& folder) override;
     [[nodiscard]] std::wstring FoldedName(const std::wstring& name) const override;
 
     // What follows arranges and inspects, for tests. It asks no permissions, so it reaches what the

@@ -18,6 +18,7 @@ struct MemoryVolume {
     bool Present = true;
     bool Ready = true;
     bool TellsCasesApart = false;
+    bool NumbersNothing = false;         // files have no identity but their path
     std::optional<std::uint64_t> Quota;  // bytes of content that fit; nothing: no limit
     std::uint64_t Used = 0;
 
@@ -45,10 +46,11 @@ class MemoryNode {
     std::uint64_t Id = 0;
     std::wstring LinkTarget;  // of a link
     bool IsMountPoint = false;
-    bool Locked = false;         // another process has it open and shares nothing
-    bool ListingDenied = false;  // of a folder
-    bool WritingDenied = false;  // of a folder: nothing new can be made in it
-    int OpenStreams = 0;         // streams of this process
+    bool IsOfAnotherUser = false;  // of a link
+    bool Locked = false;           // another process has it open and shares nothing
+    bool ListingDenied = false;    // of a folder
+    bool WritingDenied = false;    // of a folder: nothing new can be made in it
+    int OpenStreams = 0;           // streams of this process
 
     [[nodiscard]] bool IsFolder() const { return (Attributes & kAttributeDirectory) != 0; }
     [[nodiscard]] bool IsLink() const { return (Attributes & kAttributeLink) != 0; }

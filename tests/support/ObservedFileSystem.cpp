@@ -102,9 +102,13 @@ std::unique_ptr<TextStream> ObservedFileSystem::OpenForAppending(const std::wstr
                                             path);
 }
 
-bool ObservedFileSystem::IsWritableFolder(const std::wstring& path) {
+bool ObservedFileSystem::IsWritableFolder(const std::wstring& path, const std::wstring& file) {
     return Before({FileOperation::IsWritableFolder, path}) &&
-           ForwardingFileSystem::IsWritableFolder(path);
+           ForwardingFileSystem::IsWritableFolder(path, file);
+}
+
+bool ObservedFileSystem::MayFollow(const std::wstring& folder) {
+    return Before({FileOperation::MayFollow, folder}) && ForwardingFileSystem::MayFollow(folder);
 }
 
 }  // namespace ambrio

@@ -20,6 +20,7 @@ enum class FileOperation {
     OpenForAppending,
     WriteLine,
     IsWritableFolder,
+    MayFollow,
 };
 
 // What an operation was called with.
@@ -47,7 +48,8 @@ class ObservedFileSystem : public ForwardingFileSystem {
     void CopyFile(const std::wstring& source, const std::wstring& destination, bool overwrite,
                   const Yield& yield) override;
     std::unique_ptr<TextStream> OpenForAppending(const std::wstring& path) override;
-    bool IsWritableFolder(const std::wstring& path) override;
+    bool IsWritableFolder(const std::wstring& path, const std::wstring& file) override;
+    bool MayFollow(const std::wstring& folder) override;
 
     // False makes an operation that answers by a Boolean or an optional answer false or nothing,
     // without being passed on; for the others the result does not matter. What it throws reaches

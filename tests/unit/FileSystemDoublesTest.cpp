@@ -24,7 +24,7 @@ std::optional<ErrorNumber> DoEverything(FileSystem& files) {
         files.CopyFile(L"C:\\a", L"C:\\new\\b", true, {});
         files.DeleteFile(L"C:\\a", false);
         files.OpenForAppending(L"C:\\log")->WriteLine(L"x");
-        files.IsWritableFolder(L"C:\\");
+        files.IsWritableFolder(L"C:\\", L"log");
     });
 }
 

@@ -159,5 +159,111 @@ TEST_F(FolderGuardTest, ALinkToTheDestinationsVolumeIsWalkedUpToTheDestination) 
     EXPECT_FALSE(Exists(L"D:\\Store\\Backup\\Link\\Backup"));
 }
 
+// As a mapped drive and the server's own name for it.
+TEST_F(FolderGuardTest, ADestinationInsideTheSourceIsFoundByItsFinalPathWhereNothingIsNumbered) {
+    Bench.Files.Node(L"C:\\").Volume.NumbersNothing = true;
+    File(L"C:\\Data\\a");
+    Bench.Files.MakeFolder(L"C:\\Data\\Backup");
+    Bench.Files.MakeLink(L"C:\\Other name", L"C:\\Data", MountPoint);
+    Run(L"C:\\Data", L"C:\\Other name\\Backup");
+    EXPECT_TRUE(Exists(L"C:\\Data\\Backup\\a"));
+    EXPECT_FALSE(Exists(L"C:\\Data\\Backup\\Backup"));
+}
+
+// What another user's link leads to, or has filled, is not what this user meant.
+class LinkOfAnotherUserTest : public testing::Test {
+  protected:
+    using Kind = MemoryFileSystem::LinkKind;
+
+    LinkOfAnotherUserTest() { Bench.AddSet(L"S", L"C:\\From", L"C:\\To"); }
+
+    void Link(const std::wstring& path, const std::wstring& target, Kind kind) {
+        Bench.Files.MakeLink(path, target, kind);
+        Bench.Files.Node(path).IsOfAnotherUser = true;
+    }
+    void RunToError(const std::wstring& action, const std::wstring& path) {
+        Bench.Files.WriteFile(L"C:\\From\\other", "x");
+        Bench.Run();
+        EXPECT_TRUE(Bench.HasLog({L"Error 75 - Path/File access error while " + action + L" ",
+                                  L"      <" + path + L">"}));
+        EXPECT_TRUE(Bench.Files.FileExists(L"C:\\To\\other"));
+    }
+
+    EngineBench Bench;
+};
+
+TEST_F(LinkOfAnotherUserTest, ToAFolderIsNotWalked) {
+    Bench.Files.WriteFile(L"C:\\Secret\\a", "x");
+    Link(L"C:\\From\\link", L"C:\\Secret", Kind::ToFolder);
+    RunToError(L"accessing folder", L"C:\\From\\link");
+    EXPECT_FALSE(Bench.Files.FolderExists(L"C:\\To\\link"));
+    EXPECT_EQ(Bench.State.FolderErrors, 1);
+    Bench.Files.Node(L"C:\\From\\link").IsOfAnotherUser = false;
+    Bench.Run();
+    EXPECT_TRUE(Bench.Files.FileExists(L"C:\\To\\link\\a"));
+}
+
+// Not even to see which folder it is: the way there may be a stranger's, too.
+TEST_F(LinkOfAnotherUserTest, IsNotLookedThrough) {
+    Bench.Files.MakeFolder(L"C:\\Secret");
+    Bench.Files.MakeFolder(L"C:\\From");
+    Link(L"C:\\From\\link", L"C:\\Secret", Kind::ToFolder);
+    CountingFileSystem counting(Bench.Files);
+    Bench.Run(counting, Bench.Settings);
+    EXPECT_EQ(counting.CallsOn(L"C:\\From\\link"), 1);
+    EXPECT_EQ(counting.CallsOn(L"C:\\To\\link"), 0);
+}
+
+TEST_F(LinkOfAnotherUserTest, InThePlaceOfTheSetsOwnFolderIsNotFollowedEither) {
+    for (const wchar_t* folder : {L"C:\\From", L"C:\\To"}) {
+        Bench.Files.WriteFile(L"C:\\Real from\\a", "x");
+        Bench.Files.MakeFolder(L"C:\\Real to");
+        Bench.Files.MakeLink(L"C:\\From", L"C:\\Real from", Kind::ToFolder);
+        Bench.Files.MakeLink(L"C:\\To", L"C:\\Real to", Kind::ToFolder);
+        Bench.Files.Node(folder).IsOfAnotherUser = true;
+        Bench.Run();
+        EXPECT_TRUE(Bench.HasLog({L"Error 75 - Path/File access error while accessing folder ",
+                                  L"      <" + std::wstring(folder) + L">"}));
+        EXPECT_EQ(Bench.State.FolderErrors, 1);
+        EXPECT_FALSE(Bench.Files.FileExists(L"C:\\Real to\\a"));
+        for (const wchar_t* made : {L"C:\\From", L"C:\\To", L"C:\\Ambrio\\Ambrio.log"}) {
+            Bench.Files.Remove(made);
+        }
+    }
+}
+
+TEST_F(LinkOfAnotherUserTest, InTheDestinationIsNotFilled) {
+    Bench.Files.WriteFile(L"C:\\From\\sub\\a", "x");
+    Bench.Files.MakeFolder(L"C:\\Elsewhere");
+    Link(L"C:\\To\\sub", L"C:\\Elsewhere", Kind::MountPoint);
+    RunToError(L"accessing folder", L"C:\\To\\sub");
+    EXPECT_FALSE(Bench.Files.FileExists(L"C:\\Elsewhere\\a"));
+    EXPECT_EQ(Bench.State.FolderErrors, 1);
+}
+
+TEST_F(LinkOfAnotherUserTest, ToAFileIsNotCopied) {
+    Bench.Files.WriteFile(L"C:\\Secret\\a", "x");
+    Link(L"C:\\From\\link", L"C:\\Secret\\a", Kind::ToFile);
+    RunToError(L"copying", L"C:\\From\\link");
+    EXPECT_FALSE(Bench.Files.FileExists(L"C:\\To\\link"));
+    EXPECT_EQ(Bench.State.CopyErrors, 1);
+}
+
+// Nor may it look like a file that needs no copy, or none any more.
+TEST_F(LinkOfAnotherUserTest, ToAFileIsReportedWhateverItLooksLikeAndItsCopyStays) {
+    Bench.Files.WriteFile(L"C:\\To\\link", "good", 0, 13'500'000'000);
+    Link(L"C:\\From\\link", L"C:\\Secret\\a", Kind::ToFile);
+    Bench.Files.WriteFile(L"C:\\Secret\\a", "x");
+    for (const wchar_t* type : {kCopyTypeDateTime, kCopyTypeArchiveBit}) {
+        Bench.Set(L"S", kCopyTypeKey, type);
+        Bench.Set(L"S", kDeleteCopyArchiveBitKey, kYes);
+        RunToError(L"copying", L"C:\\From\\link");
+        EXPECT_EQ(Bench.State.CopyErrors, 1);
+        EXPECT_EQ(Bench.State.CopiesRemoved, 0);
+        EXPECT_EQ(Bench.Files.Content(L"C:\\To\\link"), "good");
+        Bench.Files.Remove(EngineBench::LogFile());
+    }
+}
+
 }  // namespace
 }  // namespace ambrio

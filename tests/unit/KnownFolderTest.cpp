@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/SameFile.h"
 #include "tests/support/CountingFileSystem.h"
 #include "tests/support/FailingFileSystem.h"
 #include "tests/support/MemoryFileSystem.h"
@@ -75,6 +76,57 @@ TEST_F(KnownFolderTest, ARequiredIdentityFailsWithTheReason) {
     FailingFileSystem unnumbered(Files, {.Kind = FileOperation::IdentityOf});
     EXPECT_EQ(RuntimeErrorOf([&] { Through(unnumbered, L"C:\\One").RequireIdentity(); }),
               ErrorNumber::PathFileAccessError);
+}
+
+// A mapped drive and its server's name for it lead to one path.
+TEST_F(KnownFolderTest, OneFinalPathIsOneFolder) {
+    Files.Node(L"C:\\").Volume.NumbersNothing = true;
+    const KnownFolder one = Through(Files, L"C:\\One");
+    EXPECT_TRUE(one.Is(Through(Files, L"C:\\Link")));
+    EXPECT_FALSE(one.Is(Through(Files, L"C:\\Two")));
+    EXPECT_FALSE(one.IsElsewhereThan(Through(Files, L"C:\\Two")));
+    EXPECT_FALSE(one.IsElsewhereThan(Through(Files, L"D:\\One")));
+    EXPECT_EQ(RuntimeErrorOf([&] { one.RequireIdentity(); }), ErrorNumber::PathFileAccessError);
+}
+
+TEST_F(KnownFolderTest, TwoFinalPathsMayBeOneFileAllTheSame) {
+    for (const wchar_t* file : {L"C:\\One\\a", L"C:\\Two\\a"}) {
+        Files.WriteFile(file);
+    }
+    const auto areOne = [&](const wchar_t* other) {
+        return AreOneFile(Files, L"C:\\One\\a", other);
+    };
+    EXPECT_EQ(areOne(L"C:\\Two\\a"), std::optional(false));
+    EXPECT_EQ(areOne(L"C:\\Link\\a"), std::optional(true));
+    Files.Node(L"C:\\").Volume.NumbersNothing = true;
+    EXPECT_EQ(areOne(L"C:\\Two\\a"), std::nullopt);
+    EXPECT_EQ(areOne(L"C:\\Link\\a"), std::optional(true));
+}
+
+TEST(FileIdentityTest, TellsADiskFromItsClone) {
+    const FileIdentity file{7, 8, 1};
+    EXPECT_TRUE((file == FileIdentity{7, 8, 1}));
+    EXPECT_FALSE((file == FileIdentity{7, 8, 2}));
+    EXPECT_FALSE((file == FileIdentity{7, 9, 1}));
+    EXPECT_FALSE((file == FileIdentity{6, 8, 1}));
+    EXPECT_FALSE(file.MayShareVolumeWith({7, 9, 2}));
+    EXPECT_TRUE(file.MayShareVolumeWith({7, 9, 1}));
+}
+
+// A server may be this machine itself.
+TEST(FileIdentityTest, TakesAnUnknownDiskForAny) {
+    EXPECT_TRUE((FileIdentity{7, 8, 1} == FileIdentity{7, 8}));
+    EXPECT_TRUE((FileIdentity{7, 8} == FileIdentity{7, 8, 2}));
+    EXPECT_FALSE((FileIdentity{7, 8} == FileIdentity{6, 8, 2}));
+}
+
+TEST(FileIdentityTest, APathIsNoNumber) {
+    const FileIdentity path{0, 8, 0, true};
+    EXPECT_TRUE((path == FileIdentity{0, 8, 0, true}));
+    EXPECT_FALSE((path == FileIdentity{0, 9, 0, true}));
+    EXPECT_FALSE((path == FileIdentity{0, 8}));
+    EXPECT_TRUE(path.MayShareVolumeWith({7, 8, 1}));
+    EXPECT_TRUE((FileIdentity{7, 8, 1}.MayShareVolumeWith(path)));
 }
 
 }  // namespace

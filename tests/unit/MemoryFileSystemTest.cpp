@@ -109,7 +109,7 @@ TEST(MemoryFileSystem, RefusesWhatTheTestDenies) {
     denied([&] { files.CreateFolder(L"C:\\a\\new"); });
     denied([&] { files.CopyFile(L"C:\\a\\x", L"C:\\x", true, {}); });
     denied([&] { files.DeleteFile(L"C:\\a\\x", true); });
-    EXPECT_FALSE(files.IsWritableFolder(L"C:\\a"));
+    EXPECT_FALSE(files.IsWritableFolder(L"C:\\a", L"log"));
 }
 
 TEST(MemoryFileSystem, HoldsAHundredThousandFilesInAFolderAndAVeryDeepTree) {

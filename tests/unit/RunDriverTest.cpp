@@ -199,13 +199,19 @@ TEST_F(RunDriverTest, ASetWhoseSelectedIsNoBooleanEndsTheSetsButNotTheClosingSte
 }
 
 TEST_F(RunDriverTest, ALogThatCannotBeWrittenStopsTheRunAndIsShown) {
+    // Neither of the places will do.
+    const std::wstring log = L"C:\\Users\\me\\Local\\Ambrio\\Ambrio.log";
     Bench.Files.WriteFile(EngineBench::LogFile(), "", kAttributeReadOnly);
+    Bench.Files.WriteFile(log, "", kAttributeReadOnly);
     Bench.Set(kGeneralSection, kLastRunKey, kNow);
     InstallSecondarySaver(L"C:\\Windows");
     Bench.Run();
-    EXPECT_EQ(LastActions(), (Lines{L"stop box Error 70 - Permission denied while writing \r\n"
-                                    L"      <C:\\Ambrio\\Ambrio.log>",
-                                    L"unload"}));
+    EXPECT_EQ(LastActions(),
+              (Lines{L"stop box Error 70 - Permission denied while writing \r\n      <" + log +
+                         L">\r\n\r\nAnother program may have this file open, or it may be "
+                         L"read-only. Close that program or remove the file; until then nothing "
+                         L"is backed up.",
+                     L"unload"}));
     EXPECT_FALSE(Bench.Files.FolderExists(L"C:\\Copy"));
 }
 

@@ -74,6 +74,18 @@ TEST_F(RunLogTest, LiesInTheUsersDataWhereTheProgramsFolderCannotBeWritten) {
     EXPECT_TRUE(Bench.Files.FileExists(Log.Path()));
 }
 
+// As a run of an administrator may leave it, or a program that has it open.
+TEST_F(RunLogTest, LiesInTheUsersDataWhereTheOldLogCannotBeWritten) {
+    Bench.Files.WriteFile(EngineBench::LogFile(), "theirs", kAttributeReadOnly);
+    Log.WriteLog(L"one", false);
+    EXPECT_EQ(Log.Path(), L"C:\\Users\\me\\Local\\Ambrio\\Ambrio.log");
+    EXPECT_EQ(Bench.Files.Content(EngineBench::LogFile()), "theirs");
+    Bench.Files.Node(EngineBench::LogFile()).Attributes = kAttributeArchive;
+    EXPECT_EQ(LogPath(Bench.App, Bench.Files), EngineBench::LogFile());
+    Bench.Files.Node(EngineBench::LogFile()).Locked = true;
+    EXPECT_EQ(LogPath(Bench.App, Bench.Files), Log.Path());
+}
+
 TEST_F(RunLogTest, KeepsItsPlaceForTheWholeRun) {
     const std::wstring path = Log.Path();
     Bench.Files.Node(L"C:\\Ambrio").WritingDenied = true;
@@ -142,8 +154,11 @@ TEST_F(RunLogTest, LogOnlyErrorsWithoutFailuresLeavesTheLogAloneButForANewDay) {
 TEST_F(RunLogTest, AReadOnlyLogIsNotDeletedByForce) {
     StartedBefore(L"11/20/2026 3:00:00 PM");
     Bench.Files.Node(EngineBench::LogFile()).Attributes = kAttributeReadOnly;
+    const std::wstring other = L"C:\\Users\\me\\Local\\Ambrio\\Ambrio.log";
+    Bench.Files.WriteFile(other, "other", kAttributeReadOnly);
     Bench.Run();
-    EXPECT_EQ(Bench.Log(), Lines{L"old"});
+    EXPECT_EQ(Bench.Files.Content(EngineBench::LogFile()), "old\r\n");
+    EXPECT_EQ(Bench.Files.Content(other), "other");
     ASSERT_FALSE(Bench.Host.Actions.empty());
     EXPECT_TRUE(
         Bench.State.FatalErrorText.starts_with(L"Error 70 - Permission denied while deleting "));

@@ -66,6 +66,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/CheckListBoxTest.cpp
     tests/unit/DeepestTreeTest.cpp
     tests/unit/ExtendedPathTest.cpp
+    tests/unit/FileIdentityTest.cpp
     tests/unit/FileEntryDataTest.cpp
     tests/unit/FormHelpTest.cpp
     tests/unit/FormPlaceTest.cpp
@@ -80,6 +81,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/GetKeyValueTest.cpp
     tests/unit/HeldFileTest.cpp
     tests/unit/LaunchProgramTest.cpp
+    tests/unit/LinkOwnerTest.cpp
     tests/unit/MessageLoopTest.cpp
     tests/unit/PointerTest.cpp
     tests/unit/RegistrySettingsStoreTest.cpp

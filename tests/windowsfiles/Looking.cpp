@@ -69,11 +69,16 @@ BOOL WINAPI GetFileInformationAsOnWindows(HANDLE file, LPBY_HANDLE_FILE_INFORMAT
 BOOL WINAPI GetFileInformationExAsOnWindows(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what,
                                             LPVOID data, DWORD size) {
     constexpr int kWhetherCasesAreToldApart = 23;
-    if (static_cast<int>(what) != kWhetherCasesAreToldApart) {
+    const bool isTag = what == FileAttributeTagInfo;
+    if (!isTag && static_cast<int>(what) != kWhetherCasesAreToldApart) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
     }
-    return GetFileInformationByHandleEx(file, what, data, size);
+    const BOOL done = GetFileInformationByHandleEx(file, what, data, size);
+    if (const auto information = InformationOf(file); isTag && done != FALSE && information) {
+        Correct(static_cast<FILE_ATTRIBUTE_TAG_INFO*>(data)->FileAttributes, *information);
+    }
+    return done;
 }
 
 HANDLE WINAPI FindFirstFileAsOnWindows(LPCWSTR pattern, LPWIN32_FIND_DATAW data) {

@@ -8,7 +8,7 @@ namespace ambrio::windowsfiles {
 DWORD WINAPI GetFileAttributesAsOnWindows(LPCWSTR path);
 BOOL WINAPI GetFileAttributesExAsOnWindows(LPCWSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data);
 BOOL WINAPI GetFileInformationAsOnWindows(HANDLE file, LPBY_HANDLE_FILE_INFORMATION information);
-// Answers only what has to do with no attributes.
+// Answers only what the program asks.
 BOOL WINAPI GetFileInformationExAsOnWindows(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what,
                                             LPVOID data, DWORD size);
 HANDLE WINAPI FindFirstFileAsOnWindows(LPCWSTR pattern, LPWIN32_FIND_DATAW data);

@@ -5,6 +5,7 @@
 #include "platform/win32/files/ExtendedPath.h"
 #include "platform/win32/files/FileEntryData.h"
 #include "platform/win32/files/FileIdentity.h"
+#include "platform/win32/files/LinkOwner.h"
 #include "platform/win32/files/Patience.h"
 #include "platform/win32/files/Win32Error.h"
 
@@ -80,6 +81,10 @@ void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
     }
     if ((sourceData.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
         throw RuntimeError(ErrorNumber::FileNotFound);
+    }
+    if ((sourceData.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+        IsLinkOfAnotherUser(source)) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
     RequireReplaceable(source, sourceData, destination, overwrite);
 

@@ -13,10 +13,11 @@ namespace ambrio {
 [[nodiscard]] DWORD ReadInformation(const std::wstring& extended,
                                     BY_HANDLE_FILE_INFORMATION& information);
 
-// Nothing when the file system gives the file no number.
-[[nodiscard]] std::optional<FileIdentity> IdentityFrom(
-    const BY_HANDLE_FILE_INFORMATION& information);
-// The same, also when the file cannot be opened.
+// Which file or folder a path leads to, links followed; nothing when neither its file system nor
+// its final path can tell. Gives the Win32 error code, 0 for success.
+[[nodiscard]] DWORD ReadFileIdentity(const std::wstring& extended,
+                                     std::optional<FileIdentity>& identity);
+// The same; nothing also when the file cannot be opened.
 [[nodiscard]] std::optional<FileIdentity> ReadFileIdentity(const std::wstring& extended);
 
 }  // namespace ambrio

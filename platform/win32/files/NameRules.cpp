@@ -35,4 +35,12 @@ bool TellsCasesApart(const std::wstring& extendedFolder) {
            (flags & kCaseSensitiveDirectory) != 0;
 }
 
+std::wstring FoldName(const std::wstring& name) {
+    std::wstring folded(name.size(), L'\0');
+    const auto units = static_cast<int>(name.size());
+    const int mapped = LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, name.data(), units,
+                                     folded.data(), units, nullptr, nullptr, 0);
+    return mapped == units ? folded : name;
+}
+
 }  // namespace ambrio

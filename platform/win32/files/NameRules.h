@@ -12,4 +12,8 @@ namespace ambrio {
 // when the system knows nothing of that, and when the folder cannot be opened.
 [[nodiscard]] bool TellsCasesApart(const std::wstring& extendedFolder);
 
+// A name, or a path, in the form in which two spellings of one file are equal texts: without a
+// locale's own casing rules it is the mapping that the system's own disks use.
+[[nodiscard]] std::wstring FoldName(const std::wstring& name);
+
 }  // namespace ambrio

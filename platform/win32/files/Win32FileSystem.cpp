@@ -6,6 +6,7 @@
 #include "platform/win32/files/ExtendedPath.h"
 #include "platform/win32/files/FileEntryData.h"
 #include "platform/win32/files/FileIdentity.h"
+#include "platform/win32/files/LinkOwner.h"
 #include "platform/win32/files/NameRules.h"
 #include "platform/win32/files/Win32Error.h"
 #include "platform/win32/files/Win32FolderReader.h"
@@ -50,8 +51,10 @@ std::wstring NewTemporaryName() {
 
 FileEntry FileEntryOf(const std::wstring& extended, const WIN32_FILE_ATTRIBUTE_DATA& data) {
     FileEntry entry = EntryFrom(data, NameOfExtended(extended));
+    entry.IsOfAnotherUser = entry.IsLink() && IsLinkOfAnotherUser(extended);
     BY_HANDLE_FILE_INFORMATION target;
-    if (entry.IsLink() && ReadInformation(extended, target) == ERROR_SUCCESS &&
+    if (entry.IsLink() && !entry.IsOfAnotherUser &&
+        ReadInformation(extended, target) == ERROR_SUCCESS &&
         !IsDirectory(target.dwFileAttributes)) {
         return EntryFrom(target, entry.Name);
     }
@@ -88,15 +91,15 @@ std::unique_ptr<FolderReader> Win32FileSystem::GetFolder(const std::wstring& pat
 }
 
 std::optional<FileIdentity> Win32FileSystem::IdentityOf(const std::wstring& path) {
-    BY_HANDLE_FILE_INFORMATION information;
-    const DWORD code = ReadInformation(ExtendedPath(path), information);
+    std::optional<FileIdentity> identity;
+    const DWORD code = ReadFileIdentity(ExtendedPath(path), identity);
     if (code == ERROR_FILE_NOT_FOUND) {
         throw RuntimeError(ErrorNumber::PathNotFound);
     }
     if (code != ERROR_SUCCESS) {
         ThrowWin32(code);
     }
-    return IdentityFrom(information);
+    return identity;
 }
 
 bool Win32FileSystem::FindsFoldedNames(const std::wstring& folder) {
@@ -164,8 +167,12 @@ std::unique_ptr<TextStream> Win32FileSystem::OpenForAppending(const std::wstring
     return std::make_unique<Win32TextStream>(ExtendedPath(path));
 }
 
-bool Win32FileSystem::IsWritableFolder(const std::wstring& path) {
+bool Win32FileSystem::IsWritableFolder(const std::wstring& path, const std::wstring& file) {
     try {
+        const std::wstring old = BuildPath(path, file);
+        if (DataOf(old)) {
+            OpenForAppending(old);
+        }
         const std::wstring probe = BuildPath(ExtendedPath(path), NewTemporaryName());
         return MakeHandle<UniqueHandle>(CreateFileW(
                    probe.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
@@ -175,13 +182,19 @@ bool Win32FileSystem::IsWritableFolder(const std::wstring& path) {
     }
 }
 
+bool Win32FileSystem::MayFollow(const std::wstring& folder) {
+    try {
+        const std::wstring extended = ExtendedPath(folder);
+        const DWORD attributes = GetFileAttributesW(extended.c_str());
+        return attributes == INVALID_FILE_ATTRIBUTES ||
+               (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0 || !IsLinkOfAnotherUser(extended);
+    } catch (const RuntimeError&) {
+        return true;
+    }
+}
+
 std::wstring Win32FileSystem::FoldedName(const std::wstring& name) const {
-    std::wstring folded(name.size(), L'\0');
-    const auto units = static_cast<int>(name.size());
-    // Without a locale's own casing rules it is the mapping that the file system uses.
-    const int mapped = LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, name.data(), units,
-                                     folded.data(), units, nullptr, nullptr, 0);
-    return mapped == units ? folded : name;
+    return FoldName(name);
 }
 
 }  // namespace ambrio

@@ -7,6 +7,7 @@
 
 #include "platform/win32/system/Handle.h"
 #include "tests/conformance/WineGaps.h"
+#include "tests/conformance/win32/GivenAway.h"
 #include "tests/conformance/win32/Junction.h"
 #include "tests/support/win32/WindowsFiles.h"
 
@@ -141,6 +142,10 @@ bool Win32World::MakeLink(const std::wstring& path, const std::wstring& target, 
     // Systems that do not know the second flag refuse the call and get it without.
     return CreateSymbolicLinkW(path.c_str(), target.c_str(), folder | kWithoutPrivilege) != 0 ||
            CreateSymbolicLinkW(path.c_str(), target.c_str(), folder) != 0;
+}
+
+bool Win32World::GiveAway(const std::wstring& link) {
+    return GiveToEveryone(Extended(link));
 }
 
 const char* Win32World::ReasonToSkip(const std::string& test) const {

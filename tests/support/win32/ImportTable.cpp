@@ -71,4 +71,14 @@ bool ReplaceImports(std::span<const Replacement> replacements,
     return true;
 }
 
+void* ImportedFunction(const char* name) {
+    void* function = nullptr;
+    ForEachImport([&](const char* imported, const IMAGE_THUNK_DATA& place) {
+        if (std::strcmp(imported, name) == 0) {
+            function = reinterpret_cast<void*>(place.u1.Function);
+        }
+    });
+    return function;
+}
+
 }  // namespace ambrio

@@ -16,4 +16,7 @@ struct Replacement {
 [[nodiscard]] bool ReplaceImports(std::span<const Replacement> replacements,
                                   std::span<const char* const> unknown);
 
+// Where the calls of that function go now; null when the program does not import it.
+[[nodiscard]] void* ImportedFunction(const char* name);
+
 }  // namespace ambrio

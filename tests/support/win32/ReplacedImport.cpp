@@ -17,10 +17,9 @@ void Direct(const char* name, void* function) {
 }  // namespace
 
 ReplacedImport::ReplacedImport(const wchar_t* library, const char* name, void* replacement)
-    : name_(name),
-      original_(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(library), name))) {
-    if (original_ == nullptr) {
-        throw std::runtime_error("the system has no function to replace");
+    : name_(name), original_(ImportedFunction(name)) {
+    if (GetProcAddress(GetModuleHandleW(library), name) == nullptr || original_ == nullptr) {
+        throw std::runtime_error("there is no function to replace");
     }
     Direct(name_, replacement);
 }

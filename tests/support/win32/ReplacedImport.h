@@ -6,8 +6,9 @@ namespace ambrio {
 // one. The system's own modules are not concerned.
 class ReplacedImport {
   public:
-    // `library` has the function of that name and is loaded already; `replacement` has its
-    // signature. Throws std::runtime_error when there is no such function.
+    // `library` has the function of that name and is loaded already, and the program imports it;
+    // `replacement` has its signature. Throws std::runtime_error when there is no such function.
+    // Where calls went before, be it another replacement, they go again afterwards.
     ReplacedImport(const wchar_t* library, const char* name, void* replacement);
     ~ReplacedImport();
     ReplacedImport(const ReplacedImport&) = delete;

@@ -1,0 +1,104 @@
+#include "platform/win32/files/FileIdentity.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+#include "tests/conformance/win32/Win32World.h"
+#include "tests/support/win32/ReplacedImport.h"
+
+namespace ambrio {
+namespace {
+
+// What the system answers in the place of the truth.
+struct IdentityAnswers {
+    bool NumbersNothing = false;
+    const wchar_t* Disk = L"\\\\?\\Volume{11111111-2222-3333-4444-555555555555}\\";
+};
+
+class Win32FileIdentityTest : public testing::Test {
+  protected:
+    Win32FileIdentityTest() {
+        answers_ = IdentityAnswers{};
+        World.Write(File, "x");
+        World.Write(Other, "x");
+        information_ = std::make_unique<ReplacedImport>(
+            L"kernel32.dll", "GetFileInformationByHandle", reinterpret_cast<void*>(&Information));
+        path_ = std::make_unique<ReplacedImport>(L"kernel32.dll", "GetFinalPathNameByHandleW",
+                                                 reinterpret_cast<void*>(&FinalPath));
+    }
+
+    std::optional<FileIdentity> Identity(const std::wstring& path) {
+        return World.Files().IdentityOf(path);
+    }
+
+    static inline IdentityAnswers answers_;
+    Win32World World;
+    const std::wstring File = World.Root() + L"\\file";
+    const std::wstring Other = World.Root() + L"\\other";
+
+  private:
+    template <typename Function>
+    static Function* FromSystem(const char* name) {
+        return reinterpret_cast<Function*>(
+            reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), name)));
+    }
+    static BOOL WINAPI Information(HANDLE file, LPBY_HANDLE_FILE_INFORMATION information) {
+        const auto system =
+            FromSystem<decltype(GetFileInformationByHandle)>("GetFileInformationByHandle");
+        const BOOL done = system(file, information);
+        if (answers_.NumbersNothing) {
+            information->nFileIndexHigh = 0;
+            information->nFileIndexLow = 0;
+        }
+        return done;
+    }
+    static DWORD WINAPI FinalPath(HANDLE file, LPWSTR text, DWORD size, DWORD kind) {
+        if (kind != VOLUME_NAME_GUID) {
+            const auto system =
+                FromSystem<decltype(GetFinalPathNameByHandleW)>("GetFinalPathNameByHandleW");
+            return system(file, text, size, kind);
+        }
+        const std::wstring path = *answers_.Disk == 0 ? L"" : answers_.Disk + std::wstring(L"a");
+        const auto length = static_cast<DWORD>(path.size());
+        if (length >= size) {
+            return length + 1;
+        }
+        std::memcpy(text, path.c_str(), (path.size() + 1) * sizeof(wchar_t));
+        return length;
+    }
+
+    std::unique_ptr<ReplacedImport> information_;
+    std::unique_ptr<ReplacedImport> path_;
+};
+
+TEST_F(Win32FileIdentityTest, TellsADiskFromItsClone) {
+    const auto original = Identity(File);
+    ASSERT_TRUE(original);
+    EXPECT_NE(original->Disk, 0U);
+    EXPECT_EQ(original, Identity(File));
+    EXPECT_EQ(original->Disk, Identity(Other).value().Disk);
+    answers_.Disk = L"\\\\?\\Volume{11111111-2222-3333-4444-555555555556}\\";
+    const auto clone = Identity(File);
+    EXPECT_NE(original, clone);
+    EXPECT_FALSE(original->MayShareVolumeWith(clone.value()));
+    answers_.Disk = L"";
+    EXPECT_EQ(Identity(File).value().Disk, 0U);
+    EXPECT_EQ(original, Identity(File)) << "a server may be this machine";
+}
+
+TEST_F(Win32FileIdentityTest, GoesByTheFinalPathWhereNothingIsNumbered) {
+    EXPECT_FALSE(Identity(File).value().IsByPath);
+    answers_.NumbersNothing = true;
+    const auto file = Identity(File);
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(file->IsByPath);
+    EXPECT_EQ(file, Identity(World.Root() + L"\\.\\x\\..\\FILE"));
+    EXPECT_NE(file, Identity(Other));
+    EXPECT_NE(file, Identity(World.Root()));
+}
+
+}  // namespace
+}  // namespace ambrio
