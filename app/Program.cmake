@@ -2,6 +2,7 @@
 ambrio_room(saver PRECOMPILED windows SOURCES ${SAVER_WIN32_SOURCES}
             LINKS ambrio_saver_model ambrio_saver_animation ambrio_engine)
 ambrio_room(config PRECOMPILED windows SOURCES ${CONFIG_WIN32_SOURCES} LINKS ambrio_config_model)
+ambrio_room(preview PRECOMPILED windows SOURCES ${APP_PREVIEW_SOURCES} LINKS ambrio_app_model ambrio_saver)
 
 # What the program carries in itself; the unit tests carry the same.
 configure_file(resources/Ambrio.manifest.in generated/Ambrio.manifest @ONLY)
@@ -15,7 +16,7 @@ add_executable(Ambrio WIN32 ${APP_WIN32_SOURCES} ${AMBRIO_RESOURCES})
 set_target_properties(Ambrio PROPERTIES SUFFIX .scr RUNTIME_OUTPUT_DIRECTORY
                                                     ${AMBRIO_PRODUCT_FOLDER})
 target_link_options(Ambrio PRIVATE -municode)
-target_link_libraries(Ambrio PRIVATE ambrio_app_model ambrio_saver ambrio_config)
+target_link_libraries(Ambrio PRIVATE ambrio_app_model ambrio_preview ambrio_saver ambrio_config)
 ambrio_use_precompiled(Ambrio windows)
 
 include(resources/clip/Clip.cmake)

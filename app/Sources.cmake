@@ -9,6 +9,9 @@ set(APP_WIN32_SOURCES
     app/Main.cpp
     app/PasswordChange.cpp
     app/WinMain.cpp
+)
+
+set(APP_PREVIEW_SOURCES
     app/preview/frmControl.cpp
     app/preview/PreviewFrame.cpp
     app/preview/PreviewPicture.cpp

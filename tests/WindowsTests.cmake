@@ -9,7 +9,7 @@ ambrio_use_precompiled(WindowsFiles windows)
 ambrio_precompile(windows_tests LINKS ambrio_test_settings HEADERS ${WINDOWS_HEADERS} ${TEST_HEADERS})
 ambrio_tests(windows_unit_tests PRECOMPILED windows_tests
              SOURCES ${UNIT_TEST_WIN32_SOURCES} ${CONFORMANCE_TEST_WIN32_SOURCES}
-             LINKS ambrio_test_support ambrio_saver ambrio_config)
+             LINKS ambrio_test_support ambrio_preview ambrio_saver ambrio_config)
 add_executable(unit_tests ${AMBRIO_RESOURCES})
 target_link_libraries(unit_tests PRIVATE ${PORTABLE_TESTS} ambrio_windows_unit_tests gtest_main)
 add_dependencies(unit_tests WindowsFiles)

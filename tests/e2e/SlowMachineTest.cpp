@@ -2,11 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "tests/e2e/support/SaverTest.h"
 #include "tests/e2e/support/SystemCalls.h"
 
 namespace ambrio::e2e {
 namespace {
+
+// Takes longer than the animation's first steps.
+constexpr std::size_t kLong = 64U << 20U;
 
 class SlowMachineTest : public SaverTest {
   protected:
@@ -19,7 +24,10 @@ class SlowMachineTest : public SaverTest {
     SystemCalls calls_;
 };
 
+// The animation is at work from the large file on: the small ones alone are copied before its first
+// step.
 TEST_F(SlowMachineTest, TheRunMakesProgress) {
+    Source.AddFile(L"large.bin", std::string(kLong, 'L'));
     Source.AddManyFiles(L"some", 10);
     Start(L"/S");
     WaitForTheEndOfTheRun(3 * kSoon);

@@ -84,6 +84,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/LinkOwnerTest.cpp
     tests/unit/MessageLoopTest.cpp
     tests/unit/PointerTest.cpp
+    tests/unit/PreviewPictureTest.cpp
     tests/unit/RegistrySettingsStoreTest.cpp
     tests/unit/StatusPanelViewTest.cpp
     tests/unit/SystemLibraryTest.cpp
