@@ -2,6 +2,7 @@
 
 #include "config/model/CentreForm.h"
 #include "platform/Twips.h"
+#include "platform/win32/system/SystemRedirection.h"
 #include "platform/win32/windows/ResourceText.h"
 #include "platform/win32/windows/ScreenTwips.h"
 #include "resources/ResourceIds.h"
@@ -45,7 +46,8 @@ void Form::CentreOver(HWND parent) {
 }
 
 void Form::ShowHelp() {
-    WinHelpW(Handle(), context_.App.HelpFile.c_str(), HELP_CONTENTS, 0);
+    // What shows the help is a program of 32 bits too.
+    WinHelpW(Handle(), WithoutRedirection(context_.App.HelpFile).c_str(), HELP_CONTENTS, 0);
 }
 
 int Form::Ask(const std::wstring& text, const std::wstring& title, UINT style) {

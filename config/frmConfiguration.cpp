@@ -25,8 +25,11 @@ std::vector<std::wstring> ComboEntries(HWND combo) {
     return entries;
 }
 
+// The first that has a saver is the one whose saver is started.
 std::vector<std::wstring> SaverFolders() {
-    return {GetWindowsFolder(), GetSystemFolder()};
+    std::vector<std::wstring> folders = GetSystemFolders();
+    folders.insert(folders.begin(), GetWindowsFolder());
+    return folders;
 }
 
 }  // namespace
@@ -76,9 +79,9 @@ void frmConfiguration::FillSavers() {
     const auto add = [this](const std::wstring& name) {
         Send(IDC_CBO_SS, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
     };
-    // A saver that lies in both folders stands in the list twice.
-    for (const std::wstring& folder : SaverFolders()) {
-        for (const std::wstring& name : SaversIn(Context().Files, folder)) {
+    // A saver that lies in the Windows folder and in a System folder stands in the list twice.
+    for (const auto& folders : {std::vector{GetWindowsFolder()}, GetSystemFolders()}) {
+        for (const std::wstring& name : SaversIn(Context().Files, folders)) {
             add(name);
         }
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/WindowState.h"
 
@@ -26,11 +27,12 @@ class RunHost {
     virtual void ReconnectDrive(const std::wstring& path) = 0;
 
     [[nodiscard]] virtual std::wstring WindowsFolder() = 0;
-    [[nodiscard]] virtual std::wstring SystemFolder() = 0;
+    // The System folder first; a 64-bit system has one more.
+    [[nodiscard]] virtual std::vector<std::wstring> SystemFolders() = 0;
 
     // Starts a program by its command line and does not wait for it. Without a folder it is the one
-    // in the Windows folder or else the one in the System folder. False when it could not be
-    // started.
+    // in the Windows folder or else the one in the first of the System folders. False when it could
+    // not be started.
     virtual bool StartProgram(const std::wstring& commandLine, WindowState state) = 0;
 
     // Makes the mouse pointer visible, however often it was hidden.

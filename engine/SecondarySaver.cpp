@@ -1,5 +1,8 @@
 #include "engine/SecondarySaver.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "engine/EngineTexts.h"
 
 namespace ambrio {
@@ -19,10 +22,14 @@ HandOver StartSecondarySaver(FileSystem& fileSystem, RunHost& host, const std::w
         return HandOver::Stayed;
     }
     const std::wstring file = SaverFile(name);
+    const auto isIn = [&](const std::wstring& folder) {
+        return fileSystem.FileExists(FileSystem::BuildPath(folder, file));
+    };
+    const std::vector<std::wstring> systemFolders = host.SystemFolders();
     bool started = false;
-    if (fileSystem.FileExists(FileSystem::BuildPath(host.WindowsFolder(), file))) {
+    if (isIn(host.WindowsFolder())) {
         started = host.StartProgram(StartSaverOfWindowsFolder(name), WindowState::Hidden);
-    } else if (fileSystem.FileExists(FileSystem::BuildPath(host.SystemFolder(), file))) {
+    } else if (std::any_of(systemFolders.begin(), systemFolders.end(), isIn)) {
         started = host.StartProgram(StartSaverOfSystemFolder(name), WindowState::NormalFocus);
     } else {
         return GiveUp(host, SaverNotFound(name));

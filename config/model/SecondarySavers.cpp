@@ -1,5 +1,8 @@
 #include "config/model/SecondarySavers.h"
 
+#include <set>
+#include <utility>
+
 #include "platform/RuntimeError.h"
 
 namespace ambrio {
@@ -15,9 +18,7 @@ bool IsSaver(FileSystem& fileSystem, const FileEntry& entry) {
     return fileSystem.FoldedName(ending) == fileSystem.FoldedName(kEnding);
 }
 
-}  // namespace
-
-std::vector<std::wstring> SaversIn(FileSystem& fileSystem, const std::wstring& folder) {
+std::vector<std::wstring> SaversOf(FileSystem& fileSystem, const std::wstring& folder) {
     std::vector<std::wstring> names;
     try {
         const auto reader = fileSystem.GetFolder(folder);
@@ -30,6 +31,22 @@ std::vector<std::wstring> SaversIn(FileSystem& fileSystem, const std::wstring& f
     } catch (const RuntimeError&) {
         // What was listed so far can be offered; the rest of the dialog does not depend on it.
         return names;
+    }
+    return names;
+}
+
+}  // namespace
+
+std::vector<std::wstring> SaversIn(FileSystem& fileSystem,
+                                   const std::vector<std::wstring>& folders) {
+    std::vector<std::wstring> names;
+    std::set<std::wstring> known;
+    for (const std::wstring& folder : folders) {
+        for (std::wstring& name : SaversOf(fileSystem, folder)) {
+            if (known.insert(fileSystem.FoldedName(name)).second) {
+                names.push_back(std::move(name));
+            }
+        }
     }
     return names;
 }

@@ -8,10 +8,10 @@
 
 namespace ambrio {
 
-// The base names of the savers in a folder, in the file system's order; none when the folder
-// cannot be listed.
+// The base names of the savers in folders that count as one, in the file system's order; a name
+// that a folder before had is left out. A folder that cannot be listed has none.
 [[nodiscard]] std::vector<std::wstring> SaversIn(FileSystem& fileSystem,
-                                                 const std::wstring& folder);
+                                                 const std::vector<std::wstring>& folders);
 
 // The path of the saver with that base name: the first folder that has it wins; nothing when none
 // has.

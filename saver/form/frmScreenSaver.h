@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/RunDriver.h"
 #include "engine/RunHost.h"
@@ -49,7 +50,7 @@ class frmScreenSaver : public Window, public RunHost {
     void ShowMessage(const std::wstring& text, MessageIcon icon) override;
     void ReconnectDrive(const std::wstring& path) override;
     std::wstring WindowsFolder() override;
-    std::wstring SystemFolder() override;
+    std::vector<std::wstring> SystemFolders() override;
     bool StartProgram(const std::wstring& commandLine, WindowState state) override;
     void ShowPointer() override;
     void LeaveTopmost() override;

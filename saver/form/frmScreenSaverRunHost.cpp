@@ -25,8 +25,8 @@ std::wstring frmScreenSaver::WindowsFolder() {
     return GetWindowsFolder();
 }
 
-std::wstring frmScreenSaver::SystemFolder() {
-    return GetSystemFolder();
+std::vector<std::wstring> frmScreenSaver::SystemFolders() {
+    return GetSystemFolders();
 }
 
 bool frmScreenSaver::StartProgram(const std::wstring& commandLine, WindowState state) {

@@ -1,5 +1,6 @@
 #include "saver/panel/CopyFrame.h"
 
+#include "platform/win32/system/SystemRedirection.h"
 #include "platform/win32/windows/CommonControls.h"
 #include "resources/clip/ClipTiming.h"
 #include "saver/panel/PanelControls.h"
@@ -34,7 +35,7 @@ CopyFrame::~CopyFrame() {
 }
 
 void CopyFrame::OpenClip(const std::wstring& path) {
-    path_ = path;
+    path_ = WithoutRedirection(path);
     picture_ = 0;
     SendMessageW(animation_, ACM_OPENW, 0, reinterpret_cast<LPARAM>(path_.c_str()));
 }

@@ -3,7 +3,8 @@
 #   wine_open [unprivileged]   makes the prefix and the display, in a temporary folder that is
 #                              removed when the script ends. With "unprivileged", and when the
 #                              caller is root, everything runs under a user id without rights, so
-#                              that a refused file is refused.
+#                              that a refused file is refused. What AMBRIO_WINE names, win32 or
+#                              win64, is the kind of Windows that it is to be.
 #   wine_do COMMAND...         runs a command in that world (wine, wineserver, xdotool, ...)
 #   wine_program LOG EXE ARGS  runs a PE program, its output in LOG
 #   wine_small_disk            mounts a disk of 4 MiB for the tests that fill one, and names it to
@@ -123,7 +124,7 @@ wine_open() {
     fi
     mkdir -p "$WINE_STAGE/home" "$WINE_STAGE/prefix" "$WINE_STAGE/programs"
     wine_own "$WINE_STAGE"
-    WINE_PREFIX_KIND=$(wine_prefix_kind)
+    WINE_PREFIX_KIND=${AMBRIO_WINE:-$(wine_prefix_kind)}
     if [ -z "$WINE_DISPLAY" ] || [ "${1:-}" = unprivileged ]; then
         wine_start_display
     fi

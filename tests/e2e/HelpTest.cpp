@@ -6,6 +6,8 @@
 #include <optional>
 
 #include "tests/e2e/support/DialogTest.h"
+#include "tests/e2e/support/NativeFiles.h"
+#include "tests/e2e/support/SystemFile.h"
 #include "tests/e2e/support/Text.h"
 #include "tests/support/win32/WindowsFiles.h"
 
@@ -43,6 +45,19 @@ class HelpTest : public DialogTest {
             }
             return WaitForWindow(Program().ProcessId(), title, Milliseconds(0)).has_value();
         });
+    }
+
+    // What the viewer says when the help of this program, which it cannot show, is asked for.
+    std::wstring SaidOfTheHelpOf(const ProgramFolder& folder) {
+        said_.clear();
+        Start(L"/C", folder);
+        const WindowProbe dialog = WindowTitled(kConfiguration);
+        Press(dialog, IDC_CMD_HELP);
+        Press(dialog, IDC_CMD_ABOUT);
+        EXPECT_TRUE(Appears(L"About Ambrio"));
+        EXPECT_TRUE(Closes(WindowTitled(L"About Ambrio"), IDOK));
+        CloseConfiguration();
+        return said_;
     }
 
     // Presses F1 in the dialog, which is the front one, and then closes it.
@@ -108,14 +123,24 @@ TEST_F(HelpTest, IsLookedForUnderTheProgramsTitleWhateverTheFileIsCalled) {
         GTEST_SKIP() << "this system has no viewer that tells what it looks for";
     }
     const ProgramFolder renamed(L"Another name.scr");
-    Start(L"/C", renamed);
-    const WindowProbe dialog = WindowTitled(L"Ambrio Configuration");
-    Press(dialog, IDC_CMD_HELP);
-    Press(dialog, IDC_CMD_ABOUT);
-    ASSERT_TRUE(Appears(L"About Ambrio"));
-    EXPECT_NE(said_.find(renamed.Below(L"Ambrio.HLP")), std::wstring::npos) << Utf8(said_);
-    EXPECT_TRUE(Closes(WindowTitled(L"About Ambrio"), IDOK));
-    CloseConfiguration();
+    EXPECT_NE(SaidOfTheHelpOf(renamed).find(renamed.Below(L"Ambrio.HLP")), std::wstring::npos)
+        << Utf8(said_);
+}
+
+// A 32-bit program is shown another folder in the place of this one.
+TEST_F(HelpTest, IsFoundBesideAProgramInTheRealSystemFolder) {
+    if (!RunsOnWine() || !HasTwoSystemFolders()) {
+        GTEST_SKIP() << "this system has one System folder only, or no viewer that tells what it "
+                        "looks for";
+    }
+    const NativeFiles native;
+    const ProgramFolder there(L"Ambrio.scr", SystemFolder());
+    const std::wstring ofAMissingFile = SaidOfTheHelpOf(there);
+    WriteFileBytes(there.Below(L"Ambrio.HLP"), "no help");
+    const std::wstring ofAnyFile = SaidOfTheHelpOf(there);
+    EXPECT_NE(ofAMissingFile, L"");
+    EXPECT_NE(ofAnyFile, L"");
+    EXPECT_NE(ofAMissingFile, ofAnyFile);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/MappedDrive.cpp
     tests/e2e/support/MessageBoxProbe.cpp
     tests/e2e/support/ModuleLoader.cpp
+    tests/e2e/support/NativeFiles.cpp
     tests/e2e/support/PanelProbe.cpp
     tests/e2e/support/PreviewHost.cpp
     tests/e2e/support/ProgramFolder.cpp
@@ -52,6 +53,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/KeyboardTest.cpp
     tests/e2e/KillTest.cpp
     tests/e2e/LogPlaceTest.cpp
+    tests/e2e/NativeSystemTest.cpp
     tests/e2e/OddNamesTest.cpp
     tests/e2e/PasswordTest.cpp
     tests/e2e/PreviewTest.cpp

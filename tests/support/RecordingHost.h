@@ -27,7 +27,7 @@ class RecordingHost : public RunHost {
         }
     }
     std::wstring WindowsFolder() override { return L"C:\\Windows"; }
-    std::wstring SystemFolder() override { return L"C:\\Windows\\System32"; }
+    std::vector<std::wstring> SystemFolders() override { return Systems; }
     bool StartProgram(const std::wstring& commandLine, WindowState state) override {
         Note((state == WindowState::Hidden ? L"start hidden " : L"start normal ") + commandLine);
         return Starts;
@@ -48,6 +48,7 @@ class RecordingHost : public RunHost {
     std::function<void(int)> OnDoEvents;  // gets the number of the call, from 1
     int EventCount = 0;
     bool Starts = true;
+    std::vector<std::wstring> Systems = {L"C:\\Windows\\System32"};
     bool EndTimerEnabled = false;
     std::vector<std::wstring> Actions;
     std::function<void()> OnReconnect;

@@ -153,6 +153,13 @@ TEST_F(RunDriverTest, ASecondarySaverOnlyInTheSystemFolderStartsInANormalWindow)
     EXPECT_EQ(LastActions(), (Lines{L"start normal Stars.scr /s", L"box  completed ", L"end"}));
 }
 
+TEST_F(RunDriverTest, ASecondarySaverMayLieInAnyOfTheSystemFolders) {
+    Bench.Host.Systems = {L"C:\\Windows\\System32", L"C:\\Windows\\SysWOW64"};
+    InstallSecondarySaver(L"C:\\Windows\\SysWOW64");
+    Bench.Run();
+    EXPECT_EQ(LastActions(), (Lines{L"start normal Stars.scr /s", L"box  completed ", L"end"}));
+}
+
 TEST_F(RunDriverTest, AMissingSecondarySaverIsReportedAndTheFormUnloaded) {
     UseSecondarySaver();
     Bench.Run();

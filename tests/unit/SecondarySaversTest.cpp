@@ -27,12 +27,24 @@ TEST_F(SecondarySaversTest, AreTheFilesWithTheEndingInTheOrderOfTheFileSystem) {
     }
     files_.MakeFolder(L"C:\\Windows\\folder.scr");
     EXPECT_EQ((std::vector<std::wstring>{L"Stars & Moons", L"ALPHA", L""}),
-              SaversIn(files_, kFolders[0]));
+              SaversIn(files_, {kFolders[0]}));
 }
 
 TEST_F(SecondarySaversTest, AreNoneInAFolderThatCannotBeListed) {
-    EXPECT_TRUE(SaversIn(files_, L"C:\\missing").empty());
-    EXPECT_TRUE(SaversIn(files_, L"").empty());
+    EXPECT_TRUE(SaversIn(files_, {L"C:\\missing"}).empty());
+    EXPECT_TRUE(SaversIn(files_, {L""}).empty());
+}
+
+TEST_F(SecondarySaversTest, StandOnceInFoldersThatCountAsOne) {
+    for (const wchar_t* file :
+         {L"C:\\Windows\\Stars.scr", L"C:\\Windows\\Only here.scr",
+          L"C:\\Windows\\System32\\Only there.scr", L"C:\\Windows\\System32\\STARS.SCR"}) {
+        files_.WriteFile(file);
+    }
+    EXPECT_EQ((std::vector<std::wstring>{L"Stars", L"Only here", L"Only there"}),
+              SaversIn(files_, kFolders));
+    EXPECT_EQ((std::vector<std::wstring>{L"Only there", L"STARS", L"Only here"}),
+              SaversIn(files_, {kFolders[1], L"C:\\missing", kFolders[0]}));
 }
 
 TEST_F(SecondarySaversTest, TheFirstFolderThatHasItWins) {

@@ -1,5 +1,7 @@
 #include "platform/win32/system/LaunchProgram.h"
 
+#include <vector>
+
 #include "platform/FileSystem.h"
 #include "platform/ProgramQuotes.h"
 #include "platform/win32/WindowsHeaders.h"
@@ -33,7 +35,9 @@ bool IsFile(const std::wstring& path) {
 // The path of a name without a folder; empty when there is no such program. The system itself would
 // first look beside this program and then in the current folder, where anybody may have put one.
 std::wstring PlaceOf(const std::wstring& name) {
-    for (const std::wstring& folder : {GetWindowsFolder(), GetSystemFolder()}) {
+    std::vector<std::wstring> folders = GetSystemFolders();
+    folders.insert(folders.begin(), GetWindowsFolder());
+    for (const std::wstring& folder : folders) {
         std::wstring path = WithoutRedirection(FileSystem::BuildPath(folder, name));
         if (!folder.empty() && IsFile(path)) {
             return path;

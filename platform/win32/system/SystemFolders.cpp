@@ -1,6 +1,7 @@
 #include "platform/win32/system/SystemFolders.h"
 
 #include <memory>
+#include <utility>
 
 #include "platform/win32/system/TextOfCall.h"
 
@@ -19,6 +20,15 @@ std::wstring GetWindowsFolder() {
 
 std::wstring GetSystemFolder() {
     return TextOfCall(GetSystemDirectoryW);
+}
+
+std::vector<std::wstring> GetSystemFolders() {
+    std::vector<std::wstring> folders = {GetSystemFolder()};
+    std::wstring other = TextOfCall(GetSystemWow64DirectoryW);
+    if (!other.empty()) {
+        folders.push_back(std::move(other));
+    }
+    return folders;
 }
 
 std::wstring GetLocalDataFolder() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace ambrio {
 
@@ -9,6 +10,9 @@ namespace ambrio {
 
 [[nodiscard]] std::wstring GetWindowsFolder();
 [[nodiscard]] std::wstring GetSystemFolder();
+// All folders of the system's own programs: the System folder and, on a 64-bit system, the one for
+// those of 32 bits.
+[[nodiscard]] std::vector<std::wstring> GetSystemFolders();
 
 // The user's local application data.
 [[nodiscard]] std::wstring GetLocalDataFolder();

@@ -22,7 +22,8 @@ class SystemFile {
     bool installed_ = false;
 };
 
-// Without a separator at the end. For a 32-bit process, the system folder is the 32-bit one.
+// Without a separator at the end. The System folder is what everybody calls so; NativeFiles.h tells
+// of the one that a 32-bit program is shown in its place.
 [[nodiscard]] std::wstring WindowsFolder();
 [[nodiscard]] std::wstring SystemFolder();
 
