@@ -14,6 +14,7 @@ set(SAVER_ANIMATION_SOURCES
 )
 
 set(SAVER_MODEL_SOURCES
+    saver/model/Audience.cpp
     saver/model/DesktopSettings.cpp
     saver/model/Ellipsis.cpp
     saver/model/InputRules.cpp
@@ -21,7 +22,10 @@ set(SAVER_MODEL_SOURCES
 
 set(SAVER_WIN32_SOURCES
     saver/LineCanvas.cpp
+    saver/Press.cpp
+    saver/form/AudienceNotices.cpp
     saver/form/frmScreenSaver.cpp
+    saver/form/frmScreenSaverAudience.cpp
     saver/form/frmScreenSaverLoad.cpp
     saver/form/frmScreenSaverRunHost.cpp
     saver/form/frmScreenSaverUnload.cpp

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/win32/windows/ScreenTwips.h"
+#include "saver/Press.h"
 #include "saver/model/FormConstants.h"
 
 namespace ambrio {
@@ -64,6 +65,7 @@ LRESULT frmScreenSaver::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             if (!StaysOrdinaryWindow(application_.CommandLine)) {
                 SetMaxSize();
             }
+            mouseMoveRule_.Forget();  // the system puts the pointer elsewhere
             return 0;
         case WM_CLOSE:
             CloseRequested();
@@ -82,17 +84,29 @@ LRESULT frmScreenSaver::ReceiveInput(UINT message, WPARAM wParam, LPARAM lParam)
     switch (message) {
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN:
-        case WM_LBUTTONDOWN:
-        case WM_RBUTTONDOWN:
-        case WM_MBUTTONDOWN:
-        case WM_XBUTTONDOWN:
             InputRule();
             return 0;
         case WM_MOUSEMOVE:
             Form_MouseMove(XOf(lParam), YOf(lParam));
             return 0;
-        default:
+        case WM_SETCURSOR:
+            if (reinterpret_cast<HWND>(wParam) != Handle()) {
+                PointerIsOverChild();
+            }
             return Window::Receive(message, wParam, lParam);
+        case WM_GESTURE: {
+            // A finger, before Windows 8. The system keeps a handle for it that goes when it has
+            // seen the message too.
+            const LRESULT result = Window::Receive(message, wParam, lParam);
+            InputRule();
+            return result;
+        }
+        default:
+            if (!IsPress(message)) {
+                return ReceiveNotice(message, wParam, lParam);
+            }
+            InputRule();
+            return 0;
     }
 }
 
@@ -105,8 +119,11 @@ void frmScreenSaver::InputRule() {
 }
 
 void frmScreenSaver::Form_MouseMove(int x, int y) {
+    POINT place{x, y};
+    ClientToScreen(Handle(), &place);
     const int requests =
-        mouseMoveRule_.Move(static_cast<float>(x * twips_.X), static_cast<float>(y * twips_.Y));
+        mouseMoveRule_.Move(static_cast<float>(x * twips_.X), static_cast<float>(y * twips_.Y),
+                            pointer_.MovesTo(place.x, place.y));
     for (int i = 0; i < requests; ++i) {
         InputRule();
     }
@@ -136,6 +153,9 @@ void frmScreenSaver::tmrDoTheBiz_Timer() {
 }
 
 void frmScreenSaver::tmrKeepOnRunnin_Timer() {
+    if (!audience_.IsThere()) {
+        return;
+    }
     AnimationInputs inputs;
     inputs.RunFinished = signals_.RunFinished;
     inputs.PowerSaveActive = desktop_.PowerSaveActive;

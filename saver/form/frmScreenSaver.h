@@ -21,6 +21,8 @@
 #include "platform/win32/windows/Window.h"
 #include "saver/LineCanvas.h"
 #include "saver/animation/FrameAnimation.h"
+#include "saver/form/AudienceNotices.h"
+#include "saver/model/Audience.h"
 #include "saver/model/DesktopSettings.h"
 #include "saver/model/InputRules.h"
 #include "saver/panel/PanelFrame.h"
@@ -71,6 +73,7 @@ class frmScreenSaver : public Window, public RunHost {
     void Form_Load();
     void SetMaxSize();
     void SetTopmost(bool topmost);
+    void PlaceInLayer(bool topmost, UINT flags);
     [[nodiscard]] bool UsesPassword() const;
 
     // Events.
@@ -82,6 +85,13 @@ class frmScreenSaver : public Window, public RunHost {
     void tmrKeepOnRunnin_Timer();
     void ShowBox(const std::wstring& text, const std::wstring& title, UINT icon);
     [[nodiscard]] bool IsRunning() const { return signals_.RunStarted && !signals_.RunFinished; }
+
+    // Those before the screen (frmScreenSaverAudience.cpp).
+    LRESULT ReceiveNotice(UINT message, WPARAM wParam, LPARAM lParam);
+    void ActivationChanges(bool isOurs);
+    void StepBehind(HWND other);
+    void AudienceChanges(const AudienceNotice& notice);
+    void PointerIsOverChild();
 
     // Closing (frmScreenSaverUnload.cpp).
     void Unload();
@@ -101,6 +111,8 @@ class frmScreenSaver : public Window, public RunHost {
     ScreenTwips twips_;
     RunSignals signals_;
     MouseMoveRule mouseMoveRule_;
+    PointerMotion pointer_;
+    Audience audience_;
     DesktopSettings desktop_;
     std::int32_t platformId_ = 0;
     FormTimer tmrDoTheBiz_;
@@ -113,9 +125,12 @@ class frmScreenSaver : public Window, public RunHost {
     std::unique_ptr<RunDriver> run_;
     FrameAnimation animation_;
     std::unique_ptr<StayAwake> awake_;  // while the run is at work
-    bool isClosing_ = false;            // an unload is under way
-    bool hasAgreedToEnd_ = false;       // the system has asked whether the session may end
-    bool isSessionEnding_ = false;      // nobody is there to answer
+    std::unique_ptr<AudienceNotices> notices_;
+    bool isToBeTopmost_ = false;  // unless others have the keys
+    bool haveOthersTheKeys_ = false;
+    bool isClosing_ = false;        // an unload is under way
+    bool hasAgreedToEnd_ = false;   // the system has asked whether the session may end
+    bool isSessionEnding_ = false;  // nobody is there to answer
 };
 
 }  // namespace ambrio

@@ -39,6 +39,7 @@ void frmScreenSaver::MakeWindow() {
     for (FormTimer* timer : {&tmrDoTheBiz_, &tmrKeepOnRunnin_, &tmrEnd_}) {
         timer->AttachTo(Handle());
     }
+    notices_ = std::make_unique<AudienceNotices>(Handle());
     canvas_ = std::make_unique<LineCanvas>(Handle());
     panel_ = std::make_unique<StatusPanelView>(Handle(), twips_.X, twips_.Y,
                                                ResourceText(IDS_SLOGAN), [this] { InputRule(); });
@@ -77,8 +78,16 @@ void frmScreenSaver::SetMaxSize() {
 }
 
 void frmScreenSaver::SetTopmost(bool topmost) {
+    isToBeTopmost_ = topmost;
+    // Otherwise it is in no one's way already, and placing it would bring it back before them.
+    if (!haveOthersTheKeys_) {
+        PlaceInLayer(topmost, 0);
+    }
+}
+
+void frmScreenSaver::PlaceInLayer(bool topmost, UINT flags) {
     SetWindowPos(Handle(), topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
-                 SWP_NOSIZE | SWP_NOMOVE);
+                 SWP_NOSIZE | SWP_NOMOVE | flags);
 }
 
 // The Windows NT family asks for the password itself.

@@ -58,6 +58,7 @@ void frmScreenSaver::DestroyForm() {
     for (FormTimer* timer : {&tmrDoTheBiz_, &tmrKeepOnRunnin_, &tmrEnd_}) {
         timer->SetEnabled(false);
     }
+    notices_.reset();
     Destroy();
 }
 

@@ -9,11 +9,20 @@ bool Differs(float stored, float now) {
 
 }  // namespace
 
-int MouseMoveRule::Move(float x, float y) {
-    const int requests = (Differs(x_, x) ? 1 : 0) + (Differs(y_, y) ? 1 : 0);
+int MouseMoveRule::Move(float x, float y, bool isMotion) {
+    const int requests = isMotion ? (Differs(x_, x) ? 1 : 0) + (Differs(y_, y) ? 1 : 0) : 0;
     x_ = x;
     y_ = y;
     return requests;
+}
+
+void MouseMoveRule::Forget() {
+    x_ = 0;
+    y_ = 0;
+}
+
+bool PointerMotion::MovesTo(int x, int y) {
+    return std::exchange(last_, std::pair(x, y)) != std::pair(x, y);
 }
 
 bool StaysOrdinaryWindow(const std::wstring& commandLine) {

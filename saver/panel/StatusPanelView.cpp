@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/Twips.h"
+#include "saver/Press.h"
 #include "saver/SystemColour.h"
 
 namespace ambrio {
@@ -82,13 +83,18 @@ void StatusPanelView::OpenClip(const std::wstring& path) {
     copyFrame_->OpenClip(path);
 }
 void StatusPanelView::PlayClip() {
-    copyFrame_->PlayClip();
+    isClipPlaying_ = true;
+    if (isSeen_) {
+        copyFrame_->PlayClip();
+    }
 }
 void StatusPanelView::StopClip() {
+    isClipPlaying_ = false;
     copyFrame_->StopClip();
 }
 // Nothing is copied any more, so the frame goes with the clip.
 void StatusPanelView::CloseClip() {
+    isClipPlaying_ = false;
     copyFrame_->CloseClip();
     ShowCopyFrame(false);
 }
@@ -120,12 +126,33 @@ void StatusPanelView::SetLabelColours(const LabelColours& colours) {
     painter_->SetLabelColours(colours);
 }
 
+void StatusPanelView::SetSeen(bool isSeen) {
+    if (isSeen == isSeen_) {
+        return;
+    }
+    isSeen_ = isSeen;
+    if (!isSeen) {
+        copyFrame_->StopClip();
+        return;
+    }
+    Redraw();
+    if (isClipPlaying_) {
+        copyFrame_->PlayClip();
+    }
+}
+
 void StatusPanelView::Redraw() {
+    if (!isSeen_) {
+        return;
+    }
     painter_->DrawFrame(texts_);
     Show(WholePicture());
 }
 
 void StatusPanelView::RedrawLabel(std::size_t label) {
+    if (!isSeen_) {
+        return;
+    }
     painter_->DrawLabel(label, texts_);
     Show(painter_->ReachOf(label));
 }
@@ -133,7 +160,7 @@ void StatusPanelView::RedrawLabel(std::size_t label) {
 // Copies a part of the picture to the screen at once, without waiting for a WM_PAINT.
 void StatusPanelView::Show(const RECT& part) {
     // Without a window this would be the whole screen.
-    if (Handle() != nullptr) {
+    if (isSeen_ && Handle() != nullptr) {
         CopyPicture(WindowDC(Handle()).get(), part);
     }
 }
@@ -156,14 +183,12 @@ LRESULT StatusPanelView::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_PRINTCLIENT:
             CopyPicture(reinterpret_cast<HDC>(wParam), WholePicture());
             return 0;
-        case WM_LBUTTONDOWN:
-        case WM_RBUTTONDOWN:
-        case WM_MBUTTONDOWN:
-        case WM_XBUTTONDOWN:
+        default:
+            if (!IsPress(message)) {
+                return Window::Receive(message, wParam, lParam);
+            }
             mouseDown_();
             return 0;
-        default:
-            return Window::Receive(message, wParam, lParam);
     }
 }
 

@@ -35,6 +35,8 @@ class StatusPanelView : public Window, public StatusPanel {
     // The panel's place on the form, in twips.
     [[nodiscard]] const TwipsRect& Place() const { return place_; }
     void Move(int left, int top);
+    // Draws nothing, and lets the clip rest, while nobody can see it; catches up afterwards.
+    void SetSeen(bool isSeen);
     // New colours are seen once Redraw is called, so that several changes appear at once.
     void SetBackColor(Colour colour);
     void SetLabelColours(const LabelColours& colours);
@@ -60,6 +62,8 @@ class StatusPanelView : public Window, public StatusPanel {
     PanelTexts texts_{};
     std::unique_ptr<PanelPainter> painter_;
     std::unique_ptr<CopyFrame> copyFrame_;
+    bool isSeen_ = true;
+    bool isClipPlaying_ = false;
 };
 
 }  // namespace ambrio

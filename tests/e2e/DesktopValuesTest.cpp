@@ -11,7 +11,7 @@ namespace ambrio::e2e {
 namespace {
 
 constexpr const wchar_t* kDesktop = L"Control Panel\\Desktop";
-constexpr WPARAM kKeepOnRunninTimer = 2;
+constexpr WPARAM kStepTimer = 2;
 
 class DesktopValuesTest : public SaverTest {
   protected:
@@ -27,7 +27,7 @@ class DesktopValuesTest : public SaverTest {
     void Step(int steps) {
         const WindowProbe saver = Saver();
         for (int i = 0; i < steps; ++i) {
-            ASSERT_TRUE(saver.Send(WM_TIMER, kKeepOnRunninTimer));
+            ASSERT_TRUE(saver.Send(WM_TIMER, kStepTimer));
         }
     }
     [[nodiscard]] bool PanelMovesIn(int steps) {

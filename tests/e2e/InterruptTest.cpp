@@ -89,6 +89,8 @@ const Touch kTouches[] = {
     {"TheMiddleButton", [](const PanelProbe&) { Click(MouseButton::Middle); }},
     {"TheBackButton", [](const PanelProbe&) { Click(MouseButton::Back); }},
     {"TheForwardButton", [](const PanelProbe&) { Click(MouseButton::Forward); }},
+    {"AWheel", [](const PanelProbe&) { TurnWheel(); }},
+    {"AWheelToTheSide", [](const PanelProbe&) { TurnWheelToTheSide(); }},
     {"AMoveToTheSide", [](const PanelProbe&) { MovePointerBy(3, 0); }},
     {"AMoveDownwards", [](const PanelProbe&) { MovePointerBy(0, 3); }},
     {"AMoveBothWays", [](const PanelProbe&) { MovePointerBy(-2, -2); }},

@@ -34,6 +34,7 @@ set(E2E_SUPPORT_SOURCES
 
 set(E2E_TEST_SOURCES
     tests/e2e/AboutTest.cpp
+    tests/e2e/ActivationTest.cpp
     tests/e2e/AnimationCostTest.cpp
     tests/e2e/ArchiveBitTest.cpp
     tests/e2e/BadSettingsTest.cpp

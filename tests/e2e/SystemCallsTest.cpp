@@ -39,6 +39,22 @@ TEST_F(SystemCallsTest, TheRunBeginsAfter150MillisecondsAndTheAnimationStepsEver
     EndByKey();
 }
 
+TEST_F(SystemCallsTest, TheSystemIsAskedToTellOfTheSessionAndItsDisplaysWhileTheFormIsThere) {
+    WriteOneSet();
+    RunToTheEnd();
+    // The window that is to be told is one, and this session's events are enough.
+    EXPECT_EQ(calls_.Of(L"WatchSession"), Lines{L"1 0"});
+    // The displays of the session, and the monitor.
+    EXPECT_EQ(calls_.Of(L"WatchPower"), (Lines{L"1 " + std::to_wstring(0x2b84c20e) + L" 0",
+                                               L"1 " + std::to_wstring(0x02731015) + L" 0"}));
+    EXPECT_EQ(calls_.Of(L"LeaveSession"), Lines{});
+    EXPECT_EQ(calls_.Of(L"LeavePower"), Lines{});
+    EndByKey();
+    EXPECT_EQ(calls_.Of(L"LeaveSession"), Lines{L"1"});
+    EXPECT_EQ(calls_.Of(L"LeavePower"),
+              (Lines{std::to_wstring(0x2b84c20e), std::to_wstring(0x02731015)}));
+}
+
 TEST_F(SystemCallsTest, ThePreviewStepsEvery100Milliseconds) {
     PreviewHost host(152, 112);
     Start(L"/P " + std::to_wstring(reinterpret_cast<INT_PTR>(host.Handle())));

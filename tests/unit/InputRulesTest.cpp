@@ -38,6 +38,32 @@ TEST(MouseMoveRule, NeverComparesACoordinateStoredAsZero) {
               Requests({{0, 300}, {7500, 300}, {0, 300}, {7500, 0}, {7500, 4500}}));
 }
 
+TEST(MouseMoveRule, OnlyRecordsAMovementWithoutMotion) {
+    MouseMoveRule rule;
+    EXPECT_EQ(0, rule.Move(150, 300));
+    EXPECT_EQ(0, rule.Move(450, 600, false));
+    EXPECT_EQ(0, rule.Move(450, 600));
+    EXPECT_EQ(1, rule.Move(450, 615));
+}
+
+TEST(MouseMoveRule, StartsAnewWhenItForgets) {
+    MouseMoveRule rule;
+    EXPECT_EQ(0, rule.Move(150, 300));
+    rule.Forget();
+    EXPECT_EQ(0, rule.Move(450, 600));
+    EXPECT_EQ(2, rule.Move(150, 300));
+}
+
+TEST(PointerMotion, IsWhereThePointerWasNotLast) {
+    PointerMotion pointer;
+    EXPECT_TRUE(pointer.MovesTo(0, 0));
+    EXPECT_FALSE(pointer.MovesTo(0, 0));
+    EXPECT_TRUE(pointer.MovesTo(0, 7));
+    EXPECT_TRUE(pointer.MovesTo(-5, 7));
+    EXPECT_FALSE(pointer.MovesTo(-5, 7));
+    EXPECT_TRUE(pointer.MovesTo(0, 0));
+}
+
 TEST(InputRules, TakeSmallDForAnOrdinaryWindowWithoutAPointer) {
     EXPECT_TRUE(StaysOrdinaryWindow(L"/D"));
     EXPECT_FALSE(HidesPointer(L"/D"));

@@ -13,7 +13,7 @@ namespace ambrio {
 namespace {
 
 using namespace std::chrono_literals;
-using Clock = std::chrono::steady_clock;
+using SteadyClock = std::chrono::steady_clock;
 
 constexpr UINT_PTR kTimer = 7;
 constexpr int kEndOfTheProgram = 9;
@@ -59,8 +59,8 @@ class EventWindow : public Window {
             default:
                 return Window::Receive(message, wParam, lParam);
         }
-        const auto end = Clock::now() + Time;
-        while (Clock::now() < end) {
+        const auto end = SteadyClock::now() + Time;
+        while (SteadyClock::now() < end) {
         }
         return 0;
     }
@@ -79,10 +79,10 @@ TEST(MessageLoop, LetsEverythingThatWaitsRun) {
     EventWindow window;
     window.Post(1);
     window.Post(2);
-    const auto start = Clock::now();
+    const auto start = SteadyClock::now();
     HandleWaitingMessages();
     // Unless this machine has had no time for it.
-    EXPECT_TRUE(window.Received == "12" || Clock::now() - start >= 20ms) << window.Received;
+    EXPECT_TRUE(window.Received == "12" || SteadyClock::now() - start >= 20ms) << window.Received;
     HandleWaitingMessages();
     EXPECT_EQ("12", window.Received);
 }

@@ -1,5 +1,6 @@
 # What runs natively and as a Windows program, then what only one of them has.
 set(UNIT_TEST_SOURCES
+    tests/unit/AudienceTest.cpp
     tests/unit/BackupSetTest.cpp
     tests/unit/BigFolderTest.cpp
     tests/unit/BooleanTextTest.cpp
@@ -77,6 +78,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/frmBrowseTest.cpp
     tests/unit/frmConfigurationTest.cpp
     tests/unit/frmPropertiesTest.cpp
+    tests/unit/frmScreenSaverAudienceTest.cpp
     tests/unit/frmScreenSaverTest.cpp
     tests/unit/GetKeyValueTest.cpp
     tests/unit/HeldFileTest.cpp

@@ -248,6 +248,37 @@ TEST(StatusPanelView, AlignsEachLabelAsItWasDrawn) {
     }
 }
 
+bool IsSamePicture(const BackBuffer& one, const BackBuffer& other) {
+    for (int y = 0; y < one.Height(); ++y) {
+        for (int x = 0; x < one.Width(); ++x) {
+            if (GetPixel(one.DC(), x, y) != GetPixel(other.DC(), x, y)) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+TEST(StatusPanelView, DrawsNothingWhileNobodySeesItAndCatchesUp) {
+    const Panel panel;
+    const auto change = [&panel](int number) {
+        panel.View->SetCaption(PanelLabel::lblFile, L"file " + std::to_wstring(number));
+        panel.View->SetBackColor({static_cast<std::uint8_t>(number), 10, 30});
+        panel.View->Redraw();
+    };
+    change(1);
+    const BackBuffer seen = panel.Picture();
+    panel.View->SetSeen(false);
+    change(200);
+    EXPECT_TRUE(IsSamePicture(seen, panel.Picture()));
+    EXPECT_EQ(L"file 200", panel.Text(PanelControl::lblFile));
+    panel.View->SetSeen(true);
+    const BackBuffer caughtUp = panel.Picture();
+    EXPECT_FALSE(IsSamePicture(seen, caughtUp));
+    panel.View->Redraw();
+    EXPECT_TRUE(IsSamePicture(caughtUp, panel.Picture()));
+}
+
 TEST(StatusPanelView, TakesItsColours) {
     const Panel panel;
     panel.View->SetBackColor({200, 10, 30});

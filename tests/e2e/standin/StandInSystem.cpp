@@ -5,6 +5,7 @@
 #include <array>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "platform/win32/WindowsHeaders.h"
 #include "tests/e2e/StandIn.h"
@@ -68,15 +69,61 @@ DWORD WINAPI ChangePasswordSeen(LPCSTR registryKey, HWND owner, DWORD reserved, 
     return ERROR_SUCCESS;
 }
 
+BOOL WINAPI WatchSessionSeen(HWND window, DWORD flags) {
+    WriteDown(Joined(L"WatchSession", IsWindow(window), flags));
+    return TRUE;
+}
+
+BOOL WINAPI LeaveSessionSeen(HWND window) {
+    WriteDown(Joined(L"LeaveSession", IsWindow(window)));
+    return TRUE;
+}
+
+// Each setting is known by the first number of its identifier, which serves as its handle too.
+HANDLE WINAPI WatchPowerSeen(HANDLE window, const GUID* setting, DWORD flags) {
+    WriteDown(Joined(L"WatchPower", IsWindow(static_cast<HWND>(window)), setting->Data1, flags));
+    return reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(setting->Data1));
+}
+
+BOOL WINAPI LeavePowerSeen(HANDLE watch) {
+    WriteDown(Joined(L"LeavePower", reinterpret_cast<ULONG_PTR>(watch)));
+    return TRUE;
+}
+
+template <typename Function>
+FARPROC Address(Function* function) {
+    return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(function));
+}
+
+// What stands in for a function of that name in the libraries that not every system has.
+FARPROC StandInFor(const char* name) {
+    const std::array<std::pair<const char*, FARPROC>, 4> standIns = {{
+        {"WTSRegisterSessionNotification", Address(&WatchSessionSeen)},
+        {"WTSUnRegisterSessionNotification", Address(&LeaveSessionSeen)},
+        {"RegisterPowerSettingNotification", Address(&WatchPowerSeen)},
+        {"UnregisterPowerSettingNotification", Address(&LeavePowerSeen)},
+    }};
+    for (const auto& [known, function] : standIns) {
+        if (std::strcmp(name, known) == 0) {
+            return function;
+        }
+    }
+    return nullptr;
+}
+
 FARPROC WINAPI GetProcAddressSeen(HMODULE library, LPCSTR name) {
-    if (HIWORD(reinterpret_cast<ULONG_PTR>(name)) == 0 || std::strcmp(name, kChangePassword) != 0) {
+    if (HIWORD(reinterpret_cast<ULONG_PTR>(name)) == 0) {
         return GetProcAddress(library, name);
+    }
+    if (std::strcmp(name, kChangePassword) != 0) {
+        const FARPROC standIn = StandInFor(name);
+        return standIn == nullptr ? GetProcAddress(library, name) : standIn;
     }
     std::array<wchar_t, MAX_PATH> path{};
     GetModuleFileNameW(library, path.data(), static_cast<DWORD>(path.size()));
     passwordLibrary = path.data();
     passwordLibrary.erase(0, passwordLibrary.find_last_of(L'\\') + 1);
-    return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&ChangePasswordSeen));
+    return Address(&ChangePasswordSeen);
 }
 
 // The program calls it once for each step of the animation, before it draws.

@@ -79,6 +79,14 @@ void Click(MouseButton button) {
     }
 }
 
+void TurnWheel() {
+    Send({MouseEvent(MOUSEEVENTF_WHEEL, 0, 0, WHEEL_DELTA)});
+}
+
+void TurnWheelToTheSide() {
+    Send({MouseEvent(MOUSEEVENTF_HWHEEL, 0, 0, WHEEL_DELTA)});
+}
+
 void MovePointerTo(POINT place) {
     const LONG x = Fraction(place.x, GetSystemMetrics(SM_XVIRTUALSCREEN),
                             GetSystemMetrics(SM_CXVIRTUALSCREEN));

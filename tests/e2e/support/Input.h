@@ -13,6 +13,9 @@ void PressKey(WORD key);
 void TypeText(const wchar_t* text);
 // Presses and releases a button where the pointer is.
 void Click(MouseButton button = MouseButton::Left);
+// Turns the wheel of the mouse by one notch, away from the user or to the right.
+void TurnWheel();
+void TurnWheelToTheSide();
 // Moves the pointer, in screen pixels.
 void MovePointerTo(POINT place);
 void MovePointerBy(int x, int y);
