@@ -29,5 +29,74 @@ TEST(CheckListBox, KeepsNamesTicksAndTheCurrentEntryInTheListBoxItself) {
     DestroyWindow(window);
 }
 
+class ShownCheckListBox : public testing::Test {
+  protected:
+    ShownCheckListBox() {
+        SetWindowLongPtrW(parent_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ScrollOnChange));
+    }
+    ~ShownCheckListBox() override { DestroyWindow(parent_); }
+
+    [[nodiscard]] LONG RowHeight() const {
+        return static_cast<LONG>(SendMessageW(window_, LB_GETITEMHEIGHT, 0, 0));
+    }
+    [[nodiscard]] LONG InsideHeight() const {
+        RECT inside = {};
+        GetClientRect(window_, &inside);
+        return inside.bottom;
+    }
+    // Makes the list box that high, in pixels, and puts twenty entries into it.
+    void Fill(LONG height) {
+        SetWindowPos(window_, nullptr, 0, 0, 200, height, SWP_NOMOVE | SWP_NOZORDER);
+        list_.Clear();
+        for (int i = 0; i < 20; ++i) {
+            list_.Add(L"entry", false);
+        }
+    }
+
+    HWND parent_ = CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 300, 300, nullptr, nullptr,
+                                   GetModuleHandleW(nullptr), nullptr);
+    HWND window_ = CreateWindowExW(
+        0, L"ListBox", L"",
+        WS_CHILD | LBS_NOTIFY | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT, 0, 0,
+        200, 211, parent_, nullptr, GetModuleHandleW(nullptr), nullptr);
+    CheckListBox list_;
+
+  private:
+    // As Windows does by itself with an entry that is half seen, and Wine does not.
+    static LRESULT CALLBACK ScrollOnChange(HWND handle, UINT message, WPARAM wParam,
+                                           LPARAM lParam) {
+        if (message == WM_COMMAND && HIWORD(wParam) == LBN_SELCHANGE) {
+            SendMessageW(reinterpret_cast<HWND>(lParam), LB_SETTOPINDEX, 1, 0);
+        }
+        return DefWindowProcW(handle, message, wParam, lParam);
+    }
+};
+
+TEST_F(ShownCheckListBox, EndsOnAWholeRowAndHardlyLower) {
+    for (LONG height = 180; height < 240; ++height) {
+        SetWindowPos(window_, nullptr, 0, 0, 200, height, SWP_NOMOVE | SWP_NOZORDER);
+        CheckListBox list;
+        list.Attach(window_);
+        EXPECT_EQ(0, InsideHeight() % RowHeight()) << height;
+        EXPECT_GT(InsideHeight(), height - InsideHeight() / RowHeight()) << height;
+        EXPECT_LE(InsideHeight(), height);
+    }
+}
+
+TEST_F(ShownCheckListBox, TicksTheEntryThatWasClickedAlsoWhereThatScrolls) {
+    list_.Attach(window_);
+    const LONG row = RowHeight();
+    Fill(5 * row + row / 2);
+    const auto click = [&](UINT message) {
+        SendMessageW(window_, message, MK_LBUTTON, MAKELPARAM(6, 5 * row + row / 4));
+        SendMessageW(window_, WM_LBUTTONUP, 0, MAKELPARAM(6, 5 * row + row / 4));
+    };
+    click(WM_LBUTTONDOWN);
+    EXPECT_NE(0, SendMessageW(window_, LB_GETTOPINDEX, 0, 0)) << "the list did not scroll";
+    for (int i = 0; i < 20; ++i) {
+        EXPECT_EQ(i == 5, list_.IsTicked(i)) << i;
+    }
+}
+
 }  // namespace
 }  // namespace ambrio

@@ -91,6 +91,13 @@ TEST_F(frmConfigurationTest, AMovedSetStaysInView) {
     EXPECT_EQ(0, list.Send(LB_GETCURSEL));
 }
 
+TEST_F(frmConfigurationTest, TheListEndsOnAWholeRow) {
+    Open();
+    RECT inside = {};
+    GetClientRect(At(IDC_LST_SETS).Handle(), &inside);
+    EXPECT_EQ(0, inside.bottom % At(IDC_LST_SETS).Send(LB_GETITEMHEIGHT));
+}
+
 TEST_F(frmConfigurationTest, AnEmptyListOnlyBeeps) {
     const BeepCounter beeps;
     Open();

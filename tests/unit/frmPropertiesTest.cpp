@@ -92,6 +92,41 @@ TEST_F(frmPropertiesTest, ASchemeThatNoEditAnnouncedIsAppliedWhenItsBoxLosesTheF
     ExpectRules(IDC_OPT_ARCHIVE, {IDC_CHK_DELETE_COPY_ARCHIVE}, {});
 }
 
+TEST_F(frmPropertiesTest, EachOptionHasItsBoxesIndentedBelowIt) {
+    Open(L"");
+    const auto place = [this](int control) {
+        RECT rectangle = {};
+        GetWindowRect(At(control).Handle(), &rectangle);
+        return rectangle;
+    };
+    // The circle of an option is about as wide as its line is high.
+    const auto expectBelow = [&](int control, int above, bool indented) {
+        const RECT upper = place(above);
+        const RECT lower = place(control);
+        EXPECT_GE(lower.top, upper.bottom) << control;
+        EXPECT_LE(lower.top - upper.bottom, upper.bottom - upper.top) << control;
+        const LONG indent = lower.left - place(IDC_OPT_DATE_TIME).left;
+        EXPECT_EQ(indented, indent >= 16) << indent;
+        EXPECT_EQ(indented, indent != 0) << indent;
+    };
+    expectBelow(IDC_OPT_ARCHIVE, IDC_OPT_DATE_TIME, false);
+    expectBelow(IDC_CHK_CLEAR_ARCHIVE, IDC_OPT_ARCHIVE, true);
+    expectBelow(IDC_CHK_DELETE_COPY_ARCHIVE, IDC_CHK_CLEAR_ARCHIVE, true);
+    expectBelow(IDC_OPT_READ_ONLY, IDC_CHK_DELETE_COPY_ARCHIVE, false);
+    expectBelow(IDC_CHK_DELETE_COPY_READ_ONLY, IDC_OPT_READ_ONLY, true);
+}
+
+TEST_F(frmPropertiesTest, TheArrowKeysGoFromOptionToOption) {
+    Open(L"");
+    const auto next = [this](int control, BOOL back) {
+        return GetDlgCtrlID(GetNextDlgGroupItem(form_.Handle(), At(control).Handle(), back));
+    };
+    EXPECT_EQ(IDC_OPT_ARCHIVE, next(IDC_OPT_DATE_TIME, FALSE));
+    EXPECT_EQ(IDC_OPT_READ_ONLY, next(IDC_OPT_ARCHIVE, FALSE));
+    EXPECT_EQ(IDC_OPT_DATE_TIME, next(IDC_OPT_READ_ONLY, FALSE));
+    EXPECT_EQ(IDC_OPT_READ_ONLY, next(IDC_OPT_DATE_TIME, TRUE));
+}
+
 TEST_F(frmPropertiesTest, AnOptionUnticksAndEnablesTheBoxes) {
     Open(L"");
     At(IDC_OPT_ARCHIVE).Click();

@@ -15,7 +15,24 @@ constexpr int kMarginParts = 8;  // the margin is this part of an entry's height
 
 void CheckListBox::Attach(HWND listBox) {
     AttachTo(listBox);
-    boxSize_ = FitEntryHeight(listBox);
+    FitRows();
+}
+
+// The height that whole rows would leave over goes to the rows; what then is left is less than one
+// pixel a row, and the list box does without it.
+void CheckListBox::FitRows() {
+    boxSize_ = FitEntryHeight(Control());
+    const auto least = static_cast<LONG>(SendMessageW(Control(), LB_GETITEMHEIGHT, 0, 0));
+    RECT inside = {};
+    GetClientRect(Control(), &inside);
+    const LONG rows = std::max<LONG>(1, inside.bottom / least);
+    const LONG height = std::max(least, inside.bottom / rows);
+    SendMessageW(Control(), LB_SETITEMHEIGHT, 0, height);
+    RECT place = {};
+    GetWindowRect(Control(), &place);
+    SetWindowPos(Control(), nullptr, 0, 0, place.right - place.left,
+                 place.bottom - place.top - (inside.bottom - rows * height),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void CheckListBox::Add(const std::wstring& name, bool ticked) {
@@ -52,6 +69,9 @@ LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_LBUTTONDBLCLK && (EntryAt(lParam) < 0 || BoxAt(lParam) >= 0)) {
         message = WM_LBUTTONDOWN;
     }
+    // Where the click was meant to go is judged before the list box makes of it what it likes: it
+    // scrolls an entry that is half seen into view.
+    const int box = message == WM_LBUTTONDOWN ? BoxAt(lParam) : -1;
     const LRESULT result =
         message == WM_CHAR && wParam == L' ' ? 0 : PassOn(message, wParam, lParam);
     switch (message) {
@@ -62,7 +82,7 @@ LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             break;
         case WM_LBUTTONDOWN:
-            Toggle(BoxAt(lParam));
+            Toggle(box);
             break;
         case LB_SETITEMDATA: {
             RECT place;

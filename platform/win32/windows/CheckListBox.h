@@ -14,7 +14,8 @@ namespace ambrio {
 // the list box, if it is still there, is an ordinary one again.
 class CheckListBox : private ControlSubclass {
   public:
-    // To be called once, when the list box has its font.
+    // To be called once, when the list box has its font. The list box then ends on a whole row, so
+    // it may become some pixels lower.
     void Attach(HWND listBox);
 
     void Add(const std::wstring& name, bool ticked);
@@ -32,6 +33,7 @@ class CheckListBox : private ControlSubclass {
 
   private:
     LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void FitRows();
     void Toggle(int entry);
     [[nodiscard]] int EntryAt(LPARAM position) const;
     [[nodiscard]] int BoxAt(LPARAM position) const;
