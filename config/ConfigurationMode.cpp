@@ -1,6 +1,7 @@
 #include "config/ConfigurationMode.h"
 
 #include "config/frmConfiguration.h"
+#include "platform/win32/system/ComApartment.h"
 #include "platform/win32/windows/CommonControls.h"
 
 namespace ambrio {
@@ -8,6 +9,7 @@ namespace ambrio {
 void RunConfigurationMode(const Application& application, FileSystem& fileSystem,
                           SettingsStore& settings, const std::wstring& logFile,
                           HINSTANCE instance) {
+    const ComApartment apartment;
     CommonControls::InitClasses(ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES);
     DialogContext context{application, fileSystem, settings, instance, logFile, {}, 0};
     frmConfiguration form(context);

@@ -14,6 +14,7 @@ set(CONFIG_MODEL_SOURCES
 set(CONFIG_WIN32_SOURCES
     config/ConfigurationMode.cpp
     config/DirectoryListBox.cpp
+    config/FolderBox.cpp
     config/Form.cpp
     config/frmAbout.cpp
     config/frmBrowse.cpp

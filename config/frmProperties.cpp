@@ -22,7 +22,9 @@ constexpr std::array<std::pair<int, CopyTypeOption>, 3> kOptions = {{
 
 }  // namespace
 
-frmProperties::frmProperties(DialogContext& context) : Form(context, IDD_PROPERTIES) {}
+frmProperties::frmProperties(DialogContext& context)
+    : Form(context, IDD_PROPERTIES),
+      folderBoxes_{FolderBox(context.Files), FolderBox(context.Files)} {}
 
 void frmProperties::Form_Load() {
     static constexpr std::array<Tip, 15> kTips = {{
@@ -46,6 +48,9 @@ void frmProperties::Form_Load() {
     SetTooltips(kTips);
     for (const int box : {IDC_TXT_SET, IDC_TXT_FOLDER_0, IDC_TXT_FOLDER_1}) {
         Send(box, EM_SETLIMITTEXT);
+    }
+    for (std::size_t i = 0; i < folderBoxes_.size(); ++i) {
+        folderBoxes_[i].Attach(Control(kFolderBoxes[i]));
     }
     for (const Scheme& scheme : kSchemes) {
         Send(IDC_LST_SCHEME, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(scheme.Name));

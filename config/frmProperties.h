@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+
+#include "config/FolderBox.h"
 #include "config/Form.h"
 #include "config/model/CopyRulesFrame.h"
 #include "config/model/SetProperties.h"
@@ -29,6 +32,8 @@ class frmProperties : public Form {
     [[nodiscard]] SetProperties ReadProperties() const;
     void ShowRules(const CopyRulesFrame& rules);
     [[nodiscard]] CopyRulesFrame ReadRules() const;
+
+    std::array<FolderBox, 2> folderBoxes_;  // source, destination
 };
 
 }  // namespace ambrio

@@ -4,6 +4,7 @@
 
 #include "tests/e2e/support/DialogTest.h"
 #include "tests/e2e/support/Files.h"
+#include "tests/support/win32/WindowsFiles.h"
 
 namespace ambrio::e2e {
 namespace {
@@ -87,6 +88,26 @@ TEST_F(KeyboardTest, ConfiguresTwoSetsThatARunThenCopies) {
     }));
     PressKey(VK_SPACE);
     EXPECT_TRUE(Ends());
+}
+
+TEST_F(KeyboardTest, AFolderThatWasBegunIsCompleted) {
+    if (RunsOnWine()) {
+        GTEST_SKIP() << "Wine's shell completes nothing that is typed";
+    }
+    MakeFolders(Folder.Below(L"Begun\\Inner folder"));
+    WriteFileBytes(Folder.Below(L"Begun\\Inner file"), "file");
+    const WindowProbe dialog = OpenProperties(L"S");
+    SetText(dialog, IDC_TXT_FOLDER_0, L"");
+    const std::wstring begun = Folder.Below(L"Begun\\Inn");
+    TypeText(begun.c_str());
+    // The list of what there is comes up when the shell has found it; files are not in it.
+    EXPECT_TRUE(WaitUntil([&] {
+        Press(VK_DOWN);
+        return TextOf(dialog, IDC_TXT_FOLDER_0) == Folder.Below(L"Begun\\Inner folder");
+    }));
+    Press(VK_ESCAPE);
+    EXPECT_TRUE(ClosesByItsBox(dialog));
+    CloseConfiguration();
 }
 
 TEST_F(KeyboardTest, InsertAndDeleteAreNewSetAndRemove) {

@@ -69,6 +69,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/ExtendedPathTest.cpp
     tests/unit/FileIdentityTest.cpp
     tests/unit/FileEntryDataTest.cpp
+    tests/unit/FolderBoxTest.cpp
     tests/unit/FormHelpTest.cpp
     tests/unit/FormPlaceTest.cpp
     tests/unit/FormRoundTripTest.cpp
