@@ -2,13 +2,19 @@
 
 #include <algorithm>
 
-#include "platform/win32/windows/GdiHandles.h"
 #include "platform/win32/windows/ListDrawing.h"
 
 namespace ambrio {
 namespace {
 
 constexpr int kGap = 3;  // pixels around an icon
+
+UniqueFont BoldOf(HFONT font) {
+    LOGFONTW description = {};
+    GetObjectW(font, sizeof(description), &description);
+    description.lfWeight = FW_BOLD;
+    return UniqueFont(CreateFontIndirectW(&description));
+}
 
 bool IsEnter(LPARAM message) {
     const auto* msg = reinterpret_cast<const MSG*>(message);
@@ -20,6 +26,7 @@ bool IsEnter(LPARAM message) {
 void DirectoryListBox::Attach(HWND listBox) {
     AttachTo(listBox);
     iconSize_ = GetSystemMetrics(SM_CXSMICON);
+    bold_ = BoldOf(reinterpret_cast<HFONT>(SendMessageW(listBox, WM_GETFONT, 0, 0)));
     const int boxSize = FitEntryHeight(listBox);
     const LRESULT height = SendMessageW(listBox, LB_GETITEMHEIGHT, 0, 0);
     SendMessageW(listBox, LB_SETITEMHEIGHT, 0,
@@ -34,8 +41,8 @@ void DirectoryListBox::Show(const std::vector<DirectoryRow>& rows, std::size_t o
             SendMessageW(Control(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row.Name.c_str()));
         SendMessageW(Control(), LB_SETITEMDATA, static_cast<WPARAM>(entry), row.Depth);
     }
-    SetScrollWidth(rows);
     openRow_ = static_cast<LRESULT>(openRow);
+    SetScrollWidth(rows);
     SendMessageW(Control(), WM_SETREDRAW, TRUE, 0);
     SendMessageW(Control(), LB_SETTOPINDEX, openRow > 0 ? openRow - 1 : 0, 0);
     SendMessageW(Control(), LB_SETCURSEL, openRow, 0);
@@ -45,16 +52,22 @@ void DirectoryListBox::Show(const std::vector<DirectoryRow>& rows, std::size_t o
 // Deep paths and long names are reached by scrolling; nothing is cut.
 void DirectoryListBox::SetScrollWidth(const std::vector<DirectoryRow>& rows) {
     const WindowDC dc(Control());
-    const SelectedObject font(dc.get(),
-                              reinterpret_cast<HFONT>(SendMessageW(Control(), WM_GETFONT, 0, 0)));
     LONG width = 0;
-    for (const DirectoryRow& row : rows) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const DirectoryRow& row = rows[i];
+        const SelectedObject font(dc.get(), FontOf(i));
         SIZE extent = {};
         GetTextExtentPoint32W(dc.get(), row.Name.c_str(), static_cast<int>(row.Name.size()),
                               &extent);
         width = std::max<LONG>(width, TextLeft(row.Depth) + extent.cx + 2 * kGap);
     }
     SendMessageW(Control(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width), 0);
+}
+
+HFONT DirectoryListBox::FontOf(std::size_t row) const {
+    const bool isOpen = static_cast<LRESULT>(row) == openRow_ && bold_ != nullptr;
+    return isOpen ? bold_.get()
+                  : reinterpret_cast<HFONT>(SendMessageW(Control(), WM_GETFONT, 0, 0));
 }
 
 int DirectoryListBox::TextLeft(int depth) const {
@@ -92,6 +105,7 @@ void DirectoryListBox::Draw(const DRAWITEMSTRUCT& item,
     const LONG iconTop = item.rcItem.top + (item.rcItem.bottom - item.rcItem.top - iconSize_) / 2;
     DrawIconEx(item.hDC, iconLeft, iconTop, row.IsOpen ? icons_.Open() : icons_.Closed(), iconSize_,
                iconSize_, 0, nullptr, DI_NORMAL);
+    const SelectedObject font(item.hDC, FontOf(item.itemID));
     DrawListText(item, text, row.Name);
 }
 

@@ -5,11 +5,13 @@
 #include "config/model/DirectoryTree.h"
 #include "platform/win32/windows/ControlSubclass.h"
 #include "platform/win32/windows/FolderIcons.h"
+#include "platform/win32/windows/GdiHandles.h"
 
 namespace ambrio {
 
 // Shows the rows of a directory tree in an owner-drawn list box (LBS_OWNERDRAWFIXED,
-// LBS_HASSTRINGS), whose entries are the directories' names and whose item data is their depth.
+// LBS_HASSTRINGS), whose entries are the directories' names and whose item data is their depth. The
+// open one is in bold, as it is what is chosen, whatever is highlighted.
 // Enter on another entry than the open one acts as a double-click; on the open one it is left to
 // the dialog. When the object goes, the list box, if it is still there, is an ordinary one again.
 class DirectoryListBox : private ControlSubclass {
@@ -29,7 +31,10 @@ class DirectoryListBox : private ControlSubclass {
     [[nodiscard]] int TextLeft(int depth) const;
     void SetScrollWidth(const std::vector<DirectoryRow>& rows);
 
+    [[nodiscard]] HFONT FontOf(std::size_t row) const;
+
     FolderIcons icons_;
+    UniqueFont bold_;
     int iconSize_ = 0;
     LRESULT openRow_ = 0;
 };

@@ -6,6 +6,7 @@
 #include "config/model/DriveText.h"
 #include "platform/DriveLetter.h"
 #include "platform/win32/files/FullPath.h"
+#include "platform/win32/windows/WaitPointer.h"
 #include "platform/win32/windows/WindowText.h"
 #include "resources/DialogIds.h"
 
@@ -24,6 +25,7 @@ void frmBrowse::Form_Load() {
 }
 
 void frmBrowse::FillDrives() {
+    const WaitPointer pointer;
     drives_ = ListDrives();
     for (const Drive& drive : drives_) {
         const std::wstring text = DriveText(drive);
@@ -101,6 +103,7 @@ void frmBrowse::Dir1_Open() {
 }
 
 void frmBrowse::OpenDirectory(const std::wstring& path) {
+    const WaitPointer pointer;
     tree_.Open(path);
     dir1_.Show(tree_.Rows(), tree_.OpenRow());
 }

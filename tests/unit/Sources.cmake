@@ -66,6 +66,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/BackBufferTest.cpp
     tests/unit/CheckListBoxTest.cpp
     tests/unit/DeepestTreeTest.cpp
+    tests/unit/DirectoryListBoxTest.cpp
     tests/unit/ExtendedPathTest.cpp
     tests/unit/FileIdentityTest.cpp
     tests/unit/FileEntryDataTest.cpp

@@ -1,7 +1,11 @@
 #include "config/frmBrowse.h"
 
+#include <memory>
+#include <vector>
+
 #include "platform/win32/files/FullPath.h"
 #include "resources/DialogIds.h"
+#include "tests/support/ForwardingFileSystem.h"
 #include "tests/unit/FormFixture.h"
 
 namespace ambrio {
@@ -98,6 +102,41 @@ TEST_F(frmBrowseTest, CancelLeavesTheBoxAlone) {
 TEST_F(frmBrowseTest, ShowsTheDriveOfThePlace) {
     Open(data_);
     EXPECT_EQ(0U, At(IDC_DRIVE1).Text().find(here_.substr(0, 2)));
+}
+
+// Notes which pointer is shown while a folder is listed.
+class PointerWatch : public ForwardingFileSystem {
+  public:
+    using ForwardingFileSystem::ForwardingFileSystem;
+
+    std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) override {
+        Seen.push_back(GetCursor());
+        return ForwardingFileSystem::GetFolder(path);
+    }
+
+    std::vector<HCURSOR> Seen;
+};
+
+TEST_F(frmBrowseTest, ShowsTheWaitPointerWhileAFolderIsListedAndNoLonger) {
+    PointerWatch watched{Files};
+    DialogContext context{App, watched, Store, GetModuleHandleW(nullptr), L"", {}, 0};
+    frmBrowse form(context, box_);
+    SetWindowTextW(box_, data_.c_str());
+    const HCURSOR arrow = LoadCursorW(nullptr, IDC_ARROW);
+    const HCURSOR before = SetCursor(arrow);
+    form.Load(nullptr);
+    EXPECT_EQ(arrow, GetCursor());
+    const std::size_t atLoad = watched.Seen.size();
+    EXPECT_GT(atLoad, 0U);
+    const ControlProbe list(form.Handle(), IDC_DIR1);
+    list.Send(LB_SETCURSEL, 2);
+    list.Notify(LBN_DBLCLK);
+    EXPECT_EQ(arrow, GetCursor());
+    SetCursor(before);
+    EXPECT_EQ(atLoad + 1, watched.Seen.size());
+    for (const HCURSOR seen : watched.Seen) {
+        EXPECT_EQ(LoadCursorW(nullptr, IDC_WAIT), seen);
+    }
 }
 
 }  // namespace
