@@ -26,6 +26,10 @@ void Form::OnFailure(const RuntimeError& error) {
     Ask(error.LogText(), context_.App.Title, MB_OK | MB_ICONEXCLAMATION);
 }
 
+void Form::OnSize() {
+    stretch_.OnSize();
+}
+
 void Form::SetTooltip(int control, const std::wstring& text) {
     tooltips_.Set(Control(control), text, PixelsOfUnits(kTooltipUnits, 0).cx);
 }

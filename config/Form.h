@@ -5,6 +5,7 @@
 
 #include "config/DialogContext.h"
 #include "platform/win32/windows/Dialog.h"
+#include "platform/win32/windows/DialogStretch.h"
 #include "platform/win32/windows/Tooltips.h"
 
 namespace ambrio {
@@ -25,11 +26,16 @@ class Form : public Dialog {
         : Dialog(context.Instance, templateId), context_(context) {}
 
     void OnFailure(const RuntimeError& error) override;
+    void OnSize() override;
+    void OnSizeLimits(MINMAXINFO& limits) override { stretch_.OnSizeLimits(limits); }
     void OnHelp() override { ShowHelp(); }
 
     [[nodiscard]] DialogContext& Context() const { return context_; }
     void SetTooltip(int control, const std::wstring& text);
     void SetTooltips(std::span<const Tip> tips);
+    // Lets the controls follow the dialog's size, from that which it has now on. `followers` must
+    // live longer.
+    void Stretch(std::span<const Follower> followers) { stretch_.Attach(Handle(), followers); }
     // Puts the dialog over the middle of the one that opened it.
     void CentreOver(HWND parent);
     // Shows the help file's contents.
@@ -43,6 +49,7 @@ class Form : public Dialog {
   private:
     DialogContext& context_;
     Tooltips tooltips_;
+    DialogStretch stretch_;
 };
 
 }  // namespace ambrio

@@ -1,6 +1,7 @@
 #include "config/frmBrowse.h"
 
 #include <algorithm>
+#include <array>
 
 #include "config/model/DialogTexts.h"
 #include "config/model/DriveText.h"
@@ -16,7 +17,14 @@ frmBrowse::frmBrowse(DialogContext& context, HWND txtFolder)
     : Form(context, IDD_BROWSE), txtFolder_(txtFolder), tree_(context.Files) {}
 
 void frmBrowse::Form_Load() {
+    static constexpr std::array kFollowers = {
+        Follower{.Control = IDC_DRIVE1, .Widens = true},
+        Follower{.Control = IDC_DIR1, .Widens = true, .Heightens = true},
+        Follower{.Control = IDOK, .MovesRight = true, .MovesDown = true},
+        Follower{.Control = IDCANCEL, .MovesRight = true, .MovesDown = true},
+    };
     CentreOver(GetWindow(Handle(), GW_OWNER));
+    Stretch(kFollowers);
     SetCaption(BrowseCaption(Context().CurrentSetName, Context().BrowseIndex));
     dir1_.Attach(Control(IDC_DIR1));
     FillDrives();

@@ -44,7 +44,19 @@ void frmProperties::Form_Load() {
         {IDOK, IDS_TIP_PROPERTIES_OK},
         {IDCANCEL, IDS_TIP_PROPERTIES_CANCEL},
     }};
+    static constexpr std::array kFollowers = {
+        Follower{.Control = IDC_TXT_SET, .Widens = true},
+        Follower{.Control = IDC_TXT_FOLDER_0, .Widens = true},
+        Follower{.Control = IDC_CMD_BROWSE_0, .MovesRight = true},
+        Follower{.Control = IDC_TXT_FOLDER_1, .Widens = true},
+        Follower{.Control = IDC_CMD_BROWSE_1, .MovesRight = true},
+        Follower{.Control = IDC_LST_SCHEME, .Widens = true},
+        Follower{.Control = IDC_FRA_COPY_RULES, .Widens = true},
+        Follower{.Control = IDOK, .MovesRight = true},
+        Follower{.Control = IDCANCEL, .MovesRight = true},
+    };
     CentreOver(GetWindow(Handle(), GW_OWNER));
+    Stretch(kFollowers);
     SetTooltips(kTips);
     for (const int box : {IDC_TXT_SET, IDC_TXT_FOLDER_0, IDC_TXT_FOLDER_1}) {
         Send(box, EM_SETLIMITTEXT);

@@ -61,6 +61,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/windows/CommonControls.cpp
     platform/win32/windows/ControlSubclass.cpp
     platform/win32/windows/Dialog.cpp
+    platform/win32/windows/DialogStretch.cpp
     platform/win32/windows/DialogTemplate.cpp
     platform/win32/windows/FolderIcons.cpp
     platform/win32/windows/FormTimer.cpp

@@ -74,6 +74,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/FormHelpTest.cpp
     tests/unit/FormPlaceTest.cpp
     tests/unit/FormRoundTripTest.cpp
+    tests/unit/FormStretchTest.cpp
     tests/unit/FormTabOrderTest.cpp
     tests/unit/FormTextsTest.cpp
     tests/unit/FormTimerTest.cpp

@@ -147,6 +147,14 @@ INT_PTR Dialog::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_HELP:
             OnHelp();
             return TRUE;
+        case WM_SIZE:
+            if (wParam != SIZE_MINIMIZED) {
+                OnSize();
+            }
+            return FALSE;
+        case WM_GETMINMAXINFO:
+            OnSizeLimits(*reinterpret_cast<MINMAXINFO*>(lParam));
+            return TRUE;
         case WM_DRAWITEM:
             OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
             return TRUE;

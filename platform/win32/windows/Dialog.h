@@ -46,6 +46,10 @@ class Dialog {
     virtual bool OnListKey(int /*control*/, WORD /*key*/) { return false; }
     // F1 was pressed, wherever the focus is.
     virtual void OnHelp() {}
+    // The dialog got another size, after Form_Load and unless it is now an icon.
+    virtual void OnSize() {}
+    // How small and how large the user may make the dialog.
+    virtual void OnSizeLimits(MINMAXINFO& /*limits*/) {}
     // An owner-drawn control wants to be drawn.
     virtual void OnDrawItem(const DRAWITEMSTRUCT& /*item*/) {}
     // A failure that left one of the above, other than Form_Load. The dialog stays.
