@@ -28,6 +28,7 @@ void Form::OnFailure(const RuntimeError& error) {
 
 void Form::OnSize() {
     stretch_.OnSize();
+    tooltips_.Follow();
 }
 
 void Form::SetTooltip(int control, const std::wstring& text) {

@@ -60,6 +60,21 @@ TEST_F(PropertiesTest, ASchemeLocksItsRulesWhichSetMyOwnKeepsAndUnlocks) {
     Cancel(properties);
 }
 
+// Where it is most needed: it tells what the box would do if its rule were chosen.
+TEST_F(PropertiesTest, ADisabledBoxHasItsTooltipToo) {
+    const WindowProbe properties = OpenProperties(L"S");
+    const WindowProbe box = At(properties, IDC_CHK_CLEAR_ARCHIVE);
+    ASSERT_FALSE(box.IsEnabled());
+    const std::wstring tip = L"CAUTION: other backup routines may rely on the archive bit.";
+    EXPECT_TRUE(ShowsTooltip(box, tip));
+    Press(properties, IDC_OPT_ARCHIVE);
+    EXPECT_TRUE(WaitUntil([&] { return box.IsEnabled(); }));
+    EXPECT_TRUE(ShowsTooltip(At(properties, IDC_CHK_RECURSIVE),
+                             L"Backup the contents of all this folders sub-folders"));
+    EXPECT_TRUE(ShowsTooltip(box, tip));
+    Cancel(properties);
+}
+
 TEST_F(PropertiesTest, AnUnknownSchemeIsShownAsSetMyOwn) {
     Settings.Write(L"S", L"Scheme", L"Mirror");
     Settings.Write(L"S", L"CopyType", L"ReadOnly");

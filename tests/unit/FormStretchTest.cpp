@@ -121,6 +121,22 @@ TEST_F(FormStretchTest, TheBrowseDialogGivesItsSizeToTheList) {
                   {IDCANCEL, {40, 90, 0, 0}}});
 }
 
+// The tooltips of disabled controls are shown by the dialog, which must know where they are.
+TEST_F(FormStretchTest, TheTooltipsFollow) {
+    frmProperties form(Context);
+    form.Load(nullptr);
+    Grow(form, 110, 0);
+    TTTOOLINFOW tool = {};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.hwnd = form.Handle();
+    tool.uId = IDCANCEL;
+    ASSERT_NE(0, SendMessageW(form.TooltipWindow(), TTM_GETTOOLINFOW, 0,
+                              reinterpret_cast<LPARAM>(&tool)));
+    EXPECT_EQ(PlaceOf(form, IDCANCEL),
+              (Place{tool.rect.left, tool.rect.top, tool.rect.right - tool.rect.left,
+                     tool.rect.bottom - tool.rect.top}));
+}
+
 TEST_F(FormStretchTest, AWiderListOfSchemesStaysUnselectedAndDropsWhole) {
     frmProperties form(Context);
     form.Load(nullptr);

@@ -1,5 +1,6 @@
 #include "tests/e2e/support/DialogTest.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace ambrio::e2e {
@@ -66,6 +67,19 @@ void DialogTest::SetText(const WindowProbe& dialog, int control, const std::wstr
 
 std::wstring DialogTest::TextOf(const WindowProbe& dialog, int control) {
     return At(dialog, control).Text();
+}
+
+bool DialogTest::ShowsTooltip(const WindowProbe& control, const std::wstring& text) {
+    const POINT place = control.Centre();
+    MovePointerTo({place.x - 2, place.y});
+    MovePointerTo(place);
+    return WaitUntil([&] {
+        const std::vector<WindowProbe> windows = TopLevelWindows(Program().ProcessId());
+        return std::any_of(windows.begin(), windows.end(), [&text](const WindowProbe& window) {
+            return window.ClassName() == TOOLTIPS_CLASSW && window.IsVisible() &&
+                   window.Text() == text;
+        });
+    });
 }
 
 WindowProbe DialogTest::OpenProperties(const std::wstring& set) {

@@ -35,6 +35,9 @@ class DialogTest : public virtual ProgramTest {
     static void SetText(const WindowProbe& dialog, int control, const std::wstring& text);
     [[nodiscard]] static std::wstring TextOf(const WindowProbe& dialog, int control);
 
+    // Rests the pointer on a control and waits until a tooltip says this.
+    [[nodiscard]] bool ShowsTooltip(const WindowProbe& control, const std::wstring& text);
+
     // Opens the properties of a Set, which becomes the only one in the list.
     [[nodiscard]] WindowProbe OpenProperties(const std::wstring& set);
     // Closes the configuration dialog by its box, which must end the program.
