@@ -58,9 +58,9 @@ void frmProperties::Form_Load() {
     CentreOver(GetWindow(Handle(), GW_OWNER));
     Stretch(kFollowers);
     SetTooltips(kTips);
-    for (const int box : {IDC_TXT_SET, IDC_TXT_FOLDER_0, IDC_TXT_FOLDER_1}) {
-        Send(box, EM_SETLIMITTEXT);
-    }
+    Send(IDC_TXT_SET, EM_SETLIMITTEXT, kLongestSetName);
+    Send(IDC_TXT_FOLDER_0, EM_SETLIMITTEXT);
+    Send(IDC_TXT_FOLDER_1, EM_SETLIMITTEXT);
     for (std::size_t i = 0; i < folderBoxes_.size(); ++i) {
         folderBoxes_[i].Attach(Control(kFolderBoxes[i]));
     }

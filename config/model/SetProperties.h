@@ -10,6 +10,9 @@
 
 namespace ambrio {
 
+// The store refuses a longer section, and so a longer name of a Set.
+inline constexpr int kLongestSetName = 255;
+
 // What the properties dialog shows of one Set.
 struct SetProperties {
     std::wstring Name;  // as typed

@@ -114,6 +114,20 @@ TEST_F(PropertiesTest, SavesAnExistingSetUnderItsName) {
     EXPECT_FALSE(Settings.Read(L"S", L"Selected"));
 }
 
+TEST_F(PropertiesTest, ANameIsTypedOnlyAsFarAsTheStoreTakesIt) {
+    const WindowProbe properties = Open(OpenConfiguration(), IDC_CMD_NEW, kNewSet);
+    for (int i = 0; i < 260; ++i) {
+        Tell(At(properties, IDC_TXT_SET), WM_CHAR, L'n');
+    }
+    const std::wstring longest(255, L'n');
+    EXPECT_EQ(TextOf(properties, IDC_TXT_SET), longest);
+    EXPECT_TRUE(Closes(properties, IDOK));
+    EXPECT_TRUE(SetsBecome(WindowTitled(kConfiguration), L">" + longest + L"|"));
+    CloseConfiguration();
+    EXPECT_EQ(Settings.Read(longest, L"Source"), L"C:\\My Documents");
+}
+
+// Such as one that another program puts there.
 TEST_F(PropertiesTest, ANameThatTheStoreRefusesIsReportedAndTheDialogStays) {
     const WindowProbe configuration = OpenConfiguration();
     const WindowProbe properties = Open(configuration, IDC_CMD_NEW, kNewSet);
