@@ -10,11 +10,11 @@ namespace ambrio::e2e {
 namespace {
 
 // Asks for a step as the form's own timer does, and waits until it is done.
-constexpr WPARAM kKeepOnRunninTimer = 2;
+constexpr WPARAM kAnimationTimer = 2;
 
 void StepAnimation(const WindowProbe& form, int steps) {
     for (int i = 0; i < steps; ++i) {
-        if (!form.Send(WM_TIMER, kKeepOnRunninTimer)) {
+        if (!form.Send(WM_TIMER, kAnimationTimer)) {
             throw std::runtime_error("the form does not answer");
         }
     }

@@ -4,27 +4,11 @@
 
 #include "tests/e2e/support/Environment.h"
 #include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/FolderRights.h"
 #include "tests/e2e/support/SaverTest.h"
 
 namespace ambrio::e2e {
 namespace {
-
-// Gives everyone these rights on a folder, and nobody more.
-void SetFolderRights(const std::wstring& folder, DWORD rights) {
-    BYTE sid[SECURITY_MAX_SID_SIZE];
-    DWORD size = sizeof sid;
-    alignas(ACL) BYTE list[256];
-    auto* acl = reinterpret_cast<ACL*>(list);
-    SECURITY_DESCRIPTOR descriptor{};
-    if (CreateWellKnownSid(WinWorldSid, nullptr, sid, &size) == 0 ||
-        InitializeAcl(acl, sizeof list, ACL_REVISION) == 0 ||
-        AddAccessAllowedAce(acl, ACL_REVISION, rights, sid) == 0 ||
-        InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION) == 0 ||
-        SetSecurityDescriptorDacl(&descriptor, TRUE, acl, FALSE) == 0 ||
-        SetFileSecurityW(folder.c_str(), DACL_SECURITY_INFORMATION, &descriptor) == 0) {
-        ThrowWin32Error("setting the rights on a folder");
-    }
-}
 
 // A log that the user of this account may have is kept.
 class LogPlaceTest : public SaverTest {
@@ -67,17 +51,10 @@ class ReadOnlyFolderTest : public LogPlaceTest {
         SetFolderRights(Folder.Path(), FILE_GENERIC_READ | FILE_GENERIC_EXECUTE);
     }
     ~ReadOnlyFolderTest() override { SetFolderRights(Folder.Path(), FILE_ALL_ACCESS); }
-
-    [[nodiscard]] bool IsFolderWritable() const {
-        const std::wstring probe = Folder.Below(L"probe");
-        const bool written = CreateDirectoryW(probe.c_str(), nullptr) != 0;
-        RemoveDirectoryW(probe.c_str());
-        return written;
-    }
 };
 
 TEST_F(ReadOnlyFolderTest, HasTheLogInTheUsersData) {
-    if (IsFolderWritable()) {
+    if (IsFolderWritable(Folder.Path())) {
         GTEST_SKIP() << "nothing is refused to this user";
     }
     ExpectUsersLog();

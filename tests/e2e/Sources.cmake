@@ -5,6 +5,7 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/Environment.cpp
     tests/e2e/support/ExecutableFile.cpp
     tests/e2e/support/Files.cpp
+    tests/e2e/support/FolderRights.cpp
     tests/e2e/support/Handles.cpp
     tests/e2e/support/Holdings.cpp
     tests/e2e/support/Input.cpp

@@ -10,6 +10,7 @@
 #include "tests/e2e/support/CurrentFolder.h"
 #include "tests/e2e/support/DialogTest.h"
 #include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/FolderRights.h"
 #include "tests/e2e/support/TestTree.h"
 #include "tests/e2e/support/Text.h"
 
@@ -140,6 +141,27 @@ TEST_F(WebPageTest, TheAssociatedBrowserDoesNotStart) {
     ExpectBoxes(L"URL Failed", L"Web Page not Opened");
     CloseAll(about);
     EXPECT_FALSE(FileExists(L"~temp.htm"));
+}
+
+// Such as the Windows folder, from which the desktop's settings start the program.
+TEST_F(WebPageTest, ACurrentFolderThatCannotBeWrittenIsNoHindrance) {
+    InstallBrowser();
+    if (IsSkipped()) {
+        return;
+    }
+    CurrentFolder current(Folder.Below(L"Current"));
+    MakeFolders(current.Path());
+    current.Enter();
+    SetFolderRights(current.Path(), FILE_GENERIC_READ | FILE_GENERIC_EXECUTE);
+    if (IsFolderWritable(current.Path())) {
+        SetFolderRights(current.Path(), FILE_ALL_ACCESS);
+        GTEST_SKIP() << "nothing is refused to this user";
+    }
+    const WindowProbe about = OpenAbout();
+    ExpectOpened(about);
+    CloseAll(about);
+    SetFolderRights(current.Path(), FILE_ALL_ACCESS);
+    EXPECT_FALSE(FileExists(Folder.Below(L"Temp\\~temp.htm")));
 }
 
 // So many files of the user's bear the names that the temporary one could have.
