@@ -10,7 +10,8 @@
 namespace ambrio {
 
 // Shows the configuration dialog, modeless and without an owner, handles messages while it is
-// open, and returns when the user has closed it. Throws RuntimeError when the settings cannot be
+// open, and returns when the user has closed it. Where an earlier start has it open, that one comes
+// to the front instead. Throws RuntimeError when the settings cannot be
 // loaded into it (such as a "Selected" text that is no Boolean); nothing is then on the screen.
 // The references must live until it returns; `logFile` is where a run would write its log,
 // `instance` the module that holds the dialogs' resources.

@@ -21,6 +21,7 @@ set(CONFIG_WIN32_SOURCES
     config/frmConfiguration.cpp
     config/frmIncludeExclude.cpp
     config/frmProperties.cpp
+    config/SoleConfiguration.cpp
     config/SystemInformation.cpp
     config/WebLink.cpp
 )
