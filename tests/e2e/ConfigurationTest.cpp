@@ -184,6 +184,26 @@ TEST_F(ConfigurationTest, ShowsTheSettingsOfTheChosenSaver) {
     EXPECT_EQ(Settings.Read(L"General", L"Secondary SS"), name);
 }
 
+TEST_F(ConfigurationTest, SettingsThatCannotBeStartedAreReportedAndTheDialogStays) {
+    const std::wstring broken = Folder.Below(L"broken.scr");
+    WriteFileBytes(broken, "no program");
+    const SystemFile saver(broken, WindowsFolder() + L"\\Ambrio broken saver.scr");
+    if (!saver.IsInstalled()) {
+        GTEST_SKIP() << "the system's folders cannot be written with these rights";
+    }
+    Settings.Write(L"General", L"Secondary SS", L"Ambrio broken saver");
+    const WindowProbe dialog = OpenConfiguration();
+    Press(dialog, IDC_CMD_SETTINGS);
+    const MessageBoxProbe box = WaitForBox();
+    EXPECT_EQ(box.Title(), L"Ambrio");
+    EXPECT_EQ(box.Text(), L"Error 53 - File not found");
+    EXPECT_EQ(box.Icon(), BoxIcon::Exclamation);
+    EXPECT_TRUE(box.Press());
+    EXPECT_TRUE(dialog.IsEnabled());
+    EXPECT_EQ(TextOf(dialog, IDC_CBO_SS), L"Ambrio broken saver");
+    CloseConfiguration();
+}
+
 TEST_F(ConfigurationTest, ASaverInBothFoldersIsTheOneInTheWindowsFolder) {
     const std::wstring name = L"AmbrioStandIn";
     const RegistryTreeGuard standIn(kStandInKey);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/e2e/support/DialogTest.h"
+#include "tests/e2e/support/Text.h"
 
 namespace ambrio::e2e {
 namespace {
@@ -133,7 +134,11 @@ TEST_F(PropertiesTest, ANameThatTheStoreRefusesIsReportedAndTheDialogStays) {
     const WindowProbe properties = Open(configuration, IDC_CMD_NEW, kNewSet);
     SetText(properties, IDC_TXT_SET, std::wstring(300, L'n'));
     Press(properties, IDOK);
-    EXPECT_TRUE(WaitForBox().Press());
+    const MessageBoxProbe box = WaitForBox();
+    EXPECT_EQ(box.Title(), L"Ambrio");
+    EXPECT_TRUE(box.Text().starts_with(L"Error ")) << Utf8(box.Text());
+    EXPECT_EQ(box.Icon(), BoxIcon::Exclamation);
+    EXPECT_TRUE(box.Press());
     EXPECT_TRUE(properties.Exists());
     EXPECT_TRUE(Closes(properties, IDCANCEL));
     EXPECT_TRUE(SetsBecome(configuration, L""));
