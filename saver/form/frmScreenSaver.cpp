@@ -153,6 +153,10 @@ void frmScreenSaver::tmrDoTheBiz_Timer() {
 }
 
 void frmScreenSaver::tmrKeepOnRunnin_Timer() {
+    if (++stepsSinceTold_ >= kStepsPerTelling) {
+        stepsSinceTold_ = 0;
+        panel_->Tell();
+    }
     if (!audience_.IsThere()) {
         return;
     }

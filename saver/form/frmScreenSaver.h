@@ -126,6 +126,7 @@ class frmScreenSaver : public Window, public RunHost {
     FrameAnimation animation_;
     std::unique_ptr<StayAwake> awake_;  // while the run is at work
     std::unique_ptr<AudienceNotices> notices_;
+    int stepsSinceTold_ = 0;
     bool isToBeTopmost_ = false;  // unless others have the keys
     bool haveOthersTheKeys_ = false;
     bool isClosing_ = false;        // an unload is under way

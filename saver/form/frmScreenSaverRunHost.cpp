@@ -39,6 +39,7 @@ void frmScreenSaver::ShowPointer() {
 
 // The last step of the run before its boxes, which may wait for hours; the system may sleep then.
 void frmScreenSaver::LeaveTopmost() {
+    panel_->Tell();
     awake_.reset();
     SetTopmost(false);
 }

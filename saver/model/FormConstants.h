@@ -12,6 +12,10 @@ inline constexpr std::chrono::milliseconds kDoTheBizInterval{150};
 inline constexpr std::chrono::milliseconds kKeepOnRunninInterval{100};
 inline constexpr std::chrono::milliseconds kEndInterval{1000};
 
+// So many steps of the animation lie between two times that the panel tells other programs what it
+// shows: half a second.
+inline constexpr int kStepsPerTelling = 5;
+
 // ShowCursor counts: the pointer is shown until the count is this or more, hidden until it is this
 // or less, so that it stays so whatever else the process or its libraries do.
 inline constexpr int kPointerShownCount = 6;

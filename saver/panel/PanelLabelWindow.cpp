@@ -11,6 +11,7 @@ PanelLabelWindow::PanelLabelWindow(HWND parent, int controlId, const RECT& place
     WindowDesign design = ChildDesign(L"AmbrioPanelLabel", parent, controlId, place);
     design.Text = text_.c_str();
     Create(design);
+    told_ = text_;
 }
 
 PanelLabelWindow::~PanelLabelWindow() {
@@ -20,6 +21,15 @@ PanelLabelWindow::~PanelLabelWindow() {
 void PanelLabelWindow::SetText(const std::wstring& text) {
     text_ = text;
     panel_.TextChanged(controlId_);
+}
+
+void PanelLabelWindow::Tell() {
+    if (text_ == told_ || Handle() == nullptr) {
+        return;
+    }
+    told_ = text_;
+    Window::Receive(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text_.c_str()));
+    NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 LRESULT PanelLabelWindow::CopyText(WPARAM capacity, wchar_t* buffer) const {
@@ -42,7 +52,7 @@ LRESULT PanelLabelWindow::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             Paint([this](HDC target, const RECT&) { panel_.Paint(controlId_, target); });
             return 0;
         // The text is kept here and not by the system, as it changes with every file and the
-        // system's own keeping costs more than drawing it.
+        // system's own keeping costs more than drawing it: the system gets it now and then.
         case WM_SETTEXT:
             SetText(lParam == 0 ? std::wstring() : reinterpret_cast<const wchar_t*>(lParam));
             return TRUE;

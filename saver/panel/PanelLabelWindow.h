@@ -26,6 +26,9 @@ class PanelLabelWindow : public Window {
 
     void SetText(const std::wstring& text);
     [[nodiscard]] const std::wstring& Text() const { return text_; }
+    // Gives the text to the system, which is where other programs find it who do not ask the window
+    // itself, and tells those who listen. Does nothing when that is done already.
+    void Tell();
 
   protected:
     LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -35,6 +38,7 @@ class PanelLabelWindow : public Window {
 
     int controlId_;
     std::wstring text_;
+    std::wstring told_;  // what the system has
     const Panel& panel_;
 };
 

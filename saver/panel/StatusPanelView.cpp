@@ -73,8 +73,15 @@ void StatusPanelView::SetCaption(PanelLabel label, const std::wstring& caption) 
     labels_[IndexOf(label)]->SetText(caption);
 }
 
+void StatusPanelView::Tell() {
+    for (const auto& label : labels_) {
+        label->Tell();
+    }
+}
+
 void StatusPanelView::SetTitle(const std::wstring& caption) {
     SetWindowTextW(Handle(), caption.c_str());
+    NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
     painter_->SetCaption(caption);
     Redraw();
 }

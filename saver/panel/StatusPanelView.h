@@ -35,6 +35,9 @@ class StatusPanelView : public Window, public StatusPanel {
     // The panel's place on the form, in twips.
     [[nodiscard]] const TwipsRect& Place() const { return place_; }
     void Move(int left, int top);
+    // Lets other programs and screen readers know what the labels show. To be called now and then,
+    // as it costs more than drawing them.
+    void Tell();
     // Draws nothing, and lets the clip rest, while nobody can see it; catches up afterwards.
     void SetSeen(bool isSeen);
     // New colours are seen once Redraw is called, so that several changes appear at once.

@@ -57,6 +57,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/LogPlaceTest.cpp
     tests/e2e/NativeSystemTest.cpp
     tests/e2e/OddNamesTest.cpp
+    tests/e2e/OtherProgramsTest.cpp
     tests/e2e/PasswordTest.cpp
     tests/e2e/PreviewTest.cpp
     tests/e2e/PropertiesTest.cpp

@@ -88,6 +88,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/LaunchProgramTest.cpp
     tests/unit/LinkOwnerTest.cpp
     tests/unit/MessageLoopTest.cpp
+    tests/unit/PanelOnlookersTest.cpp
     tests/unit/PointerTest.cpp
     tests/unit/PreviewPictureTest.cpp
     tests/unit/RegistrySettingsStoreTest.cpp

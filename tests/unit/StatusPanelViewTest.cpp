@@ -4,75 +4,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
-#include <utility>
 
-#include "platform/Twips.h"
+#include "tests/unit/PanelFixture.h"
 
 namespace ambrio {
 namespace {
-
-// A hidden form with a panel on it.
-class Panel {
-  public:
-    explicit Panel(int dotsPerInch = 96)
-        : form_(CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1600, 1200, nullptr, nullptr,
-                                nullptr, nullptr)),
-          View(std::make_unique<StatusPanelView>(form_, TwipsPerPixel(dotsPerInch),
-                                                 TwipsPerPixel(dotsPerInch), L"A slogan.",
-                                                 [this] { ++MouseDowns; })) {}
-    ~Panel() {
-        View.reset();
-        CloseForm();
-    }
-    Panel(const Panel&) = delete;
-    Panel& operator=(const Panel&) = delete;
-
-    void CloseForm() { DestroyWindow(std::exchange(form_, nullptr)); }
-
-    [[nodiscard]] HWND Control(PanelControl control) const {
-        if (control == PanelControl::fraStatus) {
-            return View->Handle();
-        }
-        const HWND parent =
-            control == PanelControl::Animation1 ? Control(PanelControl::fraAni) : View->Handle();
-        return GetDlgItem(parent, static_cast<int>(control));
-    }
-
-    // As another program reads it.
-    [[nodiscard]] std::wstring Text(PanelControl control) const {
-        const auto length = SendMessageW(Control(control), WM_GETTEXTLENGTH, 0, 0);
-        std::wstring text(static_cast<std::size_t>(length) + 1, L'#');
-        text.resize(static_cast<std::size_t>(SendMessageW(Control(control), WM_GETTEXT, text.size(),
-                                                          reinterpret_cast<LPARAM>(text.data()))));
-        return text;
-    }
-
-    // In pixels of the parent.
-    [[nodiscard]] RECT Place(PanelControl control) const {
-        RECT place;
-        GetWindowRect(Control(control), &place);
-        MapWindowPoints(nullptr, GetParent(Control(control)), reinterpret_cast<POINT*>(&place), 2);
-        return place;
-    }
-
-    // What the panel looks like at this moment.
-    [[nodiscard]] BackBuffer Picture() const {
-        RECT area;
-        GetClientRect(View->Handle(), &area);
-        BackBuffer picture(area.right, area.bottom);
-        SendMessageW(View->Handle(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(picture.DC()),
-                     PRF_CLIENT);
-        return picture;
-    }
-
-  private:
-    HWND form_;
-
-  public:
-    int MouseDowns = 0;
-    std::unique_ptr<StatusPanelView> View;
-};
 
 struct Place {
     PanelControl Control;
@@ -248,37 +184,6 @@ TEST(StatusPanelView, AlignsEachLabelAsItWasDrawn) {
     }
 }
 
-bool IsSamePicture(const BackBuffer& one, const BackBuffer& other) {
-    for (int y = 0; y < one.Height(); ++y) {
-        for (int x = 0; x < one.Width(); ++x) {
-            if (GetPixel(one.DC(), x, y) != GetPixel(other.DC(), x, y)) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
-
-TEST(StatusPanelView, DrawsNothingWhileNobodySeesItAndCatchesUp) {
-    const Panel panel;
-    const auto change = [&panel](int number) {
-        panel.View->SetCaption(PanelLabel::lblFile, L"file " + std::to_wstring(number));
-        panel.View->SetBackColor({static_cast<std::uint8_t>(number), 10, 30});
-        panel.View->Redraw();
-    };
-    change(1);
-    const BackBuffer seen = panel.Picture();
-    panel.View->SetSeen(false);
-    change(200);
-    EXPECT_TRUE(IsSamePicture(seen, panel.Picture()));
-    EXPECT_EQ(L"file 200", panel.Text(PanelControl::lblFile));
-    panel.View->SetSeen(true);
-    const BackBuffer caughtUp = panel.Picture();
-    EXPECT_FALSE(IsSamePicture(seen, caughtUp));
-    panel.View->Redraw();
-    EXPECT_TRUE(IsSamePicture(caughtUp, panel.Picture()));
-}
-
 TEST(StatusPanelView, TakesItsColours) {
     const Panel panel;
     panel.View->SetBackColor({200, 10, 30});
@@ -365,6 +270,7 @@ TEST(StatusPanelView, OutlivesItsForm) {
     panel.View->ShowCopyFrame(true);
     panel.View->ShowCopyFrame(false);
     panel.View->CloseClip();
+    panel.View->Tell();
     panel.View->Move(15, 15);
 }
 

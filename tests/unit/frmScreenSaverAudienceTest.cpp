@@ -13,7 +13,7 @@
 namespace ambrio {
 namespace {
 
-constexpr WPARAM kRunTimer = 1;
+constexpr WPARAM kDoTheBizTimer = 1;
 constexpr WPARAM kAnimationTimer = 2;
 constexpr UINT kSessionChange = 0x02B1;
 constexpr WPARAM kPowerSettingChange = 0x8013;
@@ -70,7 +70,7 @@ class AudienceTest : public testing::Test {
         SendMessageW(Panel(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
     }
     [[nodiscard]] bool IsAskedToEnd() const { return unloads_ > 0; }
-    void RunToTheEnd() const { Send(WM_TIMER, kRunTimer); }
+    void RunToTheEnd() const { Send(WM_TIMER, kDoTheBizTimer); }
 
     [[nodiscard]] HWND Panel() const {
         return GetDlgItem(form_->Handle(), static_cast<int>(PanelControl::fraStatus));

@@ -13,6 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr WPARAM kRunTimer = 1;
 constexpr WPARAM kEndTimer = 3;
 
 // The form, which only counts how often it would have ended the program.
@@ -56,6 +57,17 @@ TEST_F(frmScreenSaverTest, TheEndTimerEndsTheProgramAtOnceAndOnlyWhileItIsEnable
     EXPECT_EQ(1, form_->Ends);
     EXPECT_EQ(0, unloads_);
     EXPECT_NE(nullptr, form_->Handle());
+}
+
+// Not only with the next step of the animation, of which there may be none any more.
+TEST_F(frmScreenSaverTest, TellsOtherProgramsTheLastStateOfThePanelWhenTheRunEnds) {
+    settings_.Values[{L"General", L"Sets"}] = L"A";
+    settings_.Values[{L"A", L"Selected"}] = L"False";
+    SendMessageW(form_->Handle(), WM_TIMER, kRunTimer, 0);
+    const HWND panel = GetDlgItem(form_->Handle(), static_cast<int>(PanelControl::fraStatus));
+    wchar_t text[100] = L"";
+    InternalGetWindowText(GetDlgItem(panel, static_cast<int>(PanelControl::lblSet)), text, 100);
+    EXPECT_STREQ(L"<All sets processed>", text);
 }
 
 TEST_F(frmScreenSaverTest, SaysOnceThatItHasUnloaded) {
