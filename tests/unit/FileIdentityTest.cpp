@@ -15,6 +15,7 @@ namespace {
 // What the system answers in the place of the truth.
 struct IdentityAnswers {
     bool NumbersNothing = false;
+    int Questions = 0;
     const wchar_t* Disk = L"\\\\?\\Volume{11111111-2222-3333-4444-555555555555}\\";
 };
 
@@ -61,7 +62,9 @@ class Win32FileIdentityTest : public testing::Test {
                 FromSystem<decltype(GetFinalPathNameByHandleW)>("GetFinalPathNameByHandleW");
             return system(file, text, size, kind);
         }
-        const std::wstring path = *answers_.Disk == 0 ? L"" : answers_.Disk + std::wstring(L"a");
+        // Each time another place on the disk.
+        const std::wstring place = std::to_wstring(++answers_.Questions);
+        const std::wstring path = *answers_.Disk == 0 ? L"" : answers_.Disk + place;
         const auto length = static_cast<DWORD>(path.size());
         if (length >= size) {
             return length + 1;
