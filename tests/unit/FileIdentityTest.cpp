@@ -16,6 +16,7 @@ namespace {
 struct IdentityAnswers {
     bool NumbersNothing = false;
     int Questions = 0;
+    std::wstring Path = {};  // empty: the true one
     const wchar_t* Disk = L"\\\\?\\Volume{11111111-2222-3333-4444-555555555555}\\";
 };
 
@@ -57,6 +58,10 @@ class Win32FileIdentityTest : public testing::Test {
         return done;
     }
     static DWORD WINAPI FinalPath(HANDLE file, LPWSTR text, DWORD size, DWORD kind) {
+        if (kind != VOLUME_NAME_GUID && !answers_.Path.empty()) {
+            std::memcpy(text, answers_.Path.c_str(), (answers_.Path.size() + 1) * sizeof(wchar_t));
+            return static_cast<DWORD>(answers_.Path.size());
+        }
         if (kind != VOLUME_NAME_GUID) {
             const auto system =
                 FromSystem<decltype(GetFinalPathNameByHandleW)>("GetFinalPathNameByHandleW");
@@ -101,6 +106,16 @@ TEST_F(Win32FileIdentityTest, GoesByTheFinalPathWhereNothingIsNumbered) {
     EXPECT_EQ(file, Identity(World.Root() + L"\\.\\x\\..\\FILE"));
     EXPECT_NE(file, Identity(Other));
     EXPECT_NE(file, Identity(World.Root()));
+}
+
+// The server's name may be written in any case.
+TEST_F(Win32FileIdentityTest, TakesTwoSpellingsOfAFinalPathForOne) {
+    answers_.NumbersNothing = true;
+    answers_.Path = L"\\\\?\\UNC\\Server\\Share\\\u00dcber";
+    const auto file = Identity(File);
+    ASSERT_TRUE(file);
+    answers_.Path = L"\\\\?\\UNC\\SERVER\\share\\\u00fcber";
+    EXPECT_EQ(file, Identity(Other));
 }
 
 }  // namespace
