@@ -36,7 +36,9 @@ void DestinationListing::Add(const FileEntry& entry) {
     Copy copy{entry.Name, entry.Attributes, entry.DateLastModified, true};
     const auto [place, isFirst] =
         copies_.try_emplace(fileSystem_.FoldedName(entry.Name), std::move(copy));
-    place->second.IsCertain = isFirst;
+    if (!isFirst) {
+        place->second.IsCertain = false;
+    }
     if (IsTemporaryName(entry.Name)) {
         leftovers_.push_back(entry.Name);
     }

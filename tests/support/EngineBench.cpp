@@ -47,8 +47,10 @@ std::vector<std::wstring> EngineBench::Log() {
     for (std::size_t start = 0; start < content.size();) {
         const std::size_t end = content.find("\r\n", start);
         const std::size_t stop = end == std::string::npos ? content.size() : end;
-        lines.emplace_back(content.begin() + static_cast<std::ptrdiff_t>(start),
-                           content.begin() + static_cast<std::ptrdiff_t>(stop));
+        std::wstring& line = lines.emplace_back();
+        for (const char byte : content.substr(start, stop - start)) {
+            line += static_cast<unsigned char>(byte);
+        }
         start = stop + 2;
     }
     return lines;

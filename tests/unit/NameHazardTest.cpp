@@ -185,11 +185,12 @@ TEST_F(NameHazard, ANameThatLeadsElsewhereIsReportedAndPassedOver) {
 
 TEST_F(NameHazard, ASetWhoseTextsHoldLineBreaksWritesNoLinesOfItsOwn) {
     Bench.Settings.Values.clear();
-    Bench.AddSet(L"S\r\nAmbrio completed", L"C:\\No\nwhere\x85!\u2028!", L"C:\\Copies");
+    Bench.AddSet(L"S\r\nAmbrio completed", L"C:\\No\nwhere\x85!\u2028!\u2029 \x1f\x9f\u00a0~",
+                 L"C:\\Copies");
     Run();
-    EXPECT_TRUE(
-        Bench.HasLog({L"'S??Ambrio completed' start", L"Error <C:\\No?where?!?!> does not exist.",
-                      L"'S??Ambrio completed' complete"}))
+    EXPECT_TRUE(Bench.HasLog({L"'S??Ambrio completed' start",
+                              L"Error <C:\\No?where?!?!? ??\u00a0~> does not exist.",
+                              L"'S??Ambrio completed' complete"}))
         << testing::PrintToString(Bench.Log());
 }
 
