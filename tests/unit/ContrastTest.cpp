@@ -32,6 +32,13 @@ TEST(LabelColours, LeaveThePlateInTheFramesColourWhereThatIsReadable) {
     EXPECT_NE(LabelColoursOn({0, 200, 0}).Plate, (Colour{0, 200, 0}));
 }
 
+TEST(LabelColours, GiveThePlateTheFramesTint) {
+    const Colour plate = LabelColoursOn({10, 200, 90}).Plate;
+    EXPECT_NE(plate, (Colour{10, 200, 90}));
+    EXPECT_LT(plate.Red, plate.Blue);
+    EXPECT_LT(plate.Blue, plate.Green);
+}
+
 TEST(LabelColours, AreReadableOnEveryFrameColour) {
     for (int code = 0; code < 52 * 52 * 52; ++code) {
         const auto component = [](int part) { return static_cast<std::uint8_t>(part % 52 * 5); };

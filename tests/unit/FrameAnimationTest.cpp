@@ -25,6 +25,21 @@ TEST(FrameAnimation, ColoursMovesAndDrawsWithItsFirstStep) {
     EXPECT_FALSE(frame.Lines.empty());
 }
 
+TEST(FrameAnimation, ChangesItsColourTwiceASecond) {
+    RecordingFrame frame(kPanelSize, kFormSize);
+    FrameAnimation animation(5);
+    int changes = 0;
+    for (int step = 0; step < 500; ++step) {
+        const Colour before = frame.BackColor;
+        animation.Step(frame, {});
+        if (frame.BackColor != before) {
+            ++changes;
+            EXPECT_TRUE(step == 0 || step % 5 == 4) << step;
+        }
+    }
+    EXPECT_GT(changes, 80);
+}
+
 TEST(FrameAnimation, LooksTheSameWithTheSameSeedAndDifferentWithAnother) {
     const RecordingFrame one = Animated(1, 300);
     EXPECT_EQ(one.Lines, Animated(1, 300).Lines);

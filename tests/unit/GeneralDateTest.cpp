@@ -32,6 +32,7 @@ TEST(GeneralDate, ReadsOtherFormsOfADate) {
     EXPECT_EQ(afternoon, DateFromText(L"11-21-2026 3:49 pm"));
     EXPECT_EQ(afternoon, DateFromText(L" 11/21/2026  3:49:00 PM "));
     EXPECT_EQ((DateTime{226, 11, 21, 15, 49, 0}), DateFromText(L"11/21/226 3:49 PM"));
+    EXPECT_EQ((DateTime{100, 1, 2, 3, 4, 0}), DateFromText(L"1/2/100 3:04"));
 }
 
 TEST(GeneralDate, ReadsNoDateOutOfOtherTexts) {

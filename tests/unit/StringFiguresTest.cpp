@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "saver/animation/ColourFamily.h"
 #include "saver/animation/LightBuffer.h"
 #include "saver/animation/LineSet.h"
 #include "tests/support/RecordingFrame.h"
@@ -13,32 +12,6 @@ namespace ambrio {
 namespace {
 
 constexpr Colour kFrame{60, 120, 200};
-
-TEST(LineColour, IsBrightOnEveryFrameColour) {
-    for (const Colour frame : {Colour{}, Colour{255, 255, 255}, Colour{0, 9, 0}, kFrame}) {
-        for (const double place : {-1.0, 0.0, 1.0}) {
-            const Colour line = LineColour(frame, place);
-            EXPECT_EQ(std::max({line.Red, line.Green, line.Blue}), 255);
-            EXPECT_LT(std::min({line.Red, line.Green, line.Blue}), 170);
-        }
-    }
-}
-
-TEST(LineColour, IsDimmedByStrength) {
-    EXPECT_EQ(Dimmed(kFrame, 1), kFrame);
-    EXPECT_EQ(Dimmed(kFrame, 0.5), (Colour{30, 60, 100}));
-    EXPECT_EQ(Dimmed(kFrame, 0), Colour{});
-}
-
-TEST(LineColour, KeepsToTheFramesHue) {
-    const Colour red = LineColour({200, 10, 10}, 0);
-    EXPECT_GT(red.Red, red.Green);
-    EXPECT_EQ(red.Green, red.Blue);
-    const Colour blue = LineColour({10, 10, 90}, 0);
-    EXPECT_GT(blue.Blue, blue.Red);
-    EXPECT_GT(LineColour({200, 10, 10}, 1).Green, red.Green) << "towards yellow";
-    EXPECT_GT(LineColour({200, 10, 10}, -1).Blue, red.Blue) << "towards magenta";
-}
 
 // The share of pixels that show any light, and how much light they show, both in percent.
 struct Coverage {

@@ -17,6 +17,8 @@ TEST(Val, ReadsTheNumberAtTheStart) {
     EXPECT_EQ(1.2, Val(L"1.2.3"));
     EXPECT_EQ(1200, Val(L"1.2e3"));
     EXPECT_EQ(1200, Val(L"1.2D+3"));
+    EXPECT_EQ(0.034, Val(L"3.4d-2"));
+    EXPECT_EQ(56, Val(L"5.6E1"));
     EXPECT_EQ(12, Val(L"12e"));
 }
 
