@@ -41,8 +41,6 @@ std::int32_t FrameMotion::Axis::Step(double pace, std::int32_t room) {
         Position = 2 * highest - Position;
         Speed = -std::fabs(Speed);
     }
-    // Where there is less room than a step is long.
-    Position = std::clamp(Position, lowest, highest);
     const double wholePixels = std::round(Position / PixelTwips) * PixelTwips;
     return static_cast<std::int32_t>(std::clamp(wholePixels, lowest, highest));
 }

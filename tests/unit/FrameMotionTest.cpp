@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "tests/support/RecordingFrame.h"
 
@@ -80,6 +81,38 @@ TEST(FrameMotion, StartsWhereTheFrameIs) {
     motion.Step(frame, 1);
     EXPECT_NEAR(frame.Left(), 4500, 45);
     EXPECT_NEAR(frame.Top(), 3000, 45);
+}
+
+// The way that one step takes the frame, in twips, on a form of this size.
+double Stride(RecordingFrame::Size form) {
+    constexpr int kSteps = 20;
+    RecordingFrame frame({100, 100}, form);
+    const std::int32_t middle = std::min(form.Width, form.Height) / 2;
+    frame.Move(middle, middle);
+    Random random(11);
+    FrameMotion motion(frame, 1, 1, random);
+    for (int i = 0; i < kSteps; ++i) {
+        motion.Step(frame, 1);
+    }
+    return std::hypot(frame.Left() - middle, frame.Top() - middle) / kSteps;
+}
+
+TEST(FrameMotion, CrossesFormsOfAnySizeInLikeTimesButIsNeitherHastyNorStill) {
+    EXPECT_NEAR(Stride({15360, 11520}), 11520 / 450.0, 0.2);
+    EXPECT_NEAR(Stride({9000, 12000}), 9000 / 450.0, 0.2);
+    EXPECT_NEAR(Stride({57600, 32400}), 32, 0.2);
+    EXPECT_NEAR(Stride({2280, 1680}), 10, 0.2);
+}
+
+TEST(FrameMotion, LiesOnWholePixels) {
+    RecordingFrame frame({1500, 480}, {1500 + 300, 480 + 450});
+    Random random(13);
+    FrameMotion motion(frame, 15, 15, random);
+    for (int i = 0; i < 500; ++i) {
+        motion.Step(frame, 1);
+        ASSERT_EQ(frame.Left() % 15, 0) << i;
+        ASSERT_EQ(frame.Top() % 15, 0) << i;
+    }
 }
 
 TEST(FrameMotion, MovesByAFewPixelsAtEveryStep) {

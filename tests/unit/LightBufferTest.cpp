@@ -187,5 +187,15 @@ TEST_F(LightBufferTest, SetShowsTheNextLinesAndNoOthers) {
     EXPECT_TRUE(IsBlack());
 }
 
+TEST_F(LightBufferTest, SetTurnsTwipsIntoPixelsAcrossAndDownEachByItsOwnMeasure) {
+    buffer_.Change({Units(10), Units(30), Units(40), Units(90)}, kDark, kLight);
+    const auto wanted = pixels_;
+    buffer_.Change({Units(10), Units(30), Units(40), Units(90)}, kLight, kDark);
+    ASSERT_TRUE(IsBlack());
+    const Line line{200, 360, 800, 1080, kLight};
+    LineSet(20, 12).Show(std::span(&line, 1), buffer_);
+    EXPECT_EQ(pixels_, wanted);
+}
+
 }  // namespace
 }  // namespace ambrio
