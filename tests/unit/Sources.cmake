@@ -54,6 +54,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/SetListTest.cpp
     tests/unit/SetLoopTest.cpp
     tests/unit/SetPropertiesTest.cpp
+    tests/unit/StringFigureTest.cpp
     tests/unit/StringFiguresTest.cpp
     tests/unit/TemporaryNameTest.cpp
     tests/unit/ValTest.cpp
