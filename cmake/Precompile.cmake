@@ -1,5 +1,6 @@
 # Headers that hardly ever change and that most sources include are read once for all of them. They
-# are still included where they are used: the header check and clang-tidy go without this.
+# are still included where they are used: in the Windows builds the rooms find nothing precompiled
+# but what they include anyway, and so do the headers in their check; clang-tidy goes without.
 set(STANDARD_HEADERS
     <algorithm>
     <array>
@@ -15,7 +16,41 @@ set(STANDARD_HEADERS
     <utility>
     <vector>
 )
-set(WINDOWS_HEADERS ${CMAKE_SOURCE_DIR}/platform/win32/WindowsHeaders.h)
+set(WINDOWS_HEADERS platform/win32/WindowsHeaders.h)
+
+# ambrio_reached(RESULT FILE): the headers that a file of the project includes, itself or by headers of
+# the project, as they are written: <string>, platform/win32/WindowsHeaders.h.
+function(ambrio_reached result file)
+  get_property(known GLOBAL PROPERTY AMBRIO_REACHED_${file} SET)
+  if(NOT known)
+    set_property(GLOBAL PROPERTY AMBRIO_REACHED_${file} "")
+    set(reached)
+    file(STRINGS ${CMAKE_SOURCE_DIR}/${file} lines REGEX "^#include [<\"]")
+    foreach(line IN LISTS lines)
+      string(REGEX REPLACE "^#include \"?([^\" ]+).*" "\\1" header "${line}")
+      list(APPEND reached ${header})
+      if(EXISTS ${CMAKE_SOURCE_DIR}/${header})
+        ambrio_reached(further ${header})
+        list(APPEND reached ${further})
+      endif()
+    endforeach()
+    list(REMOVE_DUPLICATES reached)
+    set_property(GLOBAL PROPERTY AMBRIO_REACHED_${file} "${reached}")
+  endif()
+  get_property(reached GLOBAL PROPERTY AMBRIO_REACHED_${file})
+  set(${result} ${reached} PARENT_SCOPE)
+endfunction()
+
+# ambrio_reaches(RESULT FILE HEADER...): whether a file reaches all of these headers.
+function(ambrio_reaches result file)
+  ambrio_reached(reached ${file})
+  set(${result} TRUE PARENT_SCOPE)
+  foreach(header IN LISTS ARGN)
+    if(NOT header IN_LIST reached)
+      set(${result} FALSE PARENT_SCOPE)
+    endif()
+  endforeach()
+endfunction()
 
 # ambrio_precompile(NAME LINKS TARGET... HEADERS HEADER...): what the targets that are compiled with
 # these settings may use.
@@ -25,17 +60,24 @@ function(ambrio_precompile name)
   file(CONFIGURE OUTPUT ${nothing} CONTENT "")
   add_library(ambrio_precompiled_${name} OBJECT EXCLUDE_FROM_ALL ${nothing})
   target_link_libraries(ambrio_precompiled_${name} PRIVATE ${PRECOMPILE_LINKS})
+  list(TRANSFORM PRECOMPILE_HEADERS REPLACE "^([^<].*)" "${CMAKE_SOURCE_DIR}/\\1")
   target_precompile_headers(ambrio_precompiled_${name} PRIVATE ${PRECOMPILE_HEADERS})
 endfunction()
 
 # Rooms use the standard library's only in native builds. In optimised ones GCC 12 takes empty wide
-# literals for too small when it has precompiled the header of wmemcpy, as the system's headers
-# bring it too; the win64 build goes without and is warned where there is reason.
+# literals for too small when it has precompiled <string> with the system's wmemcpy.
 function(ambrio_use_precompiled target name)
-  if(AMBRIO_PRECOMPILE AND TARGET ambrio_precompiled_${name})
+  if(TARGET ambrio_precompiled_${name})
     target_precompile_headers(${target} REUSE_FROM ambrio_precompiled_${name})
-    if(name STREQUAL "windows")
-      target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overread)
-    endif()
+  endif()
+  if(name STREQUAL "windows")
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "\\.cpp$")
+    foreach(source IN LISTS sources)
+      ambrio_reaches(reaches ${source} ${WINDOWS_HEADERS})
+      if(NOT reaches)
+        set_source_files_properties(${source} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+      endif()
+    endforeach()
   endif()
 endfunction()
