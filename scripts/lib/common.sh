@@ -5,17 +5,18 @@ set -euo pipefail
 
 AMBRIO_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 AMBRIO_BUILD=$AMBRIO_ROOT/build
+AMBRIO_CHECK=$AMBRIO_BUILD/check-underway # says what scripts/check looks at, or looked at last
 
 # One line a step, with the seconds since the first of the scripts that call each other was started.
 export AMBRIO_STARTED=${AMBRIO_STARTED:-$EPOCHSECONDS}
 step() { printf '[%3ds] %s\n' "$((EPOCHSECONDS - AMBRIO_STARTED))" "$*"; }
 
 # timed NAME COMMAND...: runs a step and keeps for show_times how long it took and how much work the
-# processors had with it.
+# processors had with it, also when it fails.
 timed() {
     local TIMEFORMAT="$1|%R|%U|%S"
     shift
-    { time "$@" 2>&3; } 3>&2 2>>"$AMBRIO_TIMES"
+    { time ("$@" 2>&3); } 3>&2 2>>"$AMBRIO_TIMES"
 }
 
 # Begins the record anew; a script that is called by another adds to that one's.

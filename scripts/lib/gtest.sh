@@ -61,7 +61,7 @@ tests_count() {
     TESTS_SKIPPED=$((TESTS_SKIPPED + skipped))
     step "$name: $passed passed, $failed failed, $skipped skipped"
     if [ "$failed" != 0 ]; then
-        grep -vE '^\[( RUN      |       OK |----------)' "$log" | tail -n 80
+        { grep -vE '^\[( RUN      |       OK |----------)' "$log" || echo "it has said nothing"; } | tail -n 80
     fi
     # Tables that a test draws up.
     grep -E '^\| ' "$log" | tr -d '\r' || true
