@@ -7,6 +7,7 @@
 #include "app/preview/frmControl.h"
 #include "config/ConfigurationMode.h"
 #include "engine/LogPath.h"
+#include "platform/CopyWatch.h"
 #include "platform/FileSystem.h"
 #include "platform/Rounding.h"
 #include "platform/win32/files/Win32FileSystem.h"
@@ -25,10 +26,11 @@ class Program : public Modes {
   public:
     // Nothing is owned; everything must live longer.
     Program(HINSTANCE instance, const Application& application, FileSystem& fileSystem,
-            SettingsStore& settings, Clock& clock)
+            CopyWatch& copyWatch, SettingsStore& settings, Clock& clock)
         : instance_(instance),
           application_(application),
           fileSystem_(fileSystem),
+          copyWatch_(copyWatch),
           settings_(settings),
           clock_(clock) {}
 
@@ -40,8 +42,8 @@ class Program : public Modes {
         return FindWindowW(nullptr, title.c_str()) == nullptr;
     }
     void ShowScreenSaver() override {
-        screenSaver_ = std::make_unique<frmScreenSaver>(application_, fileSystem_, settings_,
-                                                        clock_, EndMessageLoop);
+        screenSaver_ = std::make_unique<frmScreenSaver>(application_, fileSystem_, copyWatch_,
+                                                        settings_, clock_, EndMessageLoop);
         screenSaver_->Show();
     }
     void LoadPreview() override {
@@ -58,6 +60,7 @@ class Program : public Modes {
     HINSTANCE instance_;
     const Application& application_;
     FileSystem& fileSystem_;
+    CopyWatch& copyWatch_;
     SettingsStore& settings_;
     Clock& clock_;
     std::unique_ptr<frmScreenSaver> screenSaver_;
@@ -82,11 +85,12 @@ Application ReadApplication(const std::wstring& commandLine) {
 }  // namespace
 
 void Main(HINSTANCE instance, const std::wstring& commandLine) {
-    Win32FileSystem fileSystem;
+    CopyWatch copyWatch;
+    Win32FileSystem fileSystem(copyWatch);
     Application application = ReadApplication(commandLine);
     RegistrySettingsStore settings(application.Title);
     Win32Clock clock;
-    Program program(instance, application, fileSystem, settings, clock);
+    Program program(instance, application, fileSystem, copyWatch, settings, clock);
     EnterMode(application, program);
     if (program.HasLoadedForms()) {
         RunMessageLoop();

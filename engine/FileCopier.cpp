@@ -133,6 +133,7 @@ void FileCopier::Copy(const File& file) {
     {
         const Counted attempt(run_.State.FilesCopied);  // as above
         {
+            run_.Signals.CopiedFile = file.Name;
             const Raised inProgress(run_.Signals.CopyInProgress);
             CopyContent(file);
             // Wanted: the bit is cleared after a failed copy too.

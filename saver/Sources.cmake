@@ -18,6 +18,7 @@ set(SAVER_MODEL_SOURCES
     saver/model/DesktopSettings.cpp
     saver/model/Ellipsis.cpp
     saver/model/InputRules.cpp
+    saver/model/WaitText.cpp
 )
 
 set(SAVER_WIN32_SOURCES
@@ -26,10 +27,13 @@ set(SAVER_WIN32_SOURCES
     saver/form/AudienceNotices.cpp
     saver/form/frmScreenSaver.cpp
     saver/form/frmScreenSaverAudience.cpp
+    saver/form/frmScreenSaverLetGo.cpp
     saver/form/frmScreenSaverLoad.cpp
     saver/form/frmScreenSaverRunHost.cpp
     saver/form/frmScreenSaverUnload.cpp
     saver/form/Pointer.cpp
+    saver/form/SecureDesktop.cpp
+    saver/form/WaitPlate.cpp
     saver/form/Windows9x.cpp
     saver/panel/CopyFrame.cpp
     saver/panel/PanelFrame.cpp

@@ -33,7 +33,10 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4)
 endif()
 add_library(StandInSystem MODULE ${E2E_STANDIN_SYSTEM_SOURCES})
 set_target_properties(StandInSystem PROPERTIES PREFIX "")
-add_dependencies(e2e_tests Ambrio StandInSaver StandInPassword StandInSystem WindowsFiles)
+add_library(StandInFiles MODULE ${E2E_STANDIN_FILES_SOURCES})
+set_target_properties(StandInFiles PROPERTIES PREFIX "")
+add_dependencies(e2e_tests Ambrio StandInSaver StandInPassword StandInSystem StandInFiles
+                           WindowsFiles)
 
 # What brings the animation to a step of which a picture is wanted (scripts/screenshots), and what
 # shows such a dialog (scripts/dialog-screenshots).
@@ -41,7 +44,7 @@ add_executable(StepForPicture ${E2E_PICTURE_SOURCES})
 add_executable(DialogForPicture ${AMBRIO_RESOURCES} ${E2E_DIALOG_PICTURE_SOURCES})
 target_link_libraries(DialogForPicture PRIVATE ambrio_config)
 
-foreach(program StandInSaver StandInPassword StandInSystem StepForPicture DialogForPicture)
+foreach(program StandInSaver StandInPassword StandInSystem StandInFiles StepForPicture DialogForPicture)
   target_link_libraries(${program} PRIVATE ambrio_test_settings)
   ambrio_use_precompiled(${program} windows_tests)
 endforeach()

@@ -21,11 +21,12 @@ int YOf(LPARAM position) {
 }  // namespace
 
 frmScreenSaver::frmScreenSaver(const Application& application, FileSystem& fileSystem,
-                               SettingsStore& settings, Clock& clock,
+                               CopyWatch& copyWatch, SettingsStore& settings, Clock& clock,
                                std::function<void()> unloaded)
     : tmrEnd_(kEndTimer, kEndInterval),
       application_(application),
       fileSystem_(fileSystem),
+      copyWatch_(copyWatch),
       settings_(settings),
       clock_(clock),
       unloaded_(std::move(unloaded)),
@@ -62,7 +63,7 @@ LRESULT frmScreenSaver::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             return Window::Receive(message, wParam, lParam);
         case WM_DISPLAYCHANGE:
-            if (!StaysOrdinaryWindow(application_.CommandLine)) {
+            if (!StaysOrdinaryWindow(application_.CommandLine) && !hasLetGo_) {
                 SetMaxSize();
             }
             mouseMoveRule_.Forget();  // the system puts the pointer elsewhere
@@ -115,6 +116,9 @@ void frmScreenSaver::InputRule() {
     signals_.Interrupted = true;
     if (signals_.RunFinished) {
         Unload();
+    } else {
+        LetGo();
+        AskForPatience();
     }
 }
 
@@ -144,7 +148,7 @@ void frmScreenSaver::tmrDoTheBiz_Timer() {
         return;
     }
     tmrDoTheBiz_.SetEnabled(false);
-    tmrKeepOnRunnin_.SetEnabled(true);
+    tmrKeepOnRunnin_.SetEnabled(!hasLetGo_);
     signals_.RunStarted = true;
     awake_ = std::make_unique<StayAwake>();
     run_->DoTheBiz();
@@ -169,6 +173,7 @@ void frmScreenSaver::tmrKeepOnRunnin_Timer() {
     inputs.PixelTwipsY = application_.PixelTwipsY;
     animation_.Step(*frame_, inputs);
     frame_->Present();
+    AskForPatience();
 }
 
 }  // namespace ambrio

@@ -11,6 +11,7 @@
 #include "engine/RunSignals.h"
 #include "platform/Application.h"
 #include "platform/Clock.h"
+#include "platform/CopyWatch.h"
 #include "platform/DriveReconnection.h"
 #include "platform/FileSystem.h"
 #include "platform/SettingsStore.h"
@@ -22,6 +23,7 @@
 #include "saver/LineCanvas.h"
 #include "saver/animation/FrameAnimation.h"
 #include "saver/form/AudienceNotices.h"
+#include "saver/form/WaitPlate.h"
 #include "saver/model/Audience.h"
 #include "saver/model/DesktopSettings.h"
 #include "saver/model/InputRules.h"
@@ -38,10 +40,10 @@ namespace ambrio {
 // unloads when the run has returned.
 class frmScreenSaver : public Window, public RunHost {
   public:
-    // Everything passed in must live longer than the form. `unloaded` is called once, on this
-    // thread.
-    frmScreenSaver(const Application& application, FileSystem& fileSystem, SettingsStore& settings,
-                   Clock& clock, std::function<void()> unloaded);
+    // Everything passed in must live longer than the form. `copyWatch` is that of the file system.
+    // `unloaded` is called once, on this thread.
+    frmScreenSaver(const Application& application, FileSystem& fileSystem, CopyWatch& copyWatch,
+                   SettingsStore& settings, Clock& clock, std::function<void()> unloaded);
     ~frmScreenSaver() override;
 
     // Loads the form and shows it. Throws RuntimeError when a desktop setting is out of range.
@@ -93,6 +95,11 @@ class frmScreenSaver : public Window, public RunHost {
     void AudienceChanges(const AudienceNotice& notice);
     void PointerIsOverChild();
 
+    // A touch during a run (frmScreenSaverLetGo.cpp).
+    void LetGo();
+    [[nodiscard]] bool Stays() const;
+    void AskForPatience();
+
     // Closing (frmScreenSaverUnload.cpp).
     void Unload();
     bool Form_QueryUnload();
@@ -105,6 +112,7 @@ class frmScreenSaver : public Window, public RunHost {
 
     const Application& application_;
     FileSystem& fileSystem_;
+    CopyWatch& copyWatch_;
     SettingsStore& settings_;
     Clock& clock_;
     std::function<void()> unloaded_;
@@ -120,6 +128,7 @@ class frmScreenSaver : public Window, public RunHost {
     std::unique_ptr<LineCanvas> canvas_;
     std::unique_ptr<StatusPanelView> panel_;
     std::unique_ptr<PanelFrame> frame_;
+    std::unique_ptr<WaitPlate> plate_;
     Win32RememberedDrives rememberedDrives_;
     DriveReconnection reconnection_{rememberedDrives_};
     std::unique_ptr<RunDriver> run_;
@@ -129,6 +138,7 @@ class frmScreenSaver : public Window, public RunHost {
     int stepsSinceTold_ = 0;
     bool isToBeTopmost_ = false;  // unless others have the keys
     bool haveOthersTheKeys_ = false;
+    bool hasLetGo_ = false;         // the desktop is the user's again, the run goes on
     bool isClosing_ = false;        // an unload is under way
     bool hasAgreedToEnd_ = false;   // the system has asked whether the session may end
     bool isSessionEnding_ = false;  // nobody is there to answer

@@ -45,6 +45,7 @@ void frmScreenSaver::MakeWindow() {
                                                ResourceText(IDS_SLOGAN), [this] { InputRule(); });
     run_ = std::make_unique<RunDriver>(application_, fileSystem_, settings_, clock_, *panel_, *this,
                                        signals_);
+    plate_ = std::make_unique<WaitPlate>(Handle());
     frame_ = std::make_unique<PanelFrame>(Handle(), *panel_, *canvas_, twips_, application_);
 }
 
@@ -81,7 +82,8 @@ void frmScreenSaver::SetTopmost(bool topmost) {
     isToBeTopmost_ = topmost;
     // Otherwise it is in no one's way already, and placing it would bring it back before them.
     if (!haveOthersTheKeys_) {
-        PlaceInLayer(topmost, 0);
+        // A form that has let go must not take the focus from what the user works with now.
+        PlaceInLayer(topmost, hasLetGo_ ? SWP_NOACTIVATE : 0);
     }
 }
 

@@ -51,7 +51,9 @@ void frmScreenSaver::End() {
 // Nobody reads a box while the session ends, and it would hold the end up.
 void frmScreenSaver::ShowBox(const std::wstring& text, const std::wstring& title, UINT icon) {
     if (!isSessionEnding_) {
-        MessageBoxW(Handle(), text.c_str(), title.c_str(), MB_OK | icon);
+        // After a form that has let go, others lie in front, and one of them has the focus.
+        const UINT place = hasLetGo_ ? MB_TOPMOST | MB_SETFOREGROUND : 0;
+        MessageBoxW(Handle(), text.c_str(), title.c_str(), MB_OK | icon | place);
     }
 }
 

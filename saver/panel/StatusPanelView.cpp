@@ -38,7 +38,7 @@ StatusPanelView::StatusPanelView(HWND form, double twipsPerPixelX, double twipsP
     design.Text = kPanelDesignTitle;
     // Not visible before there is something to show. No WS_CLIPCHILDREN: the panel draws what its
     // labels show.
-    design.Style = WS_CHILD;
+    design.Style = WS_CHILD | WS_CLIPSIBLINGS;
     Create(design);
     MakeLabels(slogan);
     painter_ = std::make_unique<PanelPainter>(twipsPerPixelX_, twipsPerPixelY_, texts_);

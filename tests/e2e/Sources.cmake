@@ -7,6 +7,7 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/Files.cpp
     tests/e2e/support/FolderRights.cpp
     tests/e2e/support/Handles.cpp
+    tests/e2e/support/HeldFiles.cpp
     tests/e2e/support/Holdings.cpp
     tests/e2e/support/Input.cpp
     tests/e2e/support/LogText.cpp
@@ -54,6 +55,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/InterruptTest.cpp
     tests/e2e/KeyboardTest.cpp
     tests/e2e/KillTest.cpp
+    tests/e2e/LetGoTest.cpp
     tests/e2e/LogPlaceTest.cpp
     tests/e2e/NativeSystemTest.cpp
     tests/e2e/OddNamesTest.cpp
@@ -89,6 +91,11 @@ set(E2E_STANDIN_PASSWORD_SOURCES
 
 set(E2E_STANDIN_SYSTEM_SOURCES
     tests/e2e/standin/StandInSystem.cpp
+    tests/support/win32/ImportTable.cpp
+)
+
+set(E2E_STANDIN_FILES_SOURCES
+    tests/e2e/standin/StandInFiles.cpp
     tests/support/win32/ImportTable.cpp
 )
 

@@ -25,4 +25,12 @@ inline constexpr const wchar_t* kSystemCallsKey = L"Software\\Ambrio end-to-end 
 inline constexpr const wchar_t* kCalls = L"Calls";              // REG_SZ
 inline constexpr const wchar_t* kDrawingTime = L"DrawingTime";  // REG_DWORD
 
+// The module that lets files take long: two events by which it and the test tell each other that a
+// call is held and that it may go on, and the parts of a path that say what is held.
+inline constexpr const wchar_t* kHeldEvent = L"AmbrioTestCallIsHeld";
+inline constexpr const wchar_t* kGoOnEvent = L"AmbrioTestCallsGoOn";
+inline constexpr const wchar_t* kHeldCopy = L"held";     // the copy of this file
+inline constexpr int kHeldPercent = 37;                  // what is copied of it meanwhile
+inline constexpr unsigned long kHeldAtMost = 30 * 1000;  // ms
+
 }  // namespace ambrio::e2e

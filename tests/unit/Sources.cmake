@@ -11,6 +11,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/ContrastTest.cpp
     tests/unit/CopyFilesTest.cpp
     tests/unit/CopyRulesFrameTest.cpp
+    tests/unit/CopyWatchTest.cpp
     tests/unit/CopyRuleTableTest.cpp
     tests/unit/DateTimeTest.cpp
     tests/unit/DesktopSettingsTest.cpp
@@ -58,6 +59,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/StringFiguresTest.cpp
     tests/unit/TemporaryNameTest.cpp
     tests/unit/ValTest.cpp
+    tests/unit/WaitTextTest.cpp
     tests/unit/WindingDownTest.cpp
 )
 

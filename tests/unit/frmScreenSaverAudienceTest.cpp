@@ -40,8 +40,8 @@ class AudienceTest : public testing::Test {
         application_.CommandLine = L"/D";
         application_.PixelTwipsX = 15;
         application_.PixelTwipsY = 15;
-        form_ = std::make_unique<frmScreenSaver>(application_, files_, settings_, clock_,
-                                                 [this] { ++unloads_; });
+        form_ = std::make_unique<frmScreenSaver>(application_, files_, copyWatch_, settings_,
+                                                 clock_, [this] { ++unloads_; });
         form_->Show();
     }
     ~AudienceTest() override { SetCursorPos(pointer_.x, pointer_.y); }
@@ -90,6 +90,7 @@ class AudienceTest : public testing::Test {
     POINT pointer_{};
     Application application_;
     MemoryFileSystem files_;
+    CopyWatch copyWatch_;
     MemorySettingsStore settings_;
     ManualClock clock_{DateTime{2026, 11, 21, 10, 0, 0}};
     int unloads_ = 0;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <thread>
 
 #include "tests/support/ManualClock.h"
 #include "tests/support/MemoryFileSystem.h"
@@ -33,13 +34,14 @@ class frmScreenSaverTest : public testing::Test {
     frmScreenSaverTest() {
         application_.Title = L"Ambrio";
         application_.CommandLine = L"/D";
-        form_ = std::make_unique<CountingSaver>(application_, files_, settings_, clock_,
+        form_ = std::make_unique<CountingSaver>(application_, files_, copyWatch_, settings_, clock_,
                                                 [this] { ++unloads_; });
         form_->Show();
     }
 
     Application application_;
     MemoryFileSystem files_;
+    CopyWatch copyWatch_;
     MemorySettingsStore settings_;
     ManualClock clock_{DateTime{2026, 11, 21, 10, 0, 0}};
     int unloads_ = 0;
@@ -84,6 +86,42 @@ TEST_F(frmScreenSaverTest, GoesWithoutUnloadingWhenItsObjectDoes) {
     form_.reset();
     EXPECT_FALSE(IsWindow(window));
     EXPECT_EQ(0, unloads_);
+}
+
+// Shows a full-screen form on a desktop of that name and touches it; true when it can still be
+// seen then.
+bool StaysOn(const wchar_t* desktopName) {
+    struct DesktopCloser {
+        void operator()(HDESK desktop) const { CloseDesktop(desktop); }
+    };
+    const std::unique_ptr<HDESK__, DesktopCloser> desktop(
+        CreateDesktopW(desktopName, nullptr, nullptr, 0, GENERIC_ALL, nullptr));
+    bool stays = false;
+    // A thread that has no window yet may change its desktop.
+    std::thread([&] {
+        EXPECT_NE(0, SetThreadDesktop(desktop.get()));
+        Application application;
+        application.CommandLine = L"/S";
+        MemoryFileSystem files;
+        CopyWatch copyWatch;
+        MemorySettingsStore settings;
+        ManualClock clock{DateTime{2026, 11, 22, 10, 0, 0}};
+        CountingSaver form(application, files, copyWatch, settings, clock, [] {});
+        form.Show();
+        const auto isShown = [&] {
+            return (GetWindowLongW(form.Handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+        };
+        EXPECT_TRUE(isShown());
+        SendMessageW(form.Handle(), WM_KEYDOWN, VK_SPACE, 1);
+        stays = isShown();
+    }).join();
+    return stays;
+}
+
+TEST(frmScreenSaverOnADesktop, StaysWhereNothingLiesBehindIt) {
+    EXPECT_TRUE(StaysOn(L"Screen-saver"));
+    EXPECT_TRUE(StaysOn(L"WINLOGON"));
+    EXPECT_FALSE(StaysOn(L"AmbrioOtherDesktop"));
 }
 
 }  // namespace

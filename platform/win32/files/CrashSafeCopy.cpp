@@ -74,7 +74,8 @@ void RequireReplaceable(const std::wstring& source, const WIN32_FILE_ATTRIBUTE_D
 }  // namespace
 
 void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
-                   const std::wstring& temporaryName, bool overwrite, const Yield& yield) {
+                   const std::wstring& temporaryName, bool overwrite, CopyWatch& watch,
+                   const Yield& yield) {
     WIN32_FILE_ATTRIBUTE_DATA sourceData;
     if (const DWORD code = ReadFileData(source, sourceData); code != ERROR_SUCCESS) {
         ThrowForPath(code, source);
@@ -92,7 +93,7 @@ void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
     const std::uint64_t size =
         (static_cast<std::uint64_t>(sourceData.nFileSizeHigh) << 32U) | sourceData.nFileSizeLow;
     Patience patience(yield);
-    DWORD code = CopyWithYield(source, temporary, size, yield);
+    DWORD code = CopyWithYield(source, temporary, size, watch, yield);
     if (NameIsTaken(code)) {
         ThrowWin32(code);  // somebody else's, so it is not removed
     }

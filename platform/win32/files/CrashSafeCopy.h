@@ -2,13 +2,15 @@
 
 #include <string>
 
+#include "platform/CopyWatch.h"
 #include "platform/FileSystem.h"
 
 namespace ambrio {
 
 // FileSystem::CopyFile between two extended paths. `temporaryName` is the name in the destination
-// folder under which the copy is made.
+// folder under which the copy is made; `watch` is that of a large file.
 void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
-                   const std::wstring& temporaryName, bool overwrite, const Yield& yield);
+                   const std::wstring& temporaryName, bool overwrite, CopyWatch& watch,
+                   const Yield& yield);
 
 }  // namespace ambrio

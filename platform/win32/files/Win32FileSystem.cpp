@@ -160,7 +160,8 @@ void Win32FileSystem::DeleteFile(const std::wstring& path, bool force) {
 void Win32FileSystem::CopyFile(const std::wstring& source, const std::wstring& destination,
                                bool overwrite, const Yield& yield) {
     const std::wstring extendedDestination = ExtendedPath(destination);
-    CrashSafeCopy(ExtendedPath(source), extendedDestination, NewTemporaryName(), overwrite, yield);
+    CrashSafeCopy(ExtendedPath(source), extendedDestination, NewTemporaryName(), overwrite,
+                  copyWatch_, yield);
 }
 
 std::unique_ptr<TextStream> Win32FileSystem::OpenForAppending(const std::wstring& path) {

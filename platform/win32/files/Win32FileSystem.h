@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/CopyWatch.h"
 #include "platform/FileSystem.h"
 
 namespace ambrio {
@@ -7,6 +8,9 @@ namespace ambrio {
 // The file system of the machine.
 class Win32FileSystem : public FileSystem {
   public:
+    // Lets its copies of large files be watched and broken off there; it must live longer.
+    explicit Win32FileSystem(CopyWatch& copyWatch) : copyWatch_(copyWatch) {}
+
     bool FileExists(const std::wstring& path) override;
     bool FolderExists(const std::wstring& path) override;
     // Both describe what a link to a file leads to; a link that leads nowhere is described by
@@ -25,6 +29,9 @@ class Win32FileSystem : public FileSystem {
     bool IsWritableFolder(const std::wstring& path, const std::wstring& file) override;
     bool MayFollow(const std::wstring& folder) override;
     [[nodiscard]] std::wstring FoldedName(const std::wstring& name) const override;
+
+  private:
+    CopyWatch& copyWatch_;
 };
 
 }  // namespace ambrio

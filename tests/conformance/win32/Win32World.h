@@ -28,7 +28,8 @@ class Win32World : public FileSystemWorld {
     [[nodiscard]] const char* ReasonToSkip(const std::string& test) const override;
 
   private:
-    Win32FileSystem files_;
+    CopyWatch copyWatch_;
+    Win32FileSystem files_{copyWatch_};
     std::wstring root_;
 };
 

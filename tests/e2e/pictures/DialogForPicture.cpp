@@ -37,7 +37,8 @@ int Run(const std::wstring& name) {
     Application application;
     application.Title = kApplicationTitle;
     RegistrySettingsStore settings(application.Title);
-    Win32FileSystem files;
+    CopyWatch copyWatch;
+    Win32FileSystem files(copyWatch);
     DialogContext context{
         application,  files, settings, GetModuleHandleW(nullptr), L"C:\\Windows\\Ambrio.log",
         L"Documents", 0};
