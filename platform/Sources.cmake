@@ -46,6 +46,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/system/LaunchProgram.cpp
     platform/win32/system/ProcessHardening.cpp
     platform/win32/system/RandomNumber.cpp
+    platform/win32/system/SessionEndHold.cpp
     platform/win32/system/StayAwake.cpp
     platform/win32/system/SystemFolders.cpp
     platform/win32/system/SystemLibrary.cpp

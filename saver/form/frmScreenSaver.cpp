@@ -151,7 +151,9 @@ void frmScreenSaver::tmrDoTheBiz_Timer() {
     tmrKeepOnRunnin_.SetEnabled(!hasLetGo_);
     signals_.RunStarted = true;
     awake_ = std::make_unique<StayAwake>();
+    sessionEndHold_ = std::make_unique<SessionEndHold>(Handle());
     run_->DoTheBiz();
+    sessionEndHold_.reset();
     awake_.reset();
     signals_.RunFinished = true;
 }

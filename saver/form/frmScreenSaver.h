@@ -16,6 +16,7 @@
 #include "platform/FileSystem.h"
 #include "platform/SettingsStore.h"
 #include "platform/win32/files/Win32RememberedDrives.h"
+#include "platform/win32/system/SessionEndHold.h"
 #include "platform/win32/system/StayAwake.h"
 #include "platform/win32/windows/FormTimer.h"
 #include "platform/win32/windows/ScreenTwips.h"
@@ -133,11 +134,12 @@ class frmScreenSaver : public Window, public RunHost {
     DriveReconnection reconnection_{rememberedDrives_};
     std::unique_ptr<RunDriver> run_;
     FrameAnimation animation_;
-    std::unique_ptr<StayAwake> awake_;  // while the run is at work
     std::unique_ptr<AudienceNotices> notices_;
     int stepsSinceTold_ = 0;
     bool isToBeTopmost_ = false;  // unless others have the keys
     bool haveOthersTheKeys_ = false;
+    std::unique_ptr<StayAwake> awake_;                // while the run is at work
+    std::unique_ptr<SessionEndHold> sessionEndHold_;  // the same
     bool hasLetGo_ = false;         // the desktop is the user's again, the run goes on
     bool isClosing_ = false;        // an unload is under way
     bool hasAgreedToEnd_ = false;   // the system has asked whether the session may end

@@ -37,9 +37,11 @@ void frmScreenSaver::ShowPointer() {
     ShowPointerSurely();
 }
 
-// The last step of the run before its boxes, which may wait for hours; the system may sleep then.
+// The last step of the run before its boxes, which may wait for hours; the system may sleep then,
+// and the session end.
 void frmScreenSaver::LeaveTopmost() {
     panel_->Tell();
+    sessionEndHold_.reset();
     awake_.reset();
     SetTopmost(false);
 }

@@ -80,13 +80,14 @@ LRESULT frmScreenSaver::AgreeToEndOfSession() {
     return TRUE;
 }
 
-// Nobody is there any more to type a password or to read a summary. Where there is a password, an
-// end that the system has not asked about first is not believed: another program could send it in
-// the password's place.
+// Nobody is there any more to type a password or to read a summary, or to wait for a large file.
+// Where there is a password, an end that the system has not asked about first is not believed:
+// another program could send it in the password's place. The news comes twice during a run.
 void frmScreenSaver::SessionEnds(bool ends) {
-    isSessionEnding_ = ends && (hasAgreedToEnd_ || !UsesPassword());
+    isSessionEnding_ = ends && (isSessionEnding_ || hasAgreedToEnd_ || !UsesPassword());
     hasAgreedToEnd_ = false;
     if (isSessionEnding_) {
+        copyWatch_.BreakOff();
         CloseRequested();
     }
 }
