@@ -58,6 +58,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/text/GeneralDate.cpp
     platform/win32/windows/BackBuffer.cpp
     platform/win32/windows/CheckBoxTheme.cpp
+    platform/win32/windows/CheckListAccessible.cpp
     platform/win32/windows/CheckListBox.cpp
     platform/win32/windows/CommonControls.cpp
     platform/win32/windows/ControlSubclass.cpp

@@ -68,6 +68,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/support/win32/ReplacedImport.cpp
     tests/unit/AssociatedProgramTest.cpp
     tests/unit/BackBufferTest.cpp
+    tests/unit/CheckListAccessibleTest.cpp
     tests/unit/CheckListBoxTest.cpp
     tests/unit/DeepestTreeTest.cpp
     tests/unit/DirectoryListBoxTest.cpp
@@ -76,6 +77,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/FileEntryDataTest.cpp
     tests/unit/FolderBoxTest.cpp
     tests/unit/FormHelpTest.cpp
+    tests/unit/FormNamesTest.cpp
     tests/unit/FormPlaceTest.cpp
     tests/unit/FormRoundTripTest.cpp
     tests/unit/FormStretchTest.cpp

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/win32/windows/CheckListAccessible.h"
 #include "platform/win32/windows/GdiHandles.h"
 #include "platform/win32/windows/ListDrawing.h"
 #include "platform/win32/windows/WindowText.h"
@@ -54,7 +55,7 @@ std::wstring CheckListBox::Name(int entry) const {
 }
 
 bool CheckListBox::IsTicked(int entry) const {
-    return SendMessageW(Control(), LB_GETITEMDATA, static_cast<WPARAM>(entry), 0) == 1;
+    return IsEntryTicked(Control(), entry);
 }
 
 int CheckListBox::Current() const {
@@ -66,6 +67,10 @@ void CheckListBox::SetCurrent(int entry) {
 }
 
 LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_GETOBJECT && static_cast<LONG>(lParam) == OBJID_CLIENT) {
+        const LRESULT answer = AnswerAccessibility(Control(), wParam);
+        return answer != 0 ? answer : PassOn(message, wParam, lParam);
+    }
     if (message == WM_LBUTTONDBLCLK && (EntryAt(lParam) < 0 || BoxAt(lParam) >= 0)) {
         message = WM_LBUTTONDOWN;
     }
@@ -78,11 +83,11 @@ LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_CHAR:
             // A blank ticks; it does not look for an entry that begins with one.
             if (wParam == L' ') {
-                Toggle(Current());
+                ToggleEntry(Control(), Current());
             }
             break;
         case WM_LBUTTONDOWN:
-            Toggle(box);
+            ToggleEntry(Control(), box);
             break;
         case LB_SETITEMDATA: {
             RECT place;
@@ -96,14 +101,6 @@ LRESULT CheckListBox::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             break;
     }
     return result;
-}
-
-void CheckListBox::Toggle(int entry) {
-    if (entry >= 0 && entry < Count()) {
-        SendMessageW(Control(), LB_SETITEMDATA, static_cast<WPARAM>(entry),
-                     IsTicked(entry) ? 0 : 1);
-        NotifyWinEvent(EVENT_OBJECT_STATECHANGE, Control(), OBJID_CLIENT, entry + 1);
-    }
 }
 
 // The entry that lies there; -1 for none.

@@ -10,7 +10,8 @@ namespace ambrio {
 // Gives an owner-drawn list box (LBS_OWNERDRAWFIXED, LBS_HASSTRINGS) a check box in front of each
 // entry, which the mouse and the space bar tick. Only a double-click on a name is one to the list
 // box; on a check box it ticks twice. The entry's item data is its tick: 1 or 0. So the
-// list is filled, read and driven with the ordinary messages of list boxes. When the object goes,
+// list is filled, read and driven with the ordinary messages of list boxes; screen readers find
+// check boxes in it. When the object goes,
 // the list box, if it is still there, is an ordinary one again.
 class CheckListBox : private ControlSubclass {
   public:
@@ -34,7 +35,6 @@ class CheckListBox : private ControlSubclass {
   private:
     LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
     void FitRows();
-    void Toggle(int entry);
     [[nodiscard]] int EntryAt(LPARAM position) const;
     [[nodiscard]] int BoxAt(LPARAM position) const;
     [[nodiscard]] RECT BoxOf(const RECT& entry) const;
