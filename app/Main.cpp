@@ -7,13 +7,15 @@
 #include "app/preview/frmControl.h"
 #include "config/ConfigurationMode.h"
 #include "engine/LogPath.h"
+#include "platform/AnsweringFileSystem.h"
 #include "platform/CopyWatch.h"
-#include "platform/FileSystem.h"
 #include "platform/Rounding.h"
 #include "platform/win32/files/Win32FileSystem.h"
+#include "platform/win32/files/Win32SlowRoots.h"
 #include "platform/win32/registry/RegistrySettingsStore.h"
 #include "platform/win32/system/SystemFolders.h"
 #include "platform/win32/system/Win32Clock.h"
+#include "platform/win32/system/WorkerThread.h"
 #include "platform/win32/windows/MessageLoop.h"
 #include "platform/win32/windows/ScreenTwips.h"
 #include "saver/form/frmScreenSaver.h"
@@ -25,7 +27,7 @@ namespace {
 class Program : public Modes {
   public:
     // Nothing is owned; everything must live longer.
-    Program(HINSTANCE instance, const Application& application, FileSystem& fileSystem,
+    Program(HINSTANCE instance, const Application& application, AnsweringFileSystem& fileSystem,
             CopyWatch& copyWatch, SettingsStore& settings, Clock& clock)
         : instance_(instance),
           application_(application),
@@ -44,6 +46,7 @@ class Program : public Modes {
     void ShowScreenSaver() override {
         screenSaver_ = std::make_unique<frmScreenSaver>(application_, fileSystem_, copyWatch_,
                                                         settings_, clock_, EndMessageLoop);
+        fileSystem_.AnswerWith([this] { screenSaver_->DoEvents(); });
         screenSaver_->Show();
     }
     void LoadPreview() override {
@@ -59,7 +62,7 @@ class Program : public Modes {
   private:
     HINSTANCE instance_;
     const Application& application_;
-    FileSystem& fileSystem_;
+    AnsweringFileSystem& fileSystem_;
     CopyWatch& copyWatch_;
     SettingsStore& settings_;
     Clock& clock_;
@@ -86,7 +89,10 @@ Application ReadApplication(const std::wstring& commandLine) {
 
 void Main(HINSTANCE instance, const std::wstring& commandLine) {
     CopyWatch copyWatch;
-    Win32FileSystem fileSystem(copyWatch);
+    Win32FileSystem disks(copyWatch);
+    Win32SlowRoots slowRoots;
+    WorkerThread worker;
+    AnsweringFileSystem fileSystem(disks, slowRoots, worker);
     Application application = ReadApplication(commandLine);
     RegistrySettingsStore settings(application.Title);
     Win32Clock clock;

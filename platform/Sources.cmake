@@ -1,5 +1,6 @@
 # What every build has, then what only one of the two worlds has.
 set(PLATFORM_SOURCES
+    platform/AnsweringFileSystem.cpp
     platform/DateTime.cpp
     platform/DriveLetter.cpp
     platform/DriveReconnection.cpp
@@ -37,6 +38,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/files/Win32FileSystem.cpp
     platform/win32/files/Win32FolderReader.cpp
     platform/win32/files/Win32RememberedDrives.cpp
+    platform/win32/files/Win32SlowRoots.cpp
     platform/win32/files/Win32TextStream.cpp
     platform/win32/registry/GetKeyValue.cpp
     platform/win32/registry/ReadRegistryValue.cpp
@@ -53,6 +55,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/system/SystemRedirection.cpp
     platform/win32/system/Win32Clock.cpp
     platform/win32/system/WorkWithYield.cpp
+    platform/win32/system/WorkerThread.cpp
     platform/win32/text/Automation.cpp
     platform/win32/text/BooleanText.cpp
     platform/win32/text/GeneralDate.cpp

@@ -68,6 +68,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/SecondarySaverTest.cpp
     tests/e2e/SecondInstanceTest.cpp
     tests/e2e/SessionEndTest.cpp
+    tests/e2e/SlowDriveTest.cpp
     tests/e2e/SlowMachineTest.cpp
     tests/e2e/StayResponsiveTest.cpp
     tests/e2e/SupportTest.cpp

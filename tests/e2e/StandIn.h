@@ -30,7 +30,10 @@ inline constexpr const wchar_t* kDrawingTime = L"DrawingTime";  // REG_DWORD
 inline constexpr const wchar_t* kHeldEvent = L"AmbrioTestCallIsHeld";
 inline constexpr const wchar_t* kGoOnEvent = L"AmbrioTestCallsGoOn";
 inline constexpr const wchar_t* kHeldCopy = L"held";     // the copy of this file
+inline constexpr const wchar_t* kHeldCall = L"asleep";   // whatever is asked about this
 inline constexpr int kHeldPercent = 37;                  // what is copied of it meanwhile
 inline constexpr unsigned long kHeldAtMost = 30 * 1000;  // ms
+// The variable of the environment that names the drive, with its colon, that is a server's.
+inline constexpr const wchar_t* kServerDrive = L"AmbrioTestServerDrive";
 
 }  // namespace ambrio::e2e

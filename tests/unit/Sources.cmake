@@ -1,6 +1,7 @@
 # What runs natively and as a Windows program, then what only one of them has.
 set(UNIT_TEST_SOURCES
     tests/unit/AudienceTest.cpp
+    tests/unit/AnsweringFileSystemTest.cpp
     tests/unit/BackupSetTest.cpp
     tests/unit/BigFolderTest.cpp
     tests/unit/BooleanTextTest.cpp
@@ -103,6 +104,8 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/SystemServicesTest.cpp
     tests/unit/Win32ClockTest.cpp
     tests/unit/Win32RememberedDrivesTest.cpp
+    tests/unit/Win32SlowRootsTest.cpp
     tests/unit/WindowTest.cpp
     tests/unit/WorkWithYieldTest.cpp
+    tests/unit/WorkerThreadTest.cpp
 )

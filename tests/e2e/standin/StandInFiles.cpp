@@ -74,6 +74,30 @@ BOOL WINAPI CopyFileExHeld(LPCWSTR source, LPCWSTR target, LPPROGRESS_ROUTINE pr
     return CopyFileExW(source, target, nullptr, nullptr, cancel, flags);
 }
 
+void HoldCall(LPCWSTR path) {
+    if (Names(path, kHeldCall)) {
+        static_cast<void>(Hold().Wait(kHeldAtMost));
+    }
+}
+
+BOOL WINAPI GetFileAttributesExHeld(LPCWSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data) {
+    HoldCall(path);
+    return GetFileAttributesExW(path, level, data);
+}
+
+HANDLE WINAPI FindFirstFileExHeld(LPCWSTR path, FINDEX_INFO_LEVELS level, LPVOID data,
+                                  FINDEX_SEARCH_OPS search, LPVOID filter, DWORD flags) {
+    HoldCall(path);
+    return FindFirstFileExW(path, level, data, search, filter, flags);
+}
+
+UINT WINAPI GetDriveTypeOfServer(LPCWSTR root) {
+    std::array<wchar_t, 8> drive{};
+    GetEnvironmentVariableW(kServerDrive, drive.data(), static_cast<DWORD>(drive.size()));
+    return drive[0] != 0 && root != nullptr && root[0] == drive[0] ? DRIVE_REMOTE
+                                                                   : GetDriveTypeW(root);
+}
+
 template <typename Function>
 ambrio::Replacement Replacing(const char* name, Function* function) {
     return {name, reinterpret_cast<void*>(function)};
@@ -82,6 +106,9 @@ ambrio::Replacement Replacing(const char* name, Function* function) {
 bool Enter() {
     const std::array replacements = {
         Replacing("CopyFileExW", &CopyFileExHeld),
+        Replacing("FindFirstFileExW", &FindFirstFileExHeld),
+        Replacing("GetDriveTypeW", &GetDriveTypeOfServer),
+        Replacing("GetFileAttributesExW", &GetFileAttributesExHeld),
     };
     return ambrio::ReplaceImports(replacements, {});
 }
