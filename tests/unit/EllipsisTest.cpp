@@ -34,6 +34,11 @@ TEST(Ellipsis, NeverHalvesACharacterOfTwoUnits) {
         const std::wstring shown = ShortenedTo(room, text);
         EXPECT_EQ(0U, (shown.size() - (shown == text ? 0 : 1)) % 2) << room;
     }
+    EXPECT_EQ(
+        L"a\x2026"
+        L"fg",
+        ShortenedTo(4, L"a" + pair + L"bcdefg"));
+    EXPECT_EQ(L"ab\x2026g", ShortenedTo(4, L"abcdef" + pair + L"g"));
 }
 
 TEST(Ellipsis, MeasuresALongTextAFewTimesOnly) {

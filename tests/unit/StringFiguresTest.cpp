@@ -67,6 +67,54 @@ TEST(StringFigures, SpanStringsAtAnEvenRateAndRetireThem) {
     EXPECT_GT(most, 150U);
 }
 
+// The mean place of all strings that are spanned within a minute, in shares of the form's sides,
+// and how far they spread.
+struct Spread {
+    double MeanX = 0;
+    double MeanY = 0;
+    float Leftmost = 1;
+    float Rightmost = 0;
+    float Highest = 1;
+    float Lowest = 0;
+};
+
+Spread SpreadOn(std::int32_t width, std::int32_t height) {
+    Random random(9);
+    StringFigures figures(width, height, random);
+    Spread spread;
+    double count = 0;
+    for (int step = 0; step < 600; ++step) {
+        figures.Step(kFrame, 1);
+        for (const Line& line : figures.Lines()) {
+            const float x = (line.FromX + line.ToX) / 2 / static_cast<float>(width);
+            const float y = (line.FromY + line.ToY) / 2 / static_cast<float>(height);
+            spread.MeanX += x;
+            spread.MeanY += y;
+            spread.Leftmost = std::min(spread.Leftmost, x);
+            spread.Rightmost = std::max(spread.Rightmost, x);
+            spread.Highest = std::min(spread.Highest, y);
+            spread.Lowest = std::max(spread.Lowest, y);
+            count += 1;
+        }
+    }
+    spread.MeanX /= count;
+    spread.MeanY /= count;
+    return spread;
+}
+
+TEST(StringFigures, UseTheWholeFormAlongItsLongerSideAndItsMiddleAcross) {
+    const Spread wide = SpreadOn(28800, 16200);
+    EXPECT_LT(wide.Leftmost, 0.15F);
+    EXPECT_GT(wide.Rightmost, 0.85F);
+    EXPECT_NEAR(wide.MeanX, 0.5, 0.15);
+    EXPECT_NEAR(wide.MeanY, 0.5, 0.15);
+    const Spread upright = SpreadOn(16200, 28800);
+    EXPECT_LT(upright.Highest, 0.15F);
+    EXPECT_GT(upright.Lowest, 0.85F);
+    EXPECT_NEAR(upright.MeanX, 0.5, 0.15);
+    EXPECT_NEAR(upright.MeanY, 0.5, 0.15);
+}
+
 TEST(StringFigures, StandStillWithoutPace) {
     Random random(5);
     StringFigures figures(kFormSize.Width, kFormSize.Height, random);
