@@ -109,5 +109,18 @@ TEST(StringFigure, LiesInItsCircleAndReachesItsRim) {
     }
 }
 
+TEST(StringFigure, StringsFlashUpCalmDownAndFadeInFewLevels) {
+    std::vector<Line> lines = LinesOf(1, 99);
+    std::reverse(lines.begin(), lines.end());
+    std::vector<int> levels;  // from the newest string to the oldest, each once
+    for (const Line& line : lines) {
+        const int light = std::max({line.Light.Red, line.Light.Green, line.Light.Blue});
+        if (levels.empty() || levels.back() != light) {
+            levels.push_back(light);
+        }
+    }
+    EXPECT_EQ(levels, (std::vector<int>{229, 173, 118, 88, 59, 29}));
+}
+
 }  // namespace
 }  // namespace ambrio
