@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/HeldFiles.h"
 #include "tests/e2e/support/PreviewHost.h"
 #include "tests/e2e/support/SaverTest.h"
 
@@ -18,30 +21,39 @@ bool IsInFrontOf(HWND one, HWND other) {
     return above == one;
 }
 
+// The run stands still in the middle of a large file until the test lets it go on.
 class ActivationTest : public SaverTest {
   protected:
     ActivationTest() {
-        Source.AddManyFiles(L"many", 300);
+        LoadIntoPrograms(HeldFiles::Module());
+        Source.AddFile(L"held.bin", std::string(2U << 20U, 'H'));
         WriteOneSet();
     }
-    // The run has gone on all the while; a key ends the saver, whoever else has the keys.
+    WindowProbe RunIntoTheLargeFile(const std::wstring& arguments = L"/S") {
+        Start(arguments);
+        const WindowProbe saver = Saver();
+        EXPECT_TRUE(files_.WaitUntilHeld());
+        return saver;
+    }
+    // The run goes to its end; a key then ends the saver, whoever else has the keys.
     void ExpectTheRunToGoOn() {
+        files_.GoOn();
         WaitForTheEndOfTheRun();
         EXPECT_TRUE(SameTree(ReadTree(Source.Root()), ReadTree(Destination())));
         Saver().Post(WM_KEYDOWN, VK_SPACE, 1);
         EXPECT_TRUE(Ends());
     }
+
+    HeldFiles files_;
 };
 
 TEST_F(ActivationTest, TheSaverDoesNotCoverAWindowThatGetsTheKeys) {
-    RunUntilFilesAreCopied();
-    const WindowProbe saver = Saver();
+    const WindowProbe saver = RunIntoTheLargeFile();
     EXPECT_TRUE(saver.IsTopmost());
     const PreviewHost other(300, 200);
     SetForegroundWindow(other.Handle());
     if (!WaitUntil([&] { return GetForegroundWindow() == other.Handle(); })) {
-        saver.Post(WM_KEYDOWN, VK_SPACE, 1);
-        EXPECT_TRUE(Ends());
+        ExpectTheRunToGoOn();
         GTEST_SKIP() << "this system gives the keys to no window of a program in the background";
     }
     EXPECT_TRUE(WaitUntil([&] { return IsInFrontOf(other.Handle(), saver.Handle()); }));
@@ -51,12 +63,12 @@ TEST_F(ActivationTest, TheSaverDoesNotCoverAWindowThatGetsTheKeys) {
 }
 
 TEST_F(ActivationTest, TheSaverComesBackToTheTopWithTheKeysUntilTheRunHasEnded) {
-    RunUntilFilesAreCopied();
-    const WindowProbe saver = Saver();
+    const WindowProbe saver = RunIntoTheLargeFile();
     EXPECT_TRUE(saver.Send(WM_ACTIVATEAPP, FALSE));
     EXPECT_FALSE(saver.IsTopmost());
     EXPECT_TRUE(saver.Send(WM_ACTIVATEAPP, TRUE));
     EXPECT_TRUE(saver.IsTopmost());
+    files_.GoOn();
     WaitForTheEndOfTheRun();
     EXPECT_TRUE(WaitUntil([&] { return !saver.IsTopmost(); }));
     EXPECT_TRUE(saver.Send(WM_ACTIVATEAPP, FALSE));
@@ -66,8 +78,7 @@ TEST_F(ActivationTest, TheSaverComesBackToTheTopWithTheKeysUntilTheRunHasEnded) 
 }
 
 TEST_F(ActivationTest, AnOrdinaryWindowStaysWhereItIs) {
-    RunUntilFilesAreCopied(L"/D");
-    const WindowProbe saver = Saver();
+    const WindowProbe saver = RunIntoTheLargeFile(L"/D");
     EXPECT_TRUE(saver.Send(WM_ACTIVATEAPP, FALSE));
     EXPECT_TRUE(saver.Send(WM_ACTIVATEAPP, TRUE));
     EXPECT_FALSE(saver.IsTopmost());

@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
+#include <vector>
 
+#include "platform/win32/windows/BackBuffer.h"
 #include "saver/form/frmScreenSaver.h"
 #include "saver/panel/PanelControls.h"
 #include "tests/support/ManualClock.h"
@@ -75,6 +78,20 @@ class AudienceTest : public testing::Test {
     [[nodiscard]] HWND Panel() const {
         return GetDlgItem(form_->Handle(), static_cast<int>(PanelControl::fraStatus));
     }
+    // What the panel looks like.
+    [[nodiscard]] std::vector<COLORREF> Picture() const {
+        RECT area{};
+        GetClientRect(Panel(), &area);
+        const BackBuffer buffer(area.right, area.bottom);
+        SendMessageW(Panel(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(buffer.DC()), PRF_CLIENT);
+        std::vector<COLORREF> pixels;
+        for (int y = 0; y < area.bottom; ++y) {
+            for (int x = 0; x < area.right; ++x) {
+                pixels.push_back(GetPixel(buffer.DC(), x, y));
+            }
+        }
+        return pixels;
+    }
     // Whether the animation draws: its steps move the panel.
     [[nodiscard]] bool Animates() const {
         RECT before{};
@@ -137,9 +154,12 @@ TEST_F(AudienceTest, ANoticeThatAnotherProgramMakesUpDoesNoHarm) {
 }
 
 TEST_F(AudienceTest, TheRunGoesOnUnseenAndIsShownAfterwards) {
+    const std::vector<COLORREF> before = Picture();
     Send(kSessionChange, 7, 1);
     RunToTheEnd();
+    EXPECT_EQ(before, Picture());
     Send(kSessionChange, 8, 1);
+    EXPECT_NE(before, Picture());
     EXPECT_TRUE(Animates());
 }
 
