@@ -62,6 +62,9 @@ class TakingItsTime : public CountingFileSystem {
 
     bool Before(const FileCall& call) override {
         Take();
+        if (call.Operation == FileOperation::Next && --EntriesUntilFailure == 0) {
+            throw RuntimeError(ErrorNumber::DiskNotReady);
+        }
         return CountingFileSystem::Before(call);
     }
     bool FindsFoldedNames(const std::wstring& folder) override {
@@ -70,6 +73,7 @@ class TakingItsTime : public CountingFileSystem {
     }
 
     std::chrono::milliseconds Takes = 0ms;
+    int EntriesUntilFailure = 0;  // of a listing; 0: none fails
     int OnWorker = 0;
     int Directly = 0;
 
@@ -172,6 +176,21 @@ TEST_F(AnsweringFileSystemTest, AListingIsWholeAndFetchedSomeAtATime) {
     EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
     EXPECT_EQ(L"1149", names.back());
     EXPECT_LE(worker_.Works, 6);
+    EXPECT_EQ(0, slow_.Directly);
+}
+
+TEST_F(AnsweringFileSystemTest, AListingThatBreaksOffGivesWhatItHadBefore) {
+    for (const wchar_t* name : {L"1", L"2", L"3", L"4"}) {
+        disk_.WriteFile(L"Q:\\Few\\" + std::wstring(name), "");
+    }
+    slow_.EntriesUntilFailure = 3;
+    const auto listing = files_.GetFolder(L"Q:\\Few");
+    FileEntry entry;
+    ASSERT_TRUE(listing->Next(entry));
+    ASSERT_TRUE(listing->Next(entry));
+    EXPECT_EQ(L"2", entry.Name);
+    EXPECT_EQ(ErrorNumber::DiskNotReady, RuntimeErrorOf([&] { listing->Next(entry); }));
+    EXPECT_FALSE(listing->Next(entry));
 }
 
 TEST_F(AnsweringFileSystemTest, LinesOfATextFileAreWrittenByTheWorker) {
