@@ -32,9 +32,10 @@ TEST(CheckListBox, KeepsNamesTicksAndTheCurrentEntryInTheListBoxItself) {
 class ShownCheckListBox : public testing::Test {
   protected:
     ShownCheckListBox() {
-        SetWindowLongPtrW(parent_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ScrollOnChange));
+        original_ = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ScrollOnClick)));
     }
-    ~ShownCheckListBox() override { DestroyWindow(parent_); }
+    ~ShownCheckListBox() override { DestroyWindow(window_); }
 
     [[nodiscard]] LONG RowHeight() const {
         return static_cast<LONG>(SendMessageW(window_, LB_GETITEMHEIGHT, 0, 0));
@@ -53,23 +54,23 @@ class ShownCheckListBox : public testing::Test {
         }
     }
 
-    HWND parent_ = CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 300, 300, nullptr, nullptr,
-                                   GetModuleHandleW(nullptr), nullptr);
     HWND window_ = CreateWindowExW(
         0, L"ListBox", L"",
-        WS_CHILD | LBS_NOTIFY | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT, 0, 0,
-        200, 211, parent_, nullptr, GetModuleHandleW(nullptr), nullptr);
+        WS_POPUP | LBS_NOTIFY | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT, 0, 0,
+        200, 211, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
     CheckListBox list_;
 
   private:
-    // As Windows does by itself with an entry that is half seen, and Wine does not.
-    static LRESULT CALLBACK ScrollOnChange(HWND handle, UINT message, WPARAM wParam,
-                                           LPARAM lParam) {
-        if (message == WM_COMMAND && HIWORD(wParam) == LBN_SELCHANGE) {
-            SendMessageW(reinterpret_cast<HWND>(lParam), LB_SETTOPINDEX, 1, 0);
+    // A click scrolls, as it does on Windows where the entry is half seen, and on Wine never.
+    static LRESULT CALLBACK ScrollOnClick(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+        const LRESULT result = CallWindowProcW(original_, handle, message, wParam, lParam);
+        if (message == WM_LBUTTONDOWN) {
+            SendMessageW(handle, LB_SETTOPINDEX, 1, 0);
         }
-        return DefWindowProcW(handle, message, wParam, lParam);
+        return result;
     }
+
+    static inline WNDPROC original_ = nullptr;
 };
 
 TEST_F(ShownCheckListBox, EndsOnAWholeRowAndHardlyLower) {
