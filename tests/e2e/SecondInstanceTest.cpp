@@ -105,6 +105,19 @@ TEST_F(SecondConfigurationTest, OfTwoThatStartTogetherOneStays) {
     EXPECT_TRUE(second.WaitForEnd());
 }
 
+// The first has said that it is there, and its dialog is not to be seen yet.
+TEST_F(SecondConfigurationTest, WaitsForOneThatIsJustComingUp) {
+    const UniqueHandle first(CreateMutexW(nullptr, TRUE, L"Local\\Ambrio Configuration"));
+    ASSERT_NE(first, nullptr);
+    Start(L"/C");
+    constexpr Milliseconds kShorterThanItsPatience{2000};
+    EXPECT_FALSE(WaitForWindow(Program().ProcessId(), kConfiguration, kShorterThanItsPatience));
+    // It ends without a dialog, so this one has its turn.
+    ReleaseMutex(first.get());
+    static_cast<void>(WindowTitled(kConfiguration));
+    CloseConfiguration();
+}
+
 // One that was ended by force has taken nothing with it.
 TEST_F(SecondConfigurationTest, StartsAnewAfterOneThatWasKilled) {
     static_cast<void>(OpenConfiguration());
