@@ -4,35 +4,23 @@
 #include <utility>
 
 #include "platform/win32/windows/GdiHandles.h"
+#include "platform/win32/windows/PixelBuffer.h"
 #include "saver/animation/LightBuffer.h"
 #include "saver/animation/LineSet.h"
 
 namespace ambrio {
 namespace {
 
-struct Size {
-    int Width;
-    int Height;
-};
+constexpr int kCallsBetweenTries = 99;
 
-Size ClientSize(HWND window) {
+SIZE ClientSize(const Window& window) {
     RECT client{};
-    GetClientRect(window, &client);
+    GetClientRect(window.Handle(), &client);
     return {client.right, client.bottom};
 }
 
-UniqueBitmap MakeBitmap(HDC dc, Size size, std::uint32_t** pixels) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof(info.bmiHeader);
-    info.bmiHeader.biWidth = size.Width;
-    info.bmiHeader.biHeight = -size.Height;  // the top row first
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
-    void* bits = nullptr;
-    UniqueBitmap bitmap(CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    *pixels = static_cast<std::uint32_t*>(bits);
-    return bitmap;
+bool IsSame(const SIZE& one, const SIZE& other) {
+    return one.cx == other.cx && one.cy == other.cy;
 }
 
 }  // namespace
@@ -40,14 +28,11 @@ UniqueBitmap MakeBitmap(HDC dc, Size size, std::uint32_t** pixels) {
 class LineCanvas::Buffer {
   public:
     // Null without memory for it.
-    static std::unique_ptr<Buffer> Make(Size size, std::int16_t pixelTwipsX,
-                                        std::int16_t pixelTwipsY);
+    static std::unique_ptr<Buffer> Make(const SIZE& size, const ScreenTwips& twips);
 
-    [[nodiscard]] bool Covers(Size size) const {
-        return size_.Width == size.Width && size_.Height == size.Height;
-    }
-    [[nodiscard]] bool Fits(Size size, std::int16_t pixelTwipsX, std::int16_t pixelTwipsY) const {
-        return Covers(size) && pixelTwipsX_ == pixelTwipsX && pixelTwipsY_ == pixelTwipsY;
+    [[nodiscard]] bool Covers(const SIZE& size) const { return IsSame(picture_->Size(), size); }
+    [[nodiscard]] bool Fits(const SIZE& size, const ScreenTwips& twips) const {
+        return Covers(size) && twips_ == twips;
     }
 
     // The parts that have to be copied to the window.
@@ -58,64 +43,64 @@ class LineCanvas::Buffer {
     }
 
     void CopyTo(HDC target, const PixelRect& part) const {
-        BitBlt(target, part.Left, part.Top, part.Right - part.Left, part.Bottom - part.Top,
-               dc_.get(), part.Left, part.Top, SRCCOPY);
+        picture_->CopyTo(target, {part.Left, part.Top, part.Right, part.Bottom});
     }
 
-    Buffer(Size size, std::int16_t pixelTwipsX, std::int16_t pixelTwipsY, UniqueMemoryDC dc,
-           UniqueBitmap bitmap, std::uint32_t* pixels)
-        : size_(size),
-          pixelTwipsX_(pixelTwipsX),
-          pixelTwipsY_(pixelTwipsY),
-          dc_(std::move(dc)),
-          bitmap_(std::move(bitmap)),
-          selection_(dc_.get(), bitmap_.get()),
-          light_(size.Width, size.Height, pixels, LineSet::Thickness(pixelTwipsY)),
-          lines_(pixelTwipsX, pixelTwipsY) {}
+    Buffer(std::unique_ptr<PixelBuffer> picture, const ScreenTwips& twips)
+        : picture_(std::move(picture)),
+          twips_(twips),
+          light_(picture_->Size().cx, picture_->Size().cy, picture_->Pixels().data(),
+                 LineSet::Thickness(twips.Y)),
+          lines_(twips.X, twips.Y) {}
 
   private:
-    Size size_;
-    std::int16_t pixelTwipsX_;
-    std::int16_t pixelTwipsY_;
-    // The order matters: the selection ends before bitmap and device context go away.
-    UniqueMemoryDC dc_;
-    UniqueBitmap bitmap_;
-    SelectedObject selection_;
+    std::unique_ptr<PixelBuffer> picture_;
+    ScreenTwips twips_;
     LightBuffer light_;
     LineSet lines_;
 };
 
-std::unique_ptr<LineCanvas::Buffer> LineCanvas::Buffer::Make(Size size, std::int16_t pixelTwipsX,
-                                                             std::int16_t pixelTwipsY) {
-    UniqueMemoryDC dc(CreateCompatibleDC(nullptr));
-    std::uint32_t* pixels = nullptr;
-    UniqueBitmap bitmap = MakeBitmap(dc.get(), size, &pixels);
-    if (dc == nullptr || bitmap == nullptr) {
+std::unique_ptr<LineCanvas::Buffer> LineCanvas::Buffer::Make(const SIZE& size,
+                                                             const ScreenTwips& twips) {
+    std::unique_ptr<PixelBuffer> picture = PixelBuffer::Make(size);
+    if (picture == nullptr) {
         return nullptr;
     }
     try {
-        return std::make_unique<Buffer>(size, pixelTwipsX, pixelTwipsY, std::move(dc),
-                                        std::move(bitmap), pixels);
+        return std::make_unique<Buffer>(std::move(picture), twips);
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
 }
 
-LineCanvas::LineCanvas(HWND window) : window_(window) {}
+LineCanvas::LineCanvas(const Window& window) : window_(window) {}
 
 LineCanvas::~LineCanvas() = default;
 
-void LineCanvas::Draw(std::span<const Line> lines, std::int16_t pixelTwipsX,
-                      std::int16_t pixelTwipsY) {
-    const Size size = ClientSize(window_);
-    if (size.Width <= 0 || size.Height <= 0) {
+// The window shows the new buffer, or black without one, as soon as it paints itself.
+void LineCanvas::MakeBuffer(const ScreenTwips& twips) {
+    const SIZE size = ClientSize(window_);
+    const bool isRefused = IsSame(size, refused_);
+    if (isRefused && callsToNextTry_-- > 0) {
+        return;
+    }
+    buffer_.reset();  // before the next one is made: each is as large as the screen
+    buffer_ = Buffer::Make(size, twips);
+    refused_ = buffer_ == nullptr ? size : SIZE{};
+    callsToNextTry_ = kCallsBetweenTries;
+    if (!isRefused || buffer_ != nullptr) {
+        InvalidateRect(window_.Handle(), nullptr, FALSE);
+    }
+}
+
+void LineCanvas::Draw(std::span<const Line> lines, const ScreenTwips& twips) {
+    const SIZE size = ClientSize(window_);
+    if (size.cx <= 0 || size.cy <= 0) {
         buffer_.reset();
         return;
     }
-    if (buffer_ == nullptr || !buffer_->Fits(size, pixelTwipsX, pixelTwipsY)) {
-        buffer_.reset();  // before the next one is made: each is as large as the screen
-        buffer_ = Buffer::Make(size, pixelTwipsX, pixelTwipsY);
-        InvalidateRect(window_, nullptr, FALSE);
+    if (buffer_ == nullptr || !buffer_->Fits(size, twips)) {
+        MakeBuffer(twips);
     }
     if (buffer_ == nullptr) {
         return;
@@ -124,7 +109,7 @@ void LineCanvas::Draw(std::span<const Line> lines, std::int16_t pixelTwipsX,
     if (changes.empty()) {
         return;
     }
-    const WindowDC target(window_);
+    const WindowDC target(window_.Handle());
     for (const PixelRect& part : changes) {
         buffer_->CopyTo(target.get(), part);
     }

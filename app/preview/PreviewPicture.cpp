@@ -13,7 +13,7 @@ PreviewPicture::PreviewPicture(HWND form, const Application& application)
     design.Style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
     design.Parent = form;
     Create(design);
-    canvas_ = std::make_unique<LineCanvas>(Handle());
+    canvas_ = std::make_unique<LineCanvas>(*this);
 }
 
 PreviewPicture::~PreviewPicture() {
@@ -42,7 +42,8 @@ void PreviewPicture::Activate(HWND preview) {
 }
 
 void PreviewPicture::DrawLines(std::span<const Line> lines) {
-    canvas_->Draw(lines, application_.PixelTwipsX, application_.PixelTwipsY);
+    canvas_->Draw(lines, {static_cast<double>(application_.PixelTwipsX),
+                          static_cast<double>(application_.PixelTwipsY)});
 }
 
 LRESULT CALLBACK PreviewPicture::ReplacementProcedure(HWND handle, UINT message, WPARAM wParam,

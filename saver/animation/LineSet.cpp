@@ -7,8 +7,8 @@
 namespace ambrio {
 namespace {
 
-constexpr float kRasterUnits = 256;
-constexpr std::int32_t kThicknessTwips = 19;
+constexpr double kRasterUnits = 256;
+constexpr double kThicknessTwips = 19;
 
 auto Key(Colour colour) {
     return std::tuple(colour.Red, colour.Green, colour.Blue);
@@ -16,13 +16,14 @@ auto Key(Colour colour) {
 
 }  // namespace
 
-std::int32_t LineSet::Thickness(std::int16_t pixelTwips) {
-    return kThicknessTwips * 256 / std::max<std::int32_t>(pixelTwips, 1);
+std::int32_t LineSet::Thickness(double twipsPerPixel) {
+    return static_cast<std::int32_t>(
+        std::lround(kThicknessTwips * kRasterUnits / std::max(twipsPerPixel, 1.0)));
 }
 
-LineSet::LineSet(std::int16_t pixelTwipsX, std::int16_t pixelTwipsY)
-    : scaleX_(kRasterUnits / static_cast<float>(pixelTwipsX)),
-      scaleY_(kRasterUnits / static_cast<float>(pixelTwipsY)) {}
+LineSet::LineSet(double twipsPerPixelX, double twipsPerPixelY)
+    : scaleX_(static_cast<float>(kRasterUnits / twipsPerPixelX)),
+      scaleY_(static_cast<float>(kRasterUnits / twipsPerPixelY)) {}
 
 bool LineSet::Precedes(const Entry& one, const Entry& other) {
     if (one.Place != other.Place) {

@@ -14,11 +14,11 @@ namespace ambrio {
 class LineSet {
   public:
     // The thickness of lines in the raster's measure: a little more than a pixel of 96 dpi, at
-    // every dpi. 0 twips per pixel count as 1.
-    [[nodiscard]] static std::int32_t Thickness(std::int16_t pixelTwips);
+    // every dpi. Less than 1 twip per pixel counts as 1.
+    [[nodiscard]] static std::int32_t Thickness(double twipsPerPixel);
 
     // Twips per pixel turn the lines' places into the buffer's.
-    LineSet(std::int16_t pixelTwipsX, std::int16_t pixelTwipsY);
+    LineSet(double twipsPerPixelX, double twipsPerPixelY);
 
     // The buffer has to be the same at every call.
     void Show(std::span<const Line> lines, LightBuffer& buffer);

@@ -40,13 +40,13 @@ void frmScreenSaver::MakeWindow() {
         timer->AttachTo(Handle());
     }
     notices_ = std::make_unique<AudienceNotices>(Handle());
-    canvas_ = std::make_unique<LineCanvas>(Handle());
+    canvas_ = std::make_unique<LineCanvas>(*this);
     panel_ = std::make_unique<StatusPanelView>(Handle(), twips_.X, twips_.Y,
                                                ResourceText(IDS_SLOGAN), [this] { InputRule(); });
     run_ = std::make_unique<RunDriver>(application_, fileSystem_, settings_, clock_, *panel_, *this,
                                        signals_);
     plate_ = std::make_unique<WaitPlate>(Handle());
-    frame_ = std::make_unique<PanelFrame>(Handle(), *panel_, *canvas_, twips_, application_);
+    frame_ = std::make_unique<PanelFrame>(*this, *panel_, *canvas_, twips_);
 }
 
 void frmScreenSaver::Form_Load() {

@@ -5,19 +5,19 @@
 
 namespace ambrio {
 
-PanelFrame::PanelFrame(HWND form, StatusPanelView& panel, LineCanvas& canvas,
-                       const ScreenTwips& twips, const Application& application)
-    : form_(form), panel_(panel), canvas_(canvas), twips_(twips), application_(application) {}
+PanelFrame::PanelFrame(const Window& form, StatusPanelView& panel, LineCanvas& canvas,
+                       const ScreenTwips& twips)
+    : form_(form), panel_(panel), canvas_(canvas), twips_(twips) {}
 
 std::int32_t PanelFrame::ParentScaleWidth() const {
     RECT area{};
-    GetClientRect(form_, &area);
+    GetClientRect(form_.Handle(), &area);
     return static_cast<std::int32_t>(std::lround(area.right * twips_.X));
 }
 
 std::int32_t PanelFrame::ParentScaleHeight() const {
     RECT area{};
-    GetClientRect(form_, &area);
+    GetClientRect(form_.Handle(), &area);
     return static_cast<std::int32_t>(std::lround(area.bottom * twips_.Y));
 }
 
@@ -36,7 +36,7 @@ void PanelFrame::SetLabelColours(const LabelColours& colours) {
 }
 
 void PanelFrame::DrawLines(std::span<const Line> lines) {
-    canvas_.Draw(lines, application_.PixelTwipsX, application_.PixelTwipsY);
+    canvas_.Draw(lines, twips_);
 }
 
 void PanelFrame::Present() {

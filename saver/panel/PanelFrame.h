@@ -2,9 +2,8 @@
 
 #include <span>
 
-#include "platform/Application.h"
-#include "platform/win32/WindowsHeaders.h"
 #include "platform/win32/windows/ScreenTwips.h"
+#include "platform/win32/windows/Window.h"
 #include "saver/LineCanvas.h"
 #include "saver/animation/AnimatedFrame.h"
 #include "saver/panel/StatusPanelView.h"
@@ -15,8 +14,8 @@ namespace ambrio {
 class PanelFrame : public AnimatedFrame {
   public:
     // Nothing is owned; everything must live longer.
-    PanelFrame(HWND form, StatusPanelView& panel, LineCanvas& canvas, const ScreenTwips& twips,
-               const Application& application);
+    PanelFrame(const Window& form, StatusPanelView& panel, LineCanvas& canvas,
+               const ScreenTwips& twips);
 
     [[nodiscard]] std::int32_t Left() const override { return panel_.Place().Left; }
     [[nodiscard]] std::int32_t Top() const override { return panel_.Place().Top; }
@@ -34,11 +33,10 @@ class PanelFrame : public AnimatedFrame {
     void Present();
 
   private:
-    HWND form_;
+    const Window& form_;
     StatusPanelView& panel_;
     LineCanvas& canvas_;
-    ScreenTwips twips_;
-    const Application& application_;
+    const ScreenTwips& twips_;
     bool hasNewColours_ = false;
 };
 

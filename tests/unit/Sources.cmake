@@ -94,6 +94,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/HeldFileTest.cpp
     tests/unit/LaunchProgramTest.cpp
     tests/unit/LinkOwnerTest.cpp
+    tests/unit/LineCanvasTest.cpp
     tests/unit/MessageLoopTest.cpp
     tests/unit/PanelOnlookersTest.cpp
     tests/unit/PointerTest.cpp

@@ -6,6 +6,8 @@ namespace ambrio {
 struct ScreenTwips {
     double X = 15;
     double Y = 15;
+
+    bool operator==(const ScreenTwips&) const = default;
 };
 
 [[nodiscard]] ScreenTwips ReadScreenTwips();
