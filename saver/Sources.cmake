@@ -15,6 +15,7 @@ set(SAVER_ANIMATION_SOURCES
 
 set(SAVER_MODEL_SOURCES
     saver/model/Audience.cpp
+    saver/model/ClipScaling.cpp
     saver/model/DesktopSettings.cpp
     saver/model/Ellipsis.cpp
     saver/model/InputRules.cpp
@@ -35,6 +36,7 @@ set(SAVER_WIN32_SOURCES
     saver/form/SecureDesktop.cpp
     saver/form/WaitPlate.cpp
     saver/form/Windows9x.cpp
+    saver/panel/ClipControl.cpp
     saver/panel/CopyFrame.cpp
     saver/panel/PanelFrame.cpp
     saver/panel/PanelLabelWindow.cpp

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "AviFile.h"
-#include "ClipTiming.h"
 #include "Picture.h"
 
 namespace {
@@ -22,9 +21,14 @@ using clip::RoundedRectangle;
 using clip::Shape;
 using clip::Turned;
 
-// The size of the copy frame at 96 dpi.
+constexpr int kPictures = 30;
+constexpr std::uint32_t kMicroseconds = 50000;  // that each is shown
+
+// The size of the copy frame at 96 dpi, which is what the shapes are drawn for, and how many pixels
+// of the clip make one of these: the clip is sharp up to 192 dpi.
 constexpr int kWidth = 276;
 constexpr int kHeight = 55;
+constexpr int kUnit = 2;
 // How many sheets are on their way at a time. After one round of the clip each has taken the place
 // of the next, so that the end meets the beginning.
 constexpr int kSheets = 3;
@@ -127,7 +131,7 @@ void DrawSheet(Picture& picture, const Pose& pose) {
 
 // `time` goes from 0 to 1 over the clip.
 Picture PictureAt(double time) {
-    Picture picture(kWidth, kHeight);
+    Picture picture(kWidth * kUnit, kHeight * kUnit, kUnit);
     DrawFolderBack(picture, kLeftFolder, kSource);
     DrawFolderBack(picture, kRightFolder, kTarget);
     for (int sheet = 0; sheet < kSheets; ++sheet) {
@@ -148,11 +152,11 @@ int main(int argc, char** argv) {
         return 2;
     }
     std::vector<Picture> pictures;
-    for (int i = 0; i < kClipPictures; ++i) {
-        pictures.push_back(PictureAt(static_cast<double>(i) / kClipPictures));
+    for (int i = 0; i < kPictures; ++i) {
+        pictures.push_back(PictureAt(static_cast<double>(i) / kPictures));
     }
     std::ofstream file(argv[1], std::ios::binary);
-    file << clip::AviFile(pictures, kClipMicroseconds);
+    file << clip::AviFile(pictures, kMicroseconds);
     file.close();
     if (!file) {
         std::cerr << "MakeClip: cannot write " << argv[1] << '\n';

@@ -32,18 +32,38 @@ Shape Leaning(Shape shape, double base, double slope) {
     };
 }
 
-Picture::Picture(int width, int height)
+Picture::Picture(int width, int height, int unit)
     : width_(width),
       height_(height),
+      unit_(unit),
       samples_(static_cast<std::size_t>(width * kSamples) *
                static_cast<std::size_t>(height * kSamples)) {}
 
 void Picture::Fill(const Shape& shape, Rgb colour) {
-    std::size_t index = 0;
-    for (int y = 0; y < height_ * kSamples; ++y) {
-        for (int x = 0; x < width_ * kSamples; ++x, ++index) {
-            if (shape({(x + 0.5) / kSamples, (y + 0.5) / kSamples})) {
-                samples_[index] = {colour, true};
+    for (int y = 0; y < height_; ++y) {
+        for (int x = 0; x < width_; ++x) {
+            FillPixel(shape, colour, x * kSamples, y * kSamples);
+        }
+    }
+}
+
+// A pixel whose corners all lie inside or all outside lies there as a whole: no shape is as thin as
+// a pixel.
+void Picture::FillPixel(const Shape& shape, Rgb colour, int left, int top) {
+    constexpr int kLast = kSamples - 1;
+    const auto isInside = [&](int x, int y) {
+        return shape({(left + x + 0.5) / kSamples / unit_, (top + y + 0.5) / kSamples / unit_});
+    };
+    const int corners =
+        isInside(0, 0) + isInside(kLast, 0) + isInside(0, kLast) + isInside(kLast, kLast);
+    if (corners == 0) {
+        return;
+    }
+    for (int y = 0; y < kSamples; ++y) {
+        for (int x = 0; x < kSamples; ++x) {
+            if (corners == 4 || isInside(x, y)) {
+                const int index = (top + y) * width_ * kSamples + left + x;
+                samples_[static_cast<std::size_t>(index)] = {colour, true};
             }
         }
     }

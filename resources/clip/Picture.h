@@ -34,7 +34,8 @@ class Picture {
   public:
     static constexpr int kSamples = 4;  // in each direction of a pixel
 
-    Picture(int width, int height);
+    // Shapes are `unit` pixels to their own unit.
+    Picture(int width, int height, int unit);
 
     // Paints over what is there.
     void Fill(const Shape& shape, Rgb colour);
@@ -51,11 +52,13 @@ class Picture {
         bool IsSet;
     };
 
+    void FillPixel(const Shape& shape, Rgb colour, int left, int top);
     template <typename Visit>
     void VisitPixel(int x, int y, Visit visit) const;
 
     int width_;
     int height_;
+    double unit_;
     std::vector<Sample> samples_;
 };
 

@@ -1,8 +1,8 @@
 #include "saver/panel/CopyFrame.h"
 
-#include "platform/win32/system/SystemRedirection.h"
-#include "platform/win32/windows/CommonControls.h"
-#include "resources/clip/ClipTiming.h"
+#include <algorithm>
+
+#include "saver/model/ClipScaling.h"
 #include "saver/panel/PanelControls.h"
 
 namespace ambrio {
@@ -10,24 +10,27 @@ namespace ambrio {
 namespace {
 
 constexpr UINT_PTR kPictureTimer = 1;
-constexpr std::chrono::milliseconds kPictureInterval{kClipMicroseconds / 1000};
+constexpr std::chrono::milliseconds kPictureInterval{50};
+
+// As pixels in memory have it.
+std::uint32_t PixelOf(COLORREF colour) {
+    return static_cast<std::uint32_t>(GetRValue(colour) << 16 | GetGValue(colour) << 8 |
+                                      GetBValue(colour));
+}
 
 }  // namespace
 
-CopyFrame::CopyFrame(HWND parent, const RECT& place)
-    : pictures_(kPictureTimer, kPictureInterval), background_(CreateSolidBrush(colour_)) {
+CopyFrame::CopyFrame(HWND parent, const RECT& place, double pixelSize, COLORREF colour)
+    : pixelSize_(pixelSize),
+      pictures_(kPictureTimer, kPictureInterval),
+      picture_(PixelBuffer::Make({place.right - place.left, place.bottom - place.top})),
+      colour_(colour) {
     WindowDesign design =
         ChildDesign(L"AmbrioCopyFrame", parent, static_cast<int>(PanelControl::fraAni), place);
     design.Style = WS_CHILD | WS_CLIPCHILDREN;
     Create(design);
     pictures_.AttachTo(Handle());
-
-    CommonControls::InitClasses(ICC_ANIMATE_CLASS);
-    animation_ = CreateWindowExW(
-        0, ANIMATE_CLASSW, L"", WS_CHILD | WS_VISIBLE | ACS_TRANSPARENT | ACS_CENTER, 0, 0,
-        design.Width, design.Height, Handle(),
-        reinterpret_cast<HMENU>(static_cast<INT_PTR>(PanelControl::Animation1)),
-        GetModuleHandleW(nullptr), nullptr);
+    clip_ = std::make_unique<ClipControl>(*this);
 }
 
 CopyFrame::~CopyFrame() {
@@ -35,82 +38,108 @@ CopyFrame::~CopyFrame() {
 }
 
 void CopyFrame::OpenClip(const std::wstring& path) {
-    path_ = WithoutRedirection(path);
-    picture_ = 0;
-    SendMessageW(animation_, ACM_OPENW, 0, reinterpret_cast<LPARAM>(path_.c_str()));
+    clip_->Open(path);
+    Redraw();
 }
 
 void CopyFrame::PlayClip() {
+    clip_->Play();
     pictures_.SetEnabled(true);
 }
 
 void CopyFrame::StopClip() {
     pictures_.SetEnabled(false);
+    clip_->Stop();
 }
 
 void CopyFrame::CloseClip() {
     StopClip();
-    path_.clear();
-    SendMessageW(animation_, ACM_OPENW, 0, 0);
-}
-
-bool CopyFrame::ShowPicture(int picture) {
-    picture_ = picture;
-    return SendMessageW(animation_, ACM_PLAY, 1, MAKELPARAM(picture, picture)) != FALSE;
-}
-
-void CopyFrame::NextPicture() {
-    // A clip that somebody else made may have fewer.
-    if (!ShowPicture((picture_ + 1) % kClipPictures)) {
-        ShowPicture(0);
-    }
+    clip_->Close();
+    Redraw();
 }
 
 void CopyFrame::Show(bool visible) {
-    isShown_ = visible;
-    if (visible) {
+    isShown_ = visible && Handle() != nullptr;
+    if (isShown_) {
+        // Not in any case: in a run over many files it comes and goes with each that is copied.
+        if (isStale_) {
+            Draw();
+        }
         SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0,
                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-        UpdateWindow(Handle());
     } else {
         ShowWindow(Handle(), SW_HIDE);
     }
 }
 
 void CopyFrame::SetBackColor(COLORREF colour) {
-    if (colour == colour_) {
+    if (colour != colour_) {
+        colour_ = colour;
+        Redraw();
+    }
+    if (isShown_) {
+        UpdateWindow(Handle());
+    }
+}
+
+// A hidden frame is drawn when it is shown.
+void CopyFrame::Redraw() {
+    isStale_ = true;
+    if (isShown_) {
+        Draw();
+        InvalidateRect(Handle(), nullptr, FALSE);
+    }
+}
+
+void CopyFrame::Draw() {
+    isStale_ = false;
+    if (picture_ != nullptr) {
+        GdiFlush();  // copies that are still going on
+        std::fill(picture_->Pixels().begin(), picture_->Pixels().end(), PixelOf(colour_));
+        DrawClip();
+    }
+}
+
+void CopyFrame::DrawClip() {
+    const PixelBuffer* clip = clip_->Picture();
+    if (clip == nullptr) {
         return;
     }
-    colour_ = colour;
-    background_.reset(CreateSolidBrush(colour));
-    InvalidateRect(Handle(), nullptr, TRUE);
-    if (!path_.empty()) {
-        SendMessageW(animation_, ACM_OPENW, 0, reinterpret_cast<LPARAM>(path_.c_str()));
-        ShowPicture(picture_);
-    }
+    const auto [width, height] = clip->Size();
+    const auto [roomAcross, roomDown] = picture_->Size();
+    const double scale = ClipScale(width, height, roomAcross, roomDown, pixelSize_);
+    ScaledPicture(clip->Pixels(), width, clip_->ClearColour(), scale)
+        .DrawInto(picture_->Pixels(), roomAcross);
 }
 
 LRESULT CopyFrame::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_NCHITTEST:
             return HTTRANSPARENT;
-        case WM_ERASEBKGND: {
-            RECT area;
-            GetClientRect(Handle(), &area);
-            FillRect(reinterpret_cast<HDC>(wParam), &area, background_.get());
+        case WM_ERASEBKGND:
             return 1;
-        }
-        case WM_CTLCOLORSTATIC:  // what the clip's transparent parts show
-            SetBkColor(reinterpret_cast<HDC>(wParam), colour_);
-            return reinterpret_cast<LRESULT>(background_.get());
+        case WM_PAINT:
+            Paint([this](HDC target, const RECT& part) {
+                if (picture_ != nullptr) {
+                    picture_->CopyTo(target, part);
+                }
+            });
+            return 0;
+        case WM_PRINTCLIENT:
+            if (picture_ != nullptr) {
+                const auto [width, height] = picture_->Size();
+                picture_->CopyTo(reinterpret_cast<HDC>(wParam), {0, 0, width, height});
+            }
+            return 0;
         case WM_TIMER:
             if (pictures_.IsTick(wParam)) {
-                NextPicture();
+                Redraw();
             }
             return 0;
         case WM_DESTROY:
-            StopClip();
-            animation_ = nullptr;
+            pictures_.SetEnabled(false);
+            pictures_.AttachTo(nullptr);
+            isShown_ = false;
             return 0;
         default:
             return Window::Receive(message, wParam, lParam);

@@ -1,23 +1,23 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "platform/win32/windows/FormTimer.h"
-#include "platform/win32/windows/GdiHandles.h"
+#include "platform/win32/windows/PixelBuffer.h"
 #include "platform/win32/windows/Window.h"
+#include "saver/panel/ClipControl.h"
 
 namespace ambrio {
 
 // fraAni: the frame inside the panel with the clip that plays while files are copied. It starts
-// hidden and lets the pointer through to the panel. A clip that cannot be opened leaves it empty.
-//
-// The clip's transparent parts show the frame's colour, which the control takes over only when it
-// opens a clip. So a new colour opens it again, and the frame shows picture after picture by
-// itself, as the control could not go on from where it was.
+// hidden and lets the pointer through to the panel. It draws the clip by itself, on its own colour
+// and as large as pixels of 96 dpi are, or as its room allows. A clip that cannot be opened leaves
+// it empty.
 class CopyFrame : public Window {
   public:
-    // Place in pixels of the parent.
-    CopyFrame(HWND parent, const RECT& place);
+    // Place in pixels of the parent; `pixelSize` is how many of them a pixel of 96 dpi takes.
+    CopyFrame(HWND parent, const RECT& place, double pixelSize, COLORREF colour);
     ~CopyFrame() override;
 
     void OpenClip(const std::wstring& path);
@@ -25,25 +25,28 @@ class CopyFrame : public Window {
     void StopClip();
     void CloseClip();
 
-    // Comes up in front of the labels that it covers.
+    // Comes up in front of the labels that it covers. Painted with the next WM_PAINT, so that a
+    // colour that is matched right after it is the first that is seen.
     void Show(bool visible);
     [[nodiscard]] bool IsShown() const { return isShown_; }
+    // Seen at once.
     void SetBackColor(COLORREF colour);
 
   protected:
     LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
-    bool ShowPicture(int picture);
-    void NextPicture();
+    void Redraw();
+    void Draw();
+    void DrawClip();
 
-    FormTimer pictures_;        // ticks while the clip plays
-    HWND animation_ = nullptr;  // Animation1, a child
-    COLORREF colour_ = 0;
-    UniqueBrush background_;  // of that colour
-    std::wstring path_;       // of the open clip
-    int picture_ = 0;
+    double pixelSize_;
+    FormTimer pictures_;  // ticks while the clip plays
+    std::unique_ptr<ClipControl> clip_;
+    std::unique_ptr<PixelBuffer> picture_;  // of the whole frame; null without memory for it
+    COLORREF colour_;
     bool isShown_ = false;
+    bool isStale_ = true;  // the picture shows another clip or colour
 };
 
 }  // namespace ambrio

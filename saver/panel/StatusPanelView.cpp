@@ -10,6 +10,8 @@
 namespace ambrio {
 namespace {
 
+constexpr int kDesignResolution = 96;
+
 std::size_t IndexOf(int controlId) {
     const auto found = std::find_if(kPanelLabels.begin(), kPanelLabels.end(),
                                     [controlId](const PanelLabelDesign& design) {
@@ -42,7 +44,9 @@ StatusPanelView::StatusPanelView(HWND form, double twipsPerPixelX, double twipsP
     Create(design);
     MakeLabels(slogan);
     painter_ = std::make_unique<PanelPainter>(twipsPerPixelX_, twipsPerPixelY_, texts_);
-    copyFrame_ = std::make_unique<CopyFrame>(Handle(), PixelsOf(kCopyFramePlace));
+    copyFrame_ = std::make_unique<CopyFrame>(Handle(), PixelsOf(kCopyFramePlace),
+                                             TwipsPerPixel(kDesignResolution) / twipsPerPixelX_,
+                                             SystemColour(painter_->BackColor()));
     painter_->DrawFrame(texts_);
     ShowWindow(Handle(), SW_SHOWNA);
 }

@@ -7,6 +7,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/BooleanTextTest.cpp
     tests/unit/CallsOfACopyTest.cpp
     tests/unit/CentreFormTest.cpp
+    tests/unit/ClipScalingTest.cpp
     tests/unit/ColourWalkTest.cpp
     tests/unit/CommandSwitchTest.cpp
     tests/unit/ContrastTest.cpp
@@ -65,12 +66,15 @@ set(UNIT_TEST_SOURCES
 )
 
 set(UNIT_TEST_WIN32_SOURCES
+    resources/clip/AviFile.cpp
+    resources/clip/Picture.cpp
     tests/support/win32/ImportTable.cpp
     tests/support/win32/ReplacedImport.cpp
     tests/unit/AssociatedProgramTest.cpp
     tests/unit/BackBufferTest.cpp
     tests/unit/CheckListAccessibleTest.cpp
     tests/unit/CheckListBoxTest.cpp
+    tests/unit/CopyFrameTest.cpp
     tests/unit/DeepestTreeTest.cpp
     tests/unit/DirectoryListBoxTest.cpp
     tests/unit/ExtendedPathTest.cpp
