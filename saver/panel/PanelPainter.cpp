@@ -1,7 +1,9 @@
 #include "saver/panel/PanelPainter.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <string_view>
+#include <vector>
 
 #include "platform/Twips.h"
 #include "saver/SystemColour.h"
@@ -14,7 +16,10 @@ constexpr int kTextHeight = 160;  // twips: eight points
 constexpr int kMargin = 45;       // of the plate inside the frame, twips
 constexpr int kCorner = 90;       // the plate's rounding, twips
 constexpr int kCaptionLeft = 120;
-constexpr int kGap = 45;  // between a fixed text and a count beside it, twips
+constexpr int kGap = 45;      // between a fixed text and a count beside it, twips
+constexpr int kSameRow = 15;  // how far apart a fixed text and its value may have been drawn, twips
+constexpr int kTightestLine = 7;   // eighths of a line's height, where two share a box
+constexpr int kBelowCaption = 30;  // from the frame's caption to the first row, twips
 
 Colour Between(Colour a, Colour b) {
     const auto half = [](std::uint8_t x, std::uint8_t y) {
@@ -55,6 +60,32 @@ void WriteText(HDC dc, int left, int top, Colour colour, const std::wstring& tex
     ExtTextOutW(dc, left, top, 0, nullptr, text.c_str(), static_cast<UINT>(text.size()), nullptr);
 }
 
+// The fixed text that stands before this label in its row; the label itself where there is none.
+std::size_t RowOf(std::size_t label) {
+    const TwipsRect& place = kPanelLabels[label].Place;
+    for (std::size_t other = 0; other < kPanelLabels.size(); ++other) {
+        const TwipsRect& box = kPanelLabels[other].Place;
+        if (kPanelLabels[other].IsFixed && box.Left < place.Left &&
+            std::abs(box.Top - place.Top) <= kSameRow) {
+            return other;
+        }
+    }
+    return label;
+}
+
+std::vector<std::wstring> LinesOf(const std::wstring& text) {
+    std::vector<std::wstring> lines;
+    std::size_t start = 0;
+    for (std::size_t end = 0; end != std::wstring::npos; start = end + 1) {
+        end = text.find(L'\n', start);
+        lines.push_back(text.substr(start, end - start));
+        if (!lines.back().empty() && lines.back().back() == L'\r') {
+            lines.back().pop_back();
+        }
+    }
+    return lines;
+}
+
 bool Touch(const RECT& a, const RECT& b) {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
@@ -76,6 +107,7 @@ PanelPainter::PanelPainter(double twipsPerPixelX, double twipsPerPixelY, const P
       captionFont_(MakePanelFont(picture_.DC(), Down(kTextHeight), FW_BOLD)) {
     SetBkMode(background_.DC(), TRANSPARENT);
     SetBkMode(picture_.DC(), TRANSPARENT);
+    SettleRows();
     SettleReaches(texts);
 }
 
@@ -90,6 +122,20 @@ RECT PanelPainter::PixelsOf(const TwipsRect& place) const {
     return PixelsOfTwips(place, twipsPerPixelX_, twipsPerPixelY_);
 }
 
+// A fixed text and what it explains stand on one line, whichever pixels their boxes begin at. The
+// first row keeps clear of the frame's caption.
+void PanelPainter::SettleRows() {
+    const SelectedObject captionFont(picture_.DC(), captionFont_.get());
+    const int first = CaptionHeight(picture_.DC()) + Down(kBelowCaption);
+    for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
+        textTop_[i] = std::max(Down(kPanelLabels[RowOf(i)].Place.Top), first);
+    }
+    const SelectedObject font(picture_.DC(), font_.get());
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(picture_.DC(), &metrics);
+    lineHeight_ = metrics.tmHeight;
+}
+
 // A fixed text is shown whole, also where it is wider than its box; a count may also use the room
 // that the fixed text on its left leaves.
 void PanelPainter::SettleReaches(const PanelTexts& texts) {
@@ -97,6 +143,8 @@ void PanelPainter::SettleReaches(const PanelTexts& texts) {
     for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
         const PanelLabelDesign& design = kPanelLabels[i];
         reach_[i] = PixelsOf(design.Place);
+        reach_[i].top = std::min<LONG>(reach_[i].top, textTop_[i]);
+        reach_[i].bottom = std::max<LONG>(reach_[i].bottom, textTop_[i] + lineHeight_);
         const LONG width = Extent(picture_.DC(), *texts[i]).cx;
         if (design.IsFixed && design.Alignment == TextAlignment::Left) {
             reach_[i].right = std::max(reach_[i].right, reach_[i].left + width);
@@ -104,12 +152,9 @@ void PanelPainter::SettleReaches(const PanelTexts& texts) {
         if (design.IsFixed || design.Alignment != TextAlignment::Right) {
             continue;
         }
-        for (std::size_t other = 0; other < i; ++other) {
-            const RECT box = PixelsOf(kPanelLabels[other].Place);
-            if (kPanelLabels[other].IsFixed && box.left < reach_[i].left &&
-                std::abs(box.top - reach_[i].top) <= Down(kTextHeight) / 4) {
-                reach_[i].left = box.left + Extent(picture_.DC(), *texts[other]).cx + Across(kGap);
-            }
+        if (const std::size_t row = RowOf(i); row != i) {
+            reach_[i].left = PixelsOf(kPanelLabels[row].Place).left +
+                             Extent(picture_.DC(), *texts[row]).cx + Across(kGap);
         }
     }
 }
@@ -138,6 +183,10 @@ void PanelPainter::DrawBackground() {
     DrawCaption(dc);
 }
 
+int PanelPainter::CaptionHeight(HDC dc) {
+    return Extent(dc, L"X").cy + 2;
+}
+
 // The caption stands in the border, as on a group box.
 void PanelPainter::DrawCaption(HDC dc) {
     const SelectedObject font(dc, captionFont_.get());
@@ -151,7 +200,7 @@ void PanelPainter::DrawCaption(HDC dc) {
     }
     const SIZE size = Extent(dc, text);
     const int left = Across(kCaptionLeft);
-    RoundRect(dc, left, 0, left + size.cx + 2 * padding, size.cy + 2, Across(kCorner),
+    RoundRect(dc, left, 0, left + size.cx + 2 * padding, CaptionHeight(dc), Across(kCorner),
               Down(kCorner));
     WriteText(dc, left + padding, 1, colours_.Text, text);
 }
@@ -163,15 +212,29 @@ void PanelPainter::DrawLabels(const RECT& area, const PanelTexts& texts) {
     const SelectedObject font(dc, font_.get());
     for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
         if (Touch(area, reach_[i])) {
-            DrawText(kPanelLabels[i], reach_[i], *texts[i]);
+            DrawText(i, *texts[i]);
         }
     }
     SelectClipRgn(dc, nullptr);
 }
 
-void PanelPainter::DrawText(const PanelLabelDesign& design, const RECT& reach,
-                            const std::wstring& text) {
+// Each line of a text is shortened by itself. Lines move together where the box is low, and those
+// that it has no room for even so are left out.
+void PanelPainter::DrawText(std::size_t label, const std::wstring& text) {
+    const std::vector<std::wstring> lines = LinesOf(text);
+    const int room = reach_[label].bottom - textTop_[label];
+    const int most = std::max(1, room / std::max(lineHeight_ * kTightestLine / 8, 1));
+    const int count = std::min(static_cast<int>(lines.size()), most);
+    const int pitch = std::min(lineHeight_, room / count);
+    for (int line = 0; line < count; ++line) {
+        DrawLine(label, textTop_[label] + line * pitch, lines[static_cast<std::size_t>(line)]);
+    }
+}
+
+void PanelPainter::DrawLine(std::size_t label, int top, const std::wstring& text) {
     const HDC dc = picture_.DC();
+    const PanelLabelDesign& design = kPanelLabels[label];
+    const RECT& reach = reach_[label];
     const int room = reach.right - reach.left;
     const std::wstring shown = Shortened(text, [dc, room](const std::wstring& candidate) {
         return Extent(dc, candidate).cx <= room;
@@ -181,7 +244,7 @@ void PanelPainter::DrawText(const PanelLabelDesign& design, const RECT& reach,
         const int spare = room - Extent(dc, shown).cx;
         left += design.Alignment == TextAlignment::Right ? spare : spare / 2;
     }
-    WriteText(dc, left, reach.top, design.IsFixed ? colours_.Caption : colours_.Text, shown);
+    WriteText(dc, left, top, design.IsFixed ? colours_.Caption : colours_.Text, shown);
 }
 
 }  // namespace ambrio

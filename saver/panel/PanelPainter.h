@@ -40,11 +40,15 @@ class PanelPainter {
     [[nodiscard]] const BackBuffer& Picture() const { return picture_; }
 
   private:
+    void SettleRows();
     void SettleReaches(const PanelTexts& texts);
     void DrawBackground();
     void DrawCaption(HDC dc);
     void DrawLabels(const RECT& area, const PanelTexts& texts);
-    void DrawText(const PanelLabelDesign& design, const RECT& reach, const std::wstring& text);
+    void DrawText(std::size_t label, const std::wstring& text);
+    void DrawLine(std::size_t label, int top, const std::wstring& text);
+    // Of the frame's caption, when the device context has its font.
+    [[nodiscard]] static int CaptionHeight(HDC dc);
     [[nodiscard]] RECT PixelsOf(const TwipsRect& place) const;
     [[nodiscard]] int Across(int twips) const;
     [[nodiscard]] int Down(int twips) const;
@@ -56,6 +60,8 @@ class PanelPainter {
     UniqueFont font_;
     UniqueFont captionFont_;
     std::array<RECT, kPanelLabels.size()> reach_{};
+    std::array<int, kPanelLabels.size()> textTop_{};
+    int lineHeight_ = 0;
     std::wstring caption_ = kPanelDesignTitle;
     Colour backColor_{24, 56, 112};
     LabelColours colours_{{255, 255, 255}, {200, 212, 232}, {14, 34, 70}};

@@ -101,6 +101,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/LineCanvasTest.cpp
     tests/unit/MessageLoopTest.cpp
     tests/unit/PanelOnlookersTest.cpp
+    tests/unit/PanelTextTest.cpp
     tests/unit/PointerTest.cpp
     tests/unit/PreviewPictureTest.cpp
     tests/unit/RegistrySettingsStoreTest.cpp

@@ -205,12 +205,9 @@ TEST(StatusPanelView, ShowsTheCopyFrameInTheColourItWasMatchedWith) {
     panel.View->SetBackColor({4, 5, 6});
     panel.View->ShowCopyFrame(true);
     EXPECT_TRUE(isVisible());
-    const BackBuffer scratch(1, 1);
-    const auto brush = reinterpret_cast<HBRUSH>(
-        SendMessageW(frame, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(scratch.DC()), 0));
-    LOGBRUSH colour{};
-    ASSERT_NE(0, GetObjectW(brush, sizeof(colour), &colour));
-    EXPECT_EQ(RGB(1, 2, 3), colour.lbColor);
+    BackBuffer picture(1, 1);
+    SendMessageW(frame, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(picture.DC()), PRF_CLIENT);
+    EXPECT_EQ(RGB(1, 2, 3), GetPixel(picture.DC(), 0, 0));
     panel.View->ShowCopyFrame(false);
     EXPECT_FALSE(isVisible());
 }

@@ -1,0 +1,159 @@
+// How the panel writes its texts: rows, lines, and what is cut.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <string>
+#include <vector>
+
+#include "tests/unit/PanelFixture.h"
+
+namespace ambrio {
+namespace {
+
+// The rows of the picture in which something changes from column to column of a box.
+struct Rows {
+    LONG First = LONG_MAX;
+    LONG Last = LONG_MIN;
+};
+
+Rows RowsWithText(const BackBuffer& picture, const RECT& box) {
+    Rows rows;
+    for (LONG y = box.top; y < box.bottom; ++y) {
+        for (LONG x = box.left + 1; x < box.right; ++x) {
+            if (GetPixel(picture.DC(), x, y) != GetPixel(picture.DC(), x - 1, y)) {
+                rows = {std::min(rows.First, y), std::max(rows.Last, y)};
+                break;
+            }
+        }
+    }
+    return rows;
+}
+
+struct Row {
+    PanelControl Fixed;
+    PanelControl Value;
+};
+
+constexpr Row kRows[] = {
+    {PanelControl::zblFixed0, PanelControl::lblSet},
+    {PanelControl::zblFixed1, PanelControl::lblSource},
+    {PanelControl::zblFixed2, PanelControl::lblDest},
+    {PanelControl::zblFixed3, PanelControl::lblFile},
+    {PanelControl::zblFixed4, PanelControl::lblChecked},
+    {PanelControl::zblFixed5, PanelControl::lblcopied},
+    {PanelControl::Label2, PanelControl::lblRemoved},
+};
+
+TEST(PanelText, WritesAFixedTextAndItsValueOnOneLineAtEveryResolution) {
+    for (const int dotsPerInch : {96, 120, 144, 168, 192}) {
+        const Panel panel(dotsPerInch);
+        panel.View->SetTitle(L"");  // its plate reaches into the first row's boxes
+        for (const Row& row : kRows) {
+            SCOPED_TRACE(testing::Message()
+                         << static_cast<int>(row.Fixed) << " at " << dotsPerInch);
+            for (const PanelControl control : {row.Fixed, row.Value}) {
+                SendMessageW(panel.Control(control), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"H"));
+            }
+            const BackBuffer picture = panel.Picture();
+            const RECT fixed = panel.Place(row.Fixed);
+            const RECT value = panel.Place(row.Value);
+            // Both with room above and below, as a text may begin a little above its window.
+            const LONG top = std::min(fixed.top, value.top) - 2;
+            const LONG bottom = top + (value.bottom - value.top) - 2;
+            const Rows ofFixed = RowsWithText(picture, {fixed.left, top, value.left, bottom});
+            const Rows ofValue = RowsWithText(picture, {value.left, top, value.right, bottom});
+            EXPECT_LT(ofFixed.First, ofFixed.Last);
+            EXPECT_EQ(ofFixed.First, ofValue.First);
+            EXPECT_EQ(ofFixed.Last, ofValue.Last);
+        }
+    }
+}
+
+// The title stands on a plate of its own that hangs into the panel.
+TEST(PanelText, KeepsTheFirstRowClearOfTheTitle) {
+    for (const int dotsPerInch : {96, 120, 144, 192}) {
+        const Panel panel(dotsPerInch);
+        const RECT fixed = panel.Place(PanelControl::zblFixed0);
+        const auto pictureWith = [&panel](const wchar_t* title) {
+            panel.View->SetTitle(title);
+            return panel.Picture();
+        };
+        const BackBuffer with = pictureWith(L"Ambrio v1.0");
+        const BackBuffer without = pictureWith(L"");
+        LONG lastOfTitle = 0;
+        for (LONG y = 0; y < with.Height() / 2; ++y) {
+            for (LONG x = 0; x < with.Width(); ++x) {
+                const bool isTitle = GetPixel(with.DC(), x, y) != GetPixel(without.DC(), x, y);
+                lastOfTitle = isTitle ? y : lastOfTitle;
+            }
+        }
+        const Rows text =
+            RowsWithText(without, {fixed.left, lastOfTitle + 1, fixed.right, fixed.bottom});
+        EXPECT_GT(lastOfTitle, 5) << dotsPerInch;
+        EXPECT_GE(text.First - lastOfTitle, 1 + dotsPerInch / 48) << dotsPerInch;
+    }
+}
+
+constexpr const wchar_t* kTwoLines = L"<All sets processed><ERRORS reported>\r\nsee C:\\Ambrio.log";
+
+// How many lines of text there are: rows with nothing between them part two of them.
+int LinesIn(const BackBuffer& picture, const RECT& box) {
+    int lines = 0;
+    bool wasText = false;
+    for (LONG y = box.top; y < box.bottom; ++y) {
+        const Rows row = RowsWithText(picture, {box.left, y, box.right, y + 1});
+        const bool isText = row.First == y;
+        lines += isText && !wasText ? 1 : 0;
+        wasText = isText;
+    }
+    return lines;
+}
+
+TEST(PanelText, ShowsTheLinesOfATextBelowEachOther) {
+    for (const int dotsPerInch : {96, 120, 144, 192}) {
+        SCOPED_TRACE(dotsPerInch);
+        const Panel panel(dotsPerInch);
+        const RECT box = panel.Place(PanelControl::lblSet);
+        panel.View->SetCaption(PanelLabel::lblSet, L"see it");
+        EXPECT_EQ(1, LinesIn(panel.Picture(), box));
+        panel.View->SetCaption(PanelLabel::lblSet, L"see it\r\nsee it");
+        EXPECT_EQ(2, LinesIn(panel.Picture(), box));
+        panel.View->SetCaption(PanelLabel::lblSet, L"see it\nsee it\nsee it\nsee it");
+        EXPECT_EQ(2, LinesIn(panel.Picture(), box)) << "no more than there is room for";
+    }
+}
+
+// What a part of the panel shows.
+std::vector<COLORREF> PixelsIn(const BackBuffer& picture, const RECT& box) {
+    std::vector<COLORREF> pixels;
+    for (LONG y = box.top; y < box.bottom; ++y) {
+        for (LONG x = box.left; x < box.right; ++x) {
+            pixels.push_back(GetPixel(picture.DC(), x, y));
+        }
+    }
+    return pixels;
+}
+
+TEST(PanelText, ShortensEachLineByItself) {
+    const Panel panel;
+    RECT upper = panel.Place(PanelControl::lblSet);
+    const auto pictureOf = [&panel](const std::wstring& caption) {
+        panel.View->SetCaption(PanelLabel::lblSet, caption);
+        return panel.Picture();
+    };
+    const std::wstring longLine(200, L'm');
+    const Rows first = RowsWithText(pictureOf(L"see it"), upper);
+    upper.top = first.First - 1;
+    upper.bottom = first.Last + 1;
+    const auto whole = PixelsIn(pictureOf(L"<All sets processed><ERRORS reported>"), upper);
+    EXPECT_EQ(whole, PixelsIn(pictureOf(kTwoLines), upper)) << "no ellipsis where none is needed";
+    EXPECT_EQ(whole,
+              PixelsIn(pictureOf(L"<All sets processed><ERRORS reported>\r\n" + longLine), upper));
+    EXPECT_EQ(PixelsIn(pictureOf(longLine), upper),
+              PixelsIn(pictureOf(longLine + L"\r\nsee it"), upper));
+}
+
+}  // namespace
+}  // namespace ambrio
