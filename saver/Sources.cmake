@@ -1,5 +1,6 @@
 # What moves and by which rules knows no window and compiles natively too.
 set(SAVER_ANIMATION_SOURCES
+    saver/animation/Area.cpp
     saver/animation/ColourFamily.cpp
     saver/animation/ColourWalk.cpp
     saver/animation/Contrast.cpp

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
+#include "saver/animation/Area.h"
 #include "saver/animation/Colour.h"
 #include "saver/animation/Line.h"
 
@@ -32,6 +34,12 @@ class AnimatedFrame {
     // The inner size of the form that holds the frame.
     [[nodiscard]] virtual std::int32_t ParentScaleWidth() const = 0;
     [[nodiscard]] virtual std::int32_t ParentScaleHeight() const = 0;
+
+    // The parts of that form which somebody can see: one at least, and the form's top left corner
+    // lies in it. All of the form, unless it reaches beyond the monitors.
+    [[nodiscard]] virtual std::vector<Area> VisibleAreas() const {
+        return {{0, 0, ParentScaleWidth(), ParentScaleHeight()}};
+    }
 
     virtual void Move(std::int32_t left, std::int32_t top) = 0;
     // Both are called only when the colour is another one than before.

@@ -1,5 +1,7 @@
 #include "saver/animation/FrameAnimation.h"
 
+#include <algorithm>
+
 #include "saver/animation/ColourWalk.h"
 #include "saver/animation/Contrast.h"
 #include "saver/animation/FrameMotion.h"
@@ -14,6 +16,15 @@ namespace {
 // with all its labels.
 constexpr double kStepsPerColour = 5;
 
+Area SeenOf(const AnimatedFrame& frame) {
+    Area seen;
+    for (const Area& area : frame.VisibleAreas()) {
+        seen.Right = std::max(seen.Right, area.Right);
+        seen.Bottom = std::max(seen.Bottom, area.Bottom);
+    }
+    return seen;
+}
+
 }  // namespace
 
 struct FrameAnimation::State {
@@ -22,13 +33,16 @@ struct FrameAnimation::State {
         : Numbers(seed),
           Colours(ColourWalk::StartAnywhere(Numbers)),
           Motion(frame, inputs.PixelTwipsX, inputs.PixelTwipsY, Numbers),
-          Figures(frame.ParentScaleWidth(), frame.ParentScaleHeight(), Numbers) {}
+          Seen(SeenOf(frame)),
+          Figures(Seen.Right, Seen.Bottom, Numbers) {}
 
     void StepColour(AnimatedFrame& frame, double pace);
+    bool FollowForm(const AnimatedFrame& frame);
 
     Random Numbers;
     ColourWalk Colours;
     FrameMotion Motion;
+    Area Seen;  // from the form's corner to the end of what can be seen
     StringFigures Figures;
     WindingDown Winding;
     std::optional<Colour> FrameColour;
@@ -59,13 +73,25 @@ void FrameAnimation::State::StepColour(AnimatedFrame& frame, double pace) {
     }
 }
 
+// True when the form has become another size.
+bool FrameAnimation::State::FollowForm(const AnimatedFrame& frame) {
+    const Area seen = SeenOf(frame);
+    if (seen == Seen) {
+        return false;
+    }
+    Seen = seen;
+    Figures.Resize(seen.Right, seen.Bottom);
+    return true;
+}
+
 void FrameAnimation::Step(AnimatedFrame& frame, const AnimationInputs& inputs) {
     if (!state_) {
         state_ = std::make_unique<State>(seed_, frame, inputs);
     }
     const double pace = state_->Winding.Pace(inputs);
     state_->Motion.Step(frame, pace);
-    if (pace == 0) {
+    const bool isResized = state_->FollowForm(frame);
+    if (pace == 0 && !isResized) {
         return;
     }
     state_->StepColour(frame, pace);

@@ -29,7 +29,8 @@ class FrameAnimation {
     FrameAnimation(const FrameAnimation&) = delete;
     FrameAnimation& operator=(const FrameAnimation&) = delete;
 
-    // The first call sets everything up, for this frame and the size its form has then.
+    // The first call sets everything up. When the form, or what can be seen of it, becomes another
+    // size, the next call moves everything to it, even while it stands still.
     void Step(AnimatedFrame& frame, const AnimationInputs& inputs);
 
   private:

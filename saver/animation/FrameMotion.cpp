@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <span>
+#include <vector>
 
 namespace ambrio {
 namespace {
@@ -15,6 +17,25 @@ constexpr double kStepsToCross = 450;
 
 constexpr double kSwayStep = 2 * std::numbers::pi / 700;  // a sway takes 70 seconds
 constexpr double kSwayAngle = 0.0015;                     // the largest turn in one step
+
+// From the first to the last column that any area has.
+Stretch Columns(std::span<const Area> areas) {
+    Stretch columns{areas.front().Left, areas.front().Right};
+    for (const Area& area : areas) {
+        columns = {std::min(columns.From, area.Left), std::max(columns.To, area.Right)};
+    }
+    return columns;
+}
+
+// Where a frame that takes these columns may be moved to with its rows. Where it does not fit, all
+// columns that there are: a frame larger than its form, or one that a monitor was taken from.
+Stretch FreeFor(const Stretch& columns, const Stretch& rows, std::span<const Area> areas) {
+    const Stretch all = Columns(Turned(areas));
+    const Stretch seen{std::max(rows.From, all.From), std::min(rows.To, all.To)};
+    const std::int32_t size = columns.To - columns.From;
+    const Stretch free = FreeAcross(areas, seen, columns.From + size / 2);
+    return free.To - free.From >= size ? free : Columns(areas);
+}
 
 }  // namespace
 
@@ -29,10 +50,11 @@ FrameMotion::FrameMotion(const AnimatedFrame& frame, std::int16_t pixelTwipsX,
     sway_ = random.Between(0, 2 * std::numbers::pi);
 }
 
-std::int32_t FrameMotion::Axis::Step(double pace, std::int32_t room) {
-    const double lowest = std::min(room, 0);
-    const double highest = std::max(room, 0);
-    // Brings it back into a form that has shrunk.
+std::int32_t FrameMotion::Axis::Step(double pace, const Stretch& free, std::int32_t size) {
+    const std::int32_t room = free.To - free.From - size;
+    const double lowest = free.From + std::min(room, 0);
+    const double highest = free.From + std::max(room, 0);
+    // Brings it back into a form that has shrunk, or onto a monitor when another has gone.
     Position = std::clamp(Position, lowest, highest) + Speed * pace;
     if (Position < lowest) {
         Position = 2 * lowest - Position;
@@ -41,8 +63,9 @@ std::int32_t FrameMotion::Axis::Step(double pace, std::int32_t room) {
         Position = 2 * highest - Position;
         Speed = -std::fabs(Speed);
     }
-    const double wholePixels = std::round(Position / PixelTwips) * PixelTwips;
-    return static_cast<std::int32_t>(std::clamp(wholePixels, lowest, highest));
+    // Not to whole pixels: how many twips a pixel has is no whole number everywhere, and the panel
+    // finds the nearest pixel by itself. Clamped, as there may be less room than a step is long.
+    return static_cast<std::int32_t>(std::lround(std::clamp(Position, lowest, highest)));
 }
 
 void FrameMotion::Sway(double pace) {
@@ -57,9 +80,13 @@ void FrameMotion::Sway(double pace) {
 
 void FrameMotion::Step(AnimatedFrame& frame, double pace) {
     Sway(pace);
-    const std::int32_t left = x_.Step(pace, frame.ParentScaleWidth() - frame.Width());
-    const std::int32_t top = y_.Step(pace, frame.ParentScaleHeight() - frame.Height());
-    if (left != frame.Left() || top != frame.Top()) {
+    const std::vector<Area> areas = frame.VisibleAreas();
+    const Stretch rows{frame.Top(), frame.Top() + frame.Height()};
+    const std::int32_t left = x_.Step(
+        pace, FreeFor({frame.Left(), frame.Left() + frame.Width()}, rows, areas), frame.Width());
+    const Stretch columns{left, left + frame.Width()};
+    const std::int32_t top = y_.Step(pace, FreeFor(rows, columns, Turned(areas)), frame.Height());
+    if (x_.IsSeen(left - frame.Left()) || y_.IsSeen(top - frame.Top())) {
         frame.Move(left, top);
     }
 }

@@ -85,6 +85,21 @@ void StringFigure::Step(Colour frame, double pace) {
     std::erase_if(strings_, [=](const String& string) { return string.Laid <= oldest; });
 }
 
+void StringFigure::MoveTo(const Place& place) {
+    const auto moved = [](float at, double from, double to, double scale) {
+        return static_cast<float>(to + (at - from) * scale);
+    };
+    const double scale = place.Radius / place_.Radius;
+    for (String& string : strings_) {
+        Line& line = string.Bright;
+        line.FromX = moved(line.FromX, place_.X, place.X, scale);
+        line.ToX = moved(line.ToX, place_.X, place.X, scale);
+        line.FromY = moved(line.FromY, place_.Y, place.Y, scale);
+        line.ToY = moved(line.ToY, place_.Y, place.Y, scale);
+    }
+    place_ = place;
+}
+
 double StringFigure::Strength(double age) const {
     if (age < kFreshStrings) {
         return kFreshStrength + (kStrength - kFreshStrength) * std::floor(age) / kFreshStrings;

@@ -26,6 +26,9 @@ class StringFigure {
     // `pace` as in WindingDown; new strings take their colour from the frame's.
     void Step(Colour frame, double pace);
 
+    // Weaves the strings anew at another place, as far as they are woven.
+    void MoveTo(const Place& place);
+
     // True once the hands rest.
     [[nodiscard]] bool IsComplete() const { return progress_ >= laid_; }
     // True once every string has faded.

@@ -18,18 +18,34 @@ class StringFigures {
     // Width and height of the form in twips.
     StringFigures(std::int32_t width, std::int32_t height, Random& random);
 
+    // For a form of another size: the figures move to their places on it, grow or shrink with it,
+    // and are as many as it has room for.
+    void Resize(std::int32_t width, std::int32_t height);
+
     void Step(Colour frame, double pace);
 
     // All strings; valid until the next step.
     [[nodiscard]] std::span<const Line> Lines() const { return lines_; }
 
   private:
+    // Where in its slot a figure lies, and how large it is, in shares of what the form has.
+    struct Spot {
+        double Along;
+        double Across;
+        double Radius;
+    };
+    struct Placed {
+        Spot Where;
+        StringFigure Figure;
+    };
     struct Slot {
         double Wait;  // steps until the next figure begins
-        std::vector<StringFigure> Figures;
+        std::vector<Placed> Figures;
     };
 
-    [[nodiscard]] StringFigure::Place AnyPlace(std::size_t slot);
+    [[nodiscard]] std::size_t SlotCount() const;
+    [[nodiscard]] Spot AnySpot();
+    [[nodiscard]] StringFigure::Place PlaceOf(std::size_t slot, const Spot& spot) const;
 
     double width_;
     double height_;

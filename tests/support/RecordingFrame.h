@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "saver/animation/AnimatedFrame.h"
@@ -42,6 +43,11 @@ class RecordingFrame : public AnimatedFrame {
         ++Calls;
     }
     void ResizeForm(Size form) { form_ = form; }
+    // Nothing but these parts of the form can be seen from now on.
+    void See(std::vector<Area> areas) { areas_ = std::move(areas); }
+    [[nodiscard]] std::vector<Area> VisibleAreas() const override {
+        return areas_.empty() ? AnimatedFrame::VisibleAreas() : areas_;
+    }
 
     Colour BackColor;
     LabelColours Labels;
@@ -51,6 +57,7 @@ class RecordingFrame : public AnimatedFrame {
   private:
     Size frame_;
     Size form_;
+    std::vector<Area> areas_;
     std::int32_t left_ = 0;
     std::int32_t top_ = 0;
 };

@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
+#include "platform/Rounding.h"
+#include "platform/Twips.h"
 #include "tests/support/RecordingFrame.h"
 
 namespace ambrio {
@@ -73,6 +76,52 @@ INSTANTIATE_TEST_SUITE_P(Forms, FrameMotionOn,
                                          Case{"NoForm", kPanelSize, {0, 0}, 15}),
                          [](const auto& tested) { return tested.param.Name; });
 
+// Two monitors beside each other, one of them lower; a form that also covers the two corners that
+// nobody sees, and more to the right.
+const std::vector<Area> kMonitors{{0, 0, 15360, 11520}, {15360, 5000, 34560, 15800}};
+
+bool IsSeenWhole(const RecordingFrame& frame, const std::vector<Area>& areas) {
+    std::int64_t seen = 0;
+    for (const Area& part :
+         PartsInside(areas, {frame.Left(), frame.Top(), frame.Left() + frame.Width(),
+                             frame.Top() + frame.Height()})) {
+        seen += std::int64_t{part.Right - part.Left} * (part.Bottom - part.Top);
+    }
+    return seen == std::int64_t{frame.Width()} * frame.Height();
+}
+
+TEST(FrameMotion, IsSeenWholeOnMonitorsOfDifferentSizesAndGoesToAllOfThem) {
+    RecordingFrame frame(kPanelSize, {60000, 40000});
+    frame.See(kMonitors);
+    Random random(11);
+    FrameMotion motion(frame, 15, 15, random);
+    Reach reach;
+    for (int i = 0; i < 40000; ++i) {
+        const std::int32_t left = frame.Left();
+        motion.Step(frame, 1);
+        ASSERT_TRUE(IsSeenWhole(frame, kMonitors)) << frame.Left() << ", " << frame.Top();
+        ASSERT_LE(std::abs(frame.Left() - left), 60) << "a leap";
+        reach.Rightmost = std::max(reach.Rightmost, frame.Left());
+        reach.Lowest = std::max(reach.Lowest, frame.Top());
+    }
+    EXPECT_GE(reach.Rightmost, 34560 - kPanelSize.Width - kLongestStep);
+    EXPECT_GE(reach.Lowest, 15800 - kPanelSize.Height - kLongestStep);
+}
+
+TEST(FrameMotion, ComesBackFromAMonitorThatHasGone) {
+    RecordingFrame frame(kPanelSize, {60000, 40000});
+    frame.See(kMonitors);
+    frame.Move(25000, 9000);
+    Random random(1);
+    FrameMotion motion(frame, 15, 15, random);
+    motion.Step(frame, 1);
+    EXPECT_NEAR(frame.Left(), 25000, 45);
+    frame.See({kMonitors.front()});
+    motion.Step(frame, 1);
+    motion.Step(frame, 1);
+    EXPECT_TRUE(IsSeenWhole(frame, {kMonitors.front()})) << frame.Left() << ", " << frame.Top();
+}
+
 TEST(FrameMotion, StartsWhereTheFrameIs) {
     RecordingFrame frame(kPanelSize, kFormSize);
     frame.Move(4500, 3000);
@@ -104,15 +153,21 @@ TEST(FrameMotion, CrossesFormsOfAnySizeInLikeTimesButIsNeitherHastyNorStill) {
     EXPECT_NEAR(Stride({2280, 1680}), 10, 0.2);
 }
 
-TEST(FrameMotion, LiesOnWholePixels) {
+TEST(FrameMotion, IsNotMovedForLessThanHalfAPixel) {
     RecordingFrame frame({1500, 480}, {1500 + 300, 480 + 450});
     Random random(13);
     FrameMotion motion(frame, 15, 15, random);
+    int moves = 0;
     for (int i = 0; i < 500; ++i) {
-        motion.Step(frame, 1);
-        ASSERT_EQ(frame.Left() % 15, 0) << i;
-        ASSERT_EQ(frame.Top() % 15, 0) << i;
+        const std::int32_t left = frame.Left();
+        const std::int32_t top = frame.Top();
+        motion.Step(frame, 0.3);
+        const std::int32_t way =
+            std::max(std::abs(frame.Left() - left), std::abs(frame.Top() - top));
+        ASSERT_TRUE(way == 0 || 2 * way >= 15) << i;
+        moves += way > 0 ? 1 : 0;
     }
+    EXPECT_GT(moves, 50);
 }
 
 TEST(FrameMotion, MovesByAFewPixelsAtEveryStep) {
@@ -129,13 +184,41 @@ TEST(FrameMotion, MovesByAFewPixelsAtEveryStep) {
     }
 }
 
+// What the panel's own rounding to pixels leaves, and that to twips, of a way that is a number of
+// pixels and a part of one. At these resolutions a pixel is no whole number of twips.
+TEST(FrameMotion, StepsByNoMoreThanAPixelFromItsPaceAtEveryResolution) {
+    for (const int dotsPerInch : {96, 120, 144, 168, 192, 216}) {
+        const double twips = TwipsPerPixel(dotsPerInch);
+        RecordingFrame frame(kPanelSize, {static_cast<std::int32_t>(3840 * twips),
+                                          static_cast<std::int32_t>(2160 * twips)});
+        Random random(5);
+        FrameMotion motion(frame, RoundToInt16(twips), RoundToInt16(twips), random);
+        std::vector<int> places;
+        for (int i = 0; i < 3000; ++i) {
+            motion.Step(frame, 1);
+            places.push_back(PixelsFromTwips(frame.Left(), twips));
+        }
+        int straight = 0;
+        for (std::size_t i = 20; i + 20 < places.size(); ++i) {
+            // The middle of a way without a turn, which is straight but for its sway.
+            const auto way = std::minmax_element(places.begin() + i - 20, places.begin() + i + 21);
+            const int across = places[i + 20] - places[i - 20];
+            if (std::abs(across) == *way.second - *way.first) {
+                ++straight;
+                ASSERT_NEAR(places[i + 1] - places[i], across / 40.0, 1.2) << dotsPerInch;
+            }
+        }
+        EXPECT_GT(straight, 2000) << dotsPerInch;
+    }
+}
+
 TEST(FrameMotion, ReturnsIntoAFormThatShrinksEvenWhenStandingStill) {
     RecordingFrame frame(kPanelSize, kFormSize);
     frame.Move(9000, 8000);
     Random random(1);
     FrameMotion motion(frame, 15, 15, random);
     motion.Step(frame, 0);
-    EXPECT_EQ(frame.Calls, 2) << "moved once to the whole pixel";
+    EXPECT_EQ(frame.Calls, 1) << "moved without need";
     frame.ResizeForm({9000, 6000});
     motion.Step(frame, 0);
     EXPECT_EQ(frame.Left(), 9000 - kPanelSize.Width);

@@ -2,6 +2,7 @@
 set(UNIT_TEST_SOURCES
     tests/unit/AudienceTest.cpp
     tests/unit/AnsweringFileSystemTest.cpp
+    tests/unit/AreaTest.cpp
     tests/unit/BackupSetTest.cpp
     tests/unit/BigFolderTest.cpp
     tests/unit/BooleanTextTest.cpp
