@@ -38,16 +38,19 @@ set_target_properties(StandInFiles PROPERTIES PREFIX "")
 add_dependencies(e2e_tests Ambrio StandInSaver StandInPassword StandInSystem StandInFiles
                            WindowsFiles)
 
-# What brings the animation to a step of which a picture is wanted (scripts/screenshots), and what
-# shows such a dialog (scripts/dialog-screenshots).
+# What brings the animation to a step of which a picture is wanted, and shows the panel of such a
+# state (scripts/screenshots), and what shows such a dialog (scripts/dialog-screenshots).
 add_executable(StepForPicture ${E2E_PICTURE_SOURCES})
 add_executable(DialogForPicture ${AMBRIO_RESOURCES} ${E2E_DIALOG_PICTURE_SOURCES})
 target_link_libraries(DialogForPicture PRIVATE ambrio_config)
+add_executable(PanelForPicture ${AMBRIO_RESOURCES} ${E2E_PANEL_PICTURE_SOURCES})
+target_link_libraries(PanelForPicture PRIVATE ambrio_saver)
 
-foreach(program StandInSaver StandInPassword StandInSystem StandInFiles StepForPicture DialogForPicture)
+foreach(program StandInSaver StandInPassword StandInSystem StandInFiles StepForPicture
+                DialogForPicture PanelForPicture)
   target_link_libraries(${program} PRIVATE ambrio_test_settings)
   ambrio_use_precompiled(${program} windows_tests)
 endforeach()
-foreach(program StandInSaver StepForPicture DialogForPicture)
+foreach(program StandInSaver StepForPicture DialogForPicture PanelForPicture)
   target_link_options(${program} PRIVATE -municode)
 endforeach()

@@ -113,3 +113,7 @@ set(E2E_PICTURE_SOURCES
 set(E2E_DIALOG_PICTURE_SOURCES
     tests/e2e/pictures/DialogForPicture.cpp
 )
+
+set(E2E_PANEL_PICTURE_SOURCES
+    tests/e2e/pictures/PanelForPicture.cpp
+)
