@@ -28,6 +28,7 @@ class Form : public Dialog {
     void OnFailure(const RuntimeError& error) override;
     void OnSize() override;
     void OnSizeLimits(MINMAXINFO& limits) override { stretch_.OnSizeLimits(limits); }
+    void OnResolution() override { stretch_.AttachAgain(); }
     void OnHelp() override { ShowHelp(); }
 
     [[nodiscard]] DialogContext& Context() const { return context_; }

@@ -67,6 +67,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/windows/ControlSubclass.cpp
     platform/win32/windows/Dialog.cpp
     platform/win32/windows/DialogStretch.cpp
+    platform/win32/windows/DialogResolution.cpp
     platform/win32/windows/DialogTemplate.cpp
     platform/win32/windows/FolderIcons.cpp
     platform/win32/windows/FormTimer.cpp

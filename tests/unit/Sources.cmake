@@ -85,6 +85,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/FormHelpTest.cpp
     tests/unit/FormNamesTest.cpp
     tests/unit/FormPlaceTest.cpp
+    tests/unit/FormResolutionTest.cpp
     tests/unit/FormRoundTripTest.cpp
     tests/unit/FormStretchTest.cpp
     tests/unit/FormTabOrderTest.cpp

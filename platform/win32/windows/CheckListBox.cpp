@@ -29,6 +29,7 @@ void CheckListBox::FitRows() {
     const LONG rows = std::max<LONG>(1, inside.bottom / least);
     const LONG height = std::max(least, inside.bottom / rows);
     SendMessageW(Control(), LB_SETITEMHEIGHT, 0, height);
+    entryHeight_ = height;
     RECT place = {};
     GetWindowRect(Control(), &place);
     SetWindowPos(Control(), nullptr, 0, 0, place.right - place.left,
@@ -127,8 +128,10 @@ int CheckListBox::BoxAt(LPARAM position) const {
 RECT CheckListBox::BoxOf(const RECT& entry) const {
     const LONG height = entry.bottom - entry.top;
     const LONG left = entry.left + std::max<LONG>(2, height / kMarginParts);
-    const LONG top = entry.top + (height - boxSize_) / 2;
-    return {left, top, left + boxSize_, top + boxSize_};
+    // The dialog may be on a monitor of another resolution by now.
+    const LONG size = MulDiv(boxSize_, height, static_cast<int>(std::max<LONG>(entryHeight_, 1)));
+    const LONG top = entry.top + (height - size) / 2;
+    return {left, top, left + size, top + size};
 }
 
 void CheckListBox::Draw(const DRAWITEMSTRUCT& item) const {

@@ -40,7 +40,8 @@ class CheckListBox : private ControlSubclass {
     [[nodiscard]] RECT BoxOf(const RECT& entry) const;
     void DrawBox(HDC dc, RECT box, bool ticked) const;
 
-    int boxSize_ = 0;
+    int boxSize_ = 0;  // in an entry of this height
+    LONG entryHeight_ = 0;
     CheckBoxTheme theme_;
 };
 

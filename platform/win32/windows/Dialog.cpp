@@ -128,6 +128,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND handle, UINT message, WPARAM wParam, LPA
 void Dialog::LoadForm(HWND handle) {
     handle_ = handle;
     SetWindowLongPtrW(handle, DWLP_USER, reinterpret_cast<LONG_PTR>(this));
+    resolution_.Attach(handle);
     try {
         Form_Load();
     } catch (...) {
@@ -153,7 +154,15 @@ INT_PTR Dialog::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             return FALSE;
         case WM_GETMINMAXINFO:
-            OnSizeLimits(*reinterpret_cast<MINMAXINFO*>(lParam));
+            // The limits are those of the resolution that is being left.
+            if (!isChangingResolution_) {
+                OnSizeLimits(*reinterpret_cast<MINMAXINFO*>(lParam));
+            }
+            return TRUE;
+        case WM_DPICHANGED:
+            if (lParam != 0) {
+                ChangeResolution(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+            }
             return TRUE;
         case WM_DRAWITEM:
             OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
@@ -167,6 +176,13 @@ INT_PTR Dialog::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
         default:
             return FALSE;
     }
+}
+
+void Dialog::ChangeResolution(int dotsPerInch, const RECT& suggested) {
+    isChangingResolution_ = true;
+    resolution_.Change(dotsPerInch, suggested);
+    isChangingResolution_ = false;
+    OnResolution();
 }
 
 bool Dialog::HandleCommand(int control, int notification) {

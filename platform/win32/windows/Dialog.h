@@ -5,6 +5,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/win32/WindowsHeaders.h"
+#include "platform/win32/windows/DialogResolution.h"
 
 namespace ambrio {
 
@@ -50,6 +51,8 @@ class Dialog {
     virtual void OnSize() {}
     // How small and how large the user may make the dialog.
     virtual void OnSizeLimits(MINMAXINFO& /*limits*/) {}
+    // The dialog and its controls have the sizes of another resolution now.
+    virtual void OnResolution() {}
     // An owner-drawn control wants to be drawn.
     virtual void OnDrawItem(const DRAWITEMSTRUCT& /*item*/) {}
     // A failure that left one of the above, other than Form_Load. The dialog stays.
@@ -82,6 +85,7 @@ class Dialog {
     // What the dialog procedure is to return.
     INT_PTR Receive(UINT message, WPARAM wParam, LPARAM lParam);
     void LoadForm(HWND handle);
+    void ChangeResolution(int dotsPerInch, const RECT& suggested);
     bool HandleCommand(int control, int notification);
     void Show();
     void RunUntilUnloaded();
@@ -90,6 +94,8 @@ class Dialog {
     int templateId_;
     HWND handle_ = nullptr;
     HWND disabledOwner_ = nullptr;
+    DialogResolution resolution_;
+    bool isChangingResolution_ = false;
     std::exception_ptr loadFailure_;
 };
 

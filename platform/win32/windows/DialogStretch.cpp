@@ -22,6 +22,12 @@ void DialogStretch::Attach(HWND dialog, std::span<const Follower> followers) {
     dialog_ = dialog;
 }
 
+void DialogStretch::AttachAgain() {
+    if (dialog_ != nullptr) {
+        Attach(dialog_, followers_);
+    }
+}
+
 void DialogStretch::OnSize() {
     if (dialog_ == nullptr) {
         return;

@@ -25,6 +25,10 @@ class DialogStretch {
     // when they got others. `followers` must live longer.
     void Attach(HWND dialog, std::span<const Follower> followers);
 
+    // To be called when a dialog has got other sizes as a whole: the present one is the least from
+    // now on. Does nothing before Attach.
+    void AttachAgain();
+
     // To be called for WM_SIZE and WM_GETMINMAXINFO; both do nothing before Attach.
     void OnSize();
     void OnSizeLimits(MINMAXINFO& limits) const;

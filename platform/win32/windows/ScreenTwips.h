@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/win32/WindowsHeaders.h"
+
 namespace ambrio {
 
-// The screen's twips per pixel, across and down, as the system tells a system-dpi-aware program.
+// Twips per pixel, across and down.
 struct ScreenTwips {
     double X = 15;
     double Y = 15;
@@ -10,6 +12,12 @@ struct ScreenTwips {
     bool operator==(const ScreenTwips&) const = default;
 };
 
+// Of the screen, as the system told it when the user signed in.
 [[nodiscard]] ScreenTwips ReadScreenTwips();
+
+// The resolution of the monitor that a window is on; that of the screen where systems do not tell
+// monitors apart (before Windows 10).
+[[nodiscard]] int DotsPerInchOf(HWND window);
+[[nodiscard]] ScreenTwips TwipsOf(HWND window);
 
 }  // namespace ambrio
