@@ -73,6 +73,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/windows/FormTimer.cpp
     platform/win32/windows/ListDrawing.cpp
     platform/win32/windows/MessageLoop.cpp
+    platform/win32/windows/Monitors.cpp
     platform/win32/windows/PixelBuffer.cpp
     platform/win32/windows/ResourceText.cpp
     platform/win32/windows/RuntimeErrorBox.cpp

@@ -27,10 +27,12 @@ set(SAVER_WIN32_SOURCES
     saver/LineCanvas.cpp
     saver/Press.cpp
     saver/form/AudienceNotices.cpp
+    saver/form/BlackWindows.cpp
     saver/form/frmScreenSaver.cpp
     saver/form/frmScreenSaverAudience.cpp
     saver/form/frmScreenSaverLetGo.cpp
     saver/form/frmScreenSaverLoad.cpp
+    saver/form/frmScreenSaverMonitors.cpp
     saver/form/frmScreenSaverRunHost.cpp
     saver/form/frmScreenSaverUnload.cpp
     saver/form/Pointer.cpp

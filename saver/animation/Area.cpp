@@ -61,8 +61,8 @@ std::vector<std::int32_t> EdgesIn(std::span<const Area> areas, const Stretch& ro
 }
 
 std::int64_t Distance(const Stretch& stretch, std::int32_t at) {
-    return std::max({std::int64_t{stretch.From} - at, std::int64_t{at} - stretch.To + 1,
-                     std::int64_t{0}});
+    return std::max(
+        {std::int64_t{stretch.From} - at, std::int64_t{at} - stretch.To + 1, std::int64_t{0}});
 }
 
 }  // namespace
@@ -117,8 +117,8 @@ Stretch FreeAcross(std::span<const Area> areas, const Stretch& rows, std::int32_
             free = Shared(free, CoveredIn(areas, {edges[i], edges[i + 1]}));
         }
     }
-    const auto nearest = std::min_element(
-        free.begin(), free.end(), [at](const Stretch& one, const Stretch& other) {
+    const auto nearest =
+        std::min_element(free.begin(), free.end(), [at](const Stretch& one, const Stretch& other) {
             return Distance(one, at) < Distance(other, at);
         });
     return nearest == free.end() ? Stretch{} : *nearest;

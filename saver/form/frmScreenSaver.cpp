@@ -62,6 +62,9 @@ LRESULT frmScreenSaver::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
                 return 0;
             }
             return Window::Receive(message, wParam, lParam);
+        case WM_SHOWWINDOW:
+            blackWindows_.Show(wParam != FALSE);
+            return Window::Receive(message, wParam, lParam);
         case WM_DISPLAYCHANGE:
             if (!StaysOrdinaryWindow(application_.CommandLine) && !hasLetGo_) {
                 SetMaxSize();

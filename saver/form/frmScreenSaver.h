@@ -24,6 +24,7 @@
 #include "saver/LineCanvas.h"
 #include "saver/animation/FrameAnimation.h"
 #include "saver/form/AudienceNotices.h"
+#include "saver/form/BlackWindows.h"
 #include "saver/form/WaitPlate.h"
 #include "saver/model/Audience.h"
 #include "saver/model/DesktopSettings.h"
@@ -66,6 +67,9 @@ class frmScreenSaver : public Window, public RunHost {
   protected:
     LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+    // Where the monitors lie, in pixels of the screen.
+    [[nodiscard]] virtual std::vector<RECT> Monitors() const;
+
     // Its tick ends the program. Nothing here enables it; a run that finds it enabled leaves the
     // closing to it.
     FormTimer tmrEnd_;
@@ -77,6 +81,7 @@ class frmScreenSaver : public Window, public RunHost {
     void SetMaxSize();
     void SetTopmost(bool topmost);
     void PlaceInLayer(bool topmost, UINT flags);
+    void CoverMonitors();  // frmScreenSaverMonitors.cpp
     [[nodiscard]] bool UsesPassword() const;
 
     // Events.
@@ -126,6 +131,7 @@ class frmScreenSaver : public Window, public RunHost {
     std::int32_t platformId_ = 0;
     FormTimer tmrDoTheBiz_;
     FormTimer tmrKeepOnRunnin_;
+    BlackWindows blackWindows_{*this};
     std::unique_ptr<LineCanvas> canvas_;
     std::unique_ptr<StatusPanelView> panel_;
     std::unique_ptr<PanelFrame> frame_;

@@ -31,6 +31,7 @@ void frmScreenSaver::StepBehind(HWND other) {
     if (other != nullptr && other != Handle() &&
         (GetWindowLongW(other, GWL_EXSTYLE) & WS_EX_TOPMOST) == 0) {
         SetWindowPos(Handle(), other, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
+        blackWindows_.StepBehind(other);
     }
 }
 

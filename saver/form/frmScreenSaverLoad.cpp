@@ -34,6 +34,7 @@ void frmScreenSaver::MakeWindow() {
     design.Width = area.right - area.left;
     design.Height = area.bottom - area.top;
     Create(design);
+    twips_ = TwipsOf(Handle());
     const auto icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_AMBRIO));
     SendMessageW(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
     for (FormTimer* timer : {&tmrDoTheBiz_, &tmrKeepOnRunnin_, &tmrEnd_}) {
@@ -68,14 +69,15 @@ void frmScreenSaver::Form_Load() {
 }
 
 // Spreads the form from the primary monitor's top-left corner over as much as the virtual screen
-// measures. Where a monitor lies left of the primary one or above it, that one stays free; this is
-// wanted.
+// measures. A monitor left of the primary one or above it lies beyond that, which is wanted: plain
+// windows cover it.
 void frmScreenSaver::SetMaxSize() {
     const auto width = std::lround(twips_.X * GetSystemMetrics(SM_CXVIRTUALSCREEN));
     const auto height = std::lround(twips_.Y * GetSystemMetrics(SM_CYVIRTUALSCREEN));
     SetWindowPos(Handle(), nullptr, 0, 0, PixelsFromTwips(static_cast<double>(width), twips_.X),
                  PixelsFromTwips(static_cast<double>(height), twips_.Y),
                  SWP_NOZORDER | SWP_SHOWWINDOW);
+    CoverMonitors();
 }
 
 void frmScreenSaver::SetTopmost(bool topmost) {
@@ -90,6 +92,7 @@ void frmScreenSaver::SetTopmost(bool topmost) {
 void frmScreenSaver::PlaceInLayer(bool topmost, UINT flags) {
     SetWindowPos(Handle(), topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                  SWP_NOSIZE | SWP_NOMOVE | flags);
+    blackWindows_.SetTopmost(topmost);
 }
 
 // The Windows NT family asks for the password itself.

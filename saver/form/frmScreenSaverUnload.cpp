@@ -59,6 +59,7 @@ void frmScreenSaver::DestroyForm() {
         timer->SetEnabled(false);
     }
     notices_.reset();
+    blackWindows_.Cover({});
     Destroy();
 }
 

@@ -21,6 +21,21 @@ std::int32_t PanelFrame::ParentScaleHeight() const {
     return static_cast<std::int32_t>(std::lround(area.bottom * twips_.Y));
 }
 
+std::vector<Area> PanelFrame::VisibleAreas() const {
+    if (seen_.empty()) {
+        return AnimatedFrame::VisibleAreas();
+    }
+    const auto twips = [](std::int32_t pixels, double twipsPerPixel) {
+        return static_cast<std::int32_t>(std::lround(pixels * twipsPerPixel));
+    };
+    std::vector<Area> areas;
+    for (const Area& part : seen_) {
+        areas.push_back({twips(part.Left, twips_.X), twips(part.Top, twips_.Y),
+                         twips(part.Right, twips_.X), twips(part.Bottom, twips_.Y)});
+    }
+    return areas;
+}
+
 void PanelFrame::Move(std::int32_t left, std::int32_t top) {
     panel_.Move(left, top);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <span>
+#include <utility>
+#include <vector>
 
 #include "platform/win32/windows/ScreenTwips.h"
 #include "platform/win32/windows/Window.h"
@@ -24,10 +26,16 @@ class PanelFrame : public AnimatedFrame {
     [[nodiscard]] std::int32_t ParentScaleWidth() const override;
     [[nodiscard]] std::int32_t ParentScaleHeight() const override;
 
+    [[nodiscard]] std::vector<Area> VisibleAreas() const override;
+
     void Move(std::int32_t left, std::int32_t top) override;
     void SetBackColor(Colour colour) override;
     void SetLabelColours(const LabelColours& colours) override;
     void DrawLines(std::span<const Line> lines) override;
+
+    // Tells which parts of the form monitors show, in pixels of the form; all of it until then, and
+    // without any.
+    void See(std::vector<Area> parts) { seen_ = std::move(parts); }
 
     // Shows new colours, if there are any, all at once. To be called after each step.
     void Present();
@@ -37,6 +45,7 @@ class PanelFrame : public AnimatedFrame {
     StatusPanelView& panel_;
     LineCanvas& canvas_;
     const ScreenTwips& twips_;
+    std::vector<Area> seen_;
     bool hasNewColours_ = false;
 };
 

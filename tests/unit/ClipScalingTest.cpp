@@ -36,9 +36,7 @@ struct Room {
     std::vector<std::uint32_t> Pixels;
 
     Room(int width, int height)
-        : Width(width),
-          Height(height),
-          Pixels(static_cast<std::size_t>(width * height), kBelow) {}
+        : Width(width), Height(height), Pixels(static_cast<std::size_t>(width * height), kBelow) {}
 
     void Draw(const Rimmed& picture, double scale) {
         const std::vector<std::uint32_t> pixels = picture.Pixels();

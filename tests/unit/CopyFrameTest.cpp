@@ -30,8 +30,9 @@ class Clip {
     static constexpr int kMarkHeight = 20;
     [[nodiscard]] static int MarkWidth(int picture) { return 20 + 30 * picture; }
 
-    Clip() : path_(std::filesystem::temp_directory_path() /
-                   (L"AmbrioClip" + std::to_wstring(GetCurrentProcessId()) + L".avi")) {
+    Clip()
+        : path_(std::filesystem::temp_directory_path() /
+                (L"AmbrioClip" + std::to_wstring(GetCurrentProcessId()) + L".avi")) {
         std::vector<clip::Picture> pictures;
         for (int i = 0; i < 3; ++i) {
             clip::Picture picture(kWidth, kHeight, 1);

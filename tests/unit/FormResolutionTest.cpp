@@ -178,7 +178,8 @@ TEST(Manifest, IsUnderstoodByTheSystem) {
     const auto context = user.Function<ContextOf>("GetThreadDpiAwarenessContext");
     const auto areEqual = user.Function<AreEqual>("AreDpiAwarenessContextsEqual");
     if (context == nullptr || areEqual == nullptr || RunsOnWine()) {
-        GTEST_SKIP() << "this system knows no resolution per monitor, or (Wine) does not compare it";
+        GTEST_SKIP()
+            << "this system knows no resolution per monitor, or (Wine) does not compare it";
     }
     const auto perMonitor2 = reinterpret_cast<HANDLE>(static_cast<INT_PTR>(-4));
     EXPECT_TRUE(areEqual(context(), perMonitor2));

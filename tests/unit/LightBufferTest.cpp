@@ -118,8 +118,8 @@ TEST_F(LightBufferTest, ASlantingLineIsAsThickAsALevelOne) {
 }
 
 TEST_F(LightBufferTest, LinesAreALittleThickerThanAPixelOf96DpiAtEveryDpi) {
-    EXPECT_EQ(LineSet::Thickness(15), 324);  // 96 dpi: 1.27 pixels
-    EXPECT_EQ(LineSet::Thickness(10), 486);  // 144 dpi
+    EXPECT_EQ(LineSet::Thickness(15), 324);   // 96 dpi: 1.27 pixels
+    EXPECT_EQ(LineSet::Thickness(10), 486);   // 144 dpi
     EXPECT_EQ(LineSet::Thickness(7.5), 649);  // 192 dpi
     EXPECT_EQ(LineSet::Thickness(5), 973);    // 288 dpi
     EXPECT_EQ(LineSet::Thickness(0), 4864);

@@ -74,6 +74,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/AssociatedProgramTest.cpp
     tests/unit/BackBufferTest.cpp
     tests/unit/CheckListAccessibleTest.cpp
+    tests/unit/BlackWindowsTest.cpp
     tests/unit/CheckListBoxTest.cpp
     tests/unit/CopyFrameTest.cpp
     tests/unit/DeepestTreeTest.cpp

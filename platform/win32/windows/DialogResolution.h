@@ -4,8 +4,8 @@
 
 namespace ambrio {
 
-// Lets a dialog follow the resolution of the monitor that it is on: WM_DPICHANGED gives it a font of
-// the new size, and itself and its controls the places and sizes that go with that.
+// Lets a dialog follow the resolution of the monitor that it is on: WM_DPICHANGED gives it a font
+// of the new size, and itself and its controls the places and sizes that go with that.
 class DialogResolution {
   public:
     DialogResolution() = default;
