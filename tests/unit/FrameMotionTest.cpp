@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <vector>
 
 #include "platform/Rounding.h"
@@ -201,7 +202,8 @@ TEST(FrameMotion, StepsByNoMoreThanAPixelFromItsPaceAtEveryResolution) {
         int straight = 0;
         for (std::size_t i = 20; i + 20 < places.size(); ++i) {
             // The middle of a way without a turn, which is straight but for its sway.
-            const auto way = std::minmax_element(places.begin() + i - 20, places.begin() + i + 21);
+            const std::span around(&places[i - 20], 41);
+            const auto way = std::minmax_element(around.begin(), around.end());
             const int across = places[i + 20] - places[i - 20];
             if (std::abs(across) == *way.second - *way.first) {
                 ++straight;
