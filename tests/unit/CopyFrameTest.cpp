@@ -5,10 +5,11 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <filesystem>
 #include <fstream>
 #include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/win32/windows/BackBuffer.h"
 #include "platform/win32/windows/ControlSubclass.h"
@@ -31,8 +32,8 @@ class Clip {
     [[nodiscard]] static int MarkWidth(int picture) { return 20 + 30 * picture; }
 
     Clip()
-        : path_(std::filesystem::temp_directory_path() /
-                (L"AmbrioClip" + std::to_wstring(GetCurrentProcessId()) + L".avi")) {
+        : path_(TemporaryFolder() + L"AmbrioClip" + std::to_wstring(GetCurrentProcessId()) +
+                L".avi") {
         std::vector<clip::Picture> pictures;
         for (int i = 0; i < 3; ++i) {
             clip::Picture picture(kWidth, kHeight, 1);
@@ -41,19 +42,24 @@ class Clip {
                          {255, 255, 255});
             pictures.push_back(picture);
         }
-        std::ofstream(path_, std::ios::binary) << clip::AviFile(pictures, 50000);
+        std::ofstream(path_.c_str(), std::ios::binary) << clip::AviFile(pictures, 50000);
     }
-    ~Clip() {
-        std::error_code ignored;
-        std::filesystem::remove(path_, ignored);
-    }
+    ~Clip() { DeleteFileW(path_.c_str()); }
     Clip(const Clip&) = delete;
     Clip& operator=(const Clip&) = delete;
 
-    [[nodiscard]] std::wstring Path() const { return path_.wstring(); }
+    [[nodiscard]] const std::wstring& Path() const { return path_; }
 
   private:
-    std::filesystem::path path_;
+    // Not by std::filesystem, which brings calls into the program that nobody answers here as
+    // Windows does.
+    static std::wstring TemporaryFolder() {
+        std::wstring folder(MAX_PATH + 1, L'\0');
+        folder.resize(GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
+        return folder;
+    }
+
+    std::wstring path_;
 };
 
 // Counts how often the animation control is told to open something.

@@ -40,7 +40,10 @@ class CompletionCounter {
 
     static inline std::vector<Call> calls_;
     static inline bool exists_ = true;
-    static inline decltype(&GetProcAddress) real_ = &GetProcAddress;
+    // The system's own and not what a call would take, which is the replacement.
+    static inline const auto real_ =
+        reinterpret_cast<decltype(&GetProcAddress)>(reinterpret_cast<void*>(
+            GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetProcAddress")));
     ReplacedImport import_{L"kernel32.dll", "GetProcAddress", reinterpret_cast<void*>(&Address)};
 };
 

@@ -173,8 +173,13 @@ TEST_F(FormTextsTest, EveryControlLiesInsideItsDialogAndNoTwoOfAKindMeet) {
             RECT common = {};
             IntersectRect(&common, &client, &place);
             EXPECT_TRUE(EqualRect(&common, &place)) << GetDlgCtrlID(child);
+            const LONG style = GetWindowLongW(child, GWL_STYLE);
+            // What is hidden names a list to screen readers.
+            if ((style & WS_VISIBLE) == 0) {
+                continue;
+            }
             // Frames hold other controls.
-            const bool isFrame = (GetWindowLongW(child, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX &&
+            const bool isFrame = (style & BS_TYPEMASK) == BS_GROUPBOX &&
                                  SendMessageW(child, WM_GETDLGCODE, 0, 0) == DLGC_STATIC;
             if (isFrame) {
                 continue;
