@@ -113,7 +113,9 @@ void ScaledPicture::DrawInto(std::span<std::uint32_t> target, int width) const {
     const int top = (height - height_) / 2;
     for (int y = std::max(top, 0); y < std::min(top + height_, height); ++y) {
         for (int x = std::max(left, 0); x < std::min(left + width_, width); ++x) {
-            std::uint32_t& below = target[static_cast<std::size_t>(y * width + x)];
+            std::uint32_t& below =
+                target[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                       static_cast<std::size_t>(x)];
             below = Over(pixels_[static_cast<std::size_t>((y - top) * width_ + x - left)], below);
         }
     }

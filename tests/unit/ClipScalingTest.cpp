@@ -43,7 +43,8 @@ struct Room {
         ScaledPicture(pixels, picture.Width, kClearColour, scale).DrawInto(Pixels, Width);
     }
     [[nodiscard]] std::uint32_t At(int x, int y) const {
-        return Pixels.at(static_cast<std::size_t>(y * Width + x));
+        return Pixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(Width) +
+                         static_cast<std::size_t>(x));
     }
     [[nodiscard]] int Count(std::uint32_t colour) const {
         return static_cast<int>(std::count(Pixels.begin(), Pixels.end(), colour));

@@ -69,6 +69,9 @@ LRESULT CALLBACK SessionEndHold::Procedure(HWND handle, UINT message, WPARAM wPa
     if (message == WM_CLOSE) {
         return 0;  // the object's life is nobody else's business
     }
+    if (hold != nullptr && message == WM_NCCREATE) {
+        return FALSE;  // made up by another program, and so is the pointer that comes with it
+    }
     return DefWindowProcW(handle, message, wParam, lParam);
 }
 
