@@ -162,6 +162,7 @@ void frmScreenSaver::tmrDoTheBiz_Timer() {
 }
 
 void frmScreenSaver::tmrKeepOnRunnin_Timer() {
+    StepBehindOthers();
     if (++stepsSinceTold_ >= kStepsPerTelling) {
         stepsSinceTold_ = 0;
         panel_->Tell();

@@ -97,7 +97,7 @@ class frmScreenSaver : public Window, public RunHost {
     // Those before the screen (frmScreenSaverAudience.cpp).
     LRESULT ReceiveNotice(UINT message, WPARAM wParam, LPARAM lParam);
     void ActivationChanges(bool isOurs);
-    void StepBehind(HWND other);
+    void StepBehindOthers();
     void AudienceChanges(const AudienceNotice& notice);
     void PointerIsOverChild();
 

@@ -21,13 +21,16 @@ void frmScreenSaver::ActivationChanges(bool isOurs) {
         return;
     }
     PlaceInLayer(isOurs, SWP_NOACTIVATE);  // or it would take the keys back
-    if (!isOurs) {
-        StepBehind(GetAncestor(GetForegroundWindow(), GA_ROOT));
-    }
+    StepBehindOthers();
 }
 
-// Leaving the top layer puts the form in front of all ordinary windows.
-void frmScreenSaver::StepBehind(HWND other) {
+// Leaving the top layer puts the form in front of all ordinary windows. To be called again and
+// again, as the window that gets the keys may not be known yet when they are taken from the form.
+void frmScreenSaver::StepBehindOthers() {
+    if (!haveOthersTheKeys_ || !isToBeTopmost_) {
+        return;
+    }
+    const HWND other = GetAncestor(GetForegroundWindow(), GA_ROOT);
     if (other != nullptr && other != Handle() &&
         (GetWindowLongW(other, GWL_EXSTYLE) & WS_EX_TOPMOST) == 0) {
         SetWindowPos(Handle(), other, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
