@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "platform/DecimalText.h"
 #include "platform/GeneralDate.h"
 
 namespace ambrio {
@@ -38,7 +39,7 @@ std::wstring Quoted(std::wstring set) {
 
 // The words before and after the number; nothing for a count of nothing.
 std::wstring Clause(std::int32_t count, const wchar_t* before, const wchar_t* after) {
-    return count > 0 ? before + std::to_wstring(count) + after : std::wstring();
+    return count > 0 ? before + DecimalText(count) + after : std::wstring();
 }
 
 std::wstring SaverTrouble(const wchar_t* trouble, const std::wstring& name) {
@@ -115,15 +116,15 @@ std::wstring LogRefusedAdvice() {
 }
 
 std::wstring SummarySentence(const RunState& run) {
-    return L"Of " + std::to_wstring(run.FilesChecked) + L" files checked, " +
-           std::to_wstring(run.FilesCopied - run.CopyErrors) + L" were copied" +
+    return L"Of " + DecimalText(run.FilesChecked) + L" files checked, " +
+           DecimalText(run.FilesCopied - run.CopyErrors) + L" were copied" +
            Clause(run.CopyErrors, L" and ", L" failed to copy") + L"; " +
-           std::to_wstring(run.CopiesRemoved - run.RemoveErrors) + L" copies were removed" +
+           DecimalText(run.CopiesRemoved - run.RemoveErrors) + L" copies were removed" +
            Clause(run.RemoveErrors, L" and ", L" could not be removed") + L".";
 }
 
 std::wstring UnprocessableFolders(const RunState& run) {
-    return std::to_wstring(run.FolderErrors) + kUnprocessableFolders;
+    return DecimalText(run.FolderErrors) + kUnprocessableFolders;
 }
 
 std::wstring EndLine(const std::wstring& title, const std::wstring& endWord, const DateTime& time) {
@@ -131,7 +132,7 @@ std::wstring EndLine(const std::wstring& title, const std::wstring& endWord, con
 }
 
 std::wstring PanelTitle(const std::wstring& title, int major, int minor) {
-    return title + L" v" + std::to_wstring(major) + L"." + std::to_wstring(minor);
+    return title + L" v" + DecimalText(major) + L"." + DecimalText(minor);
 }
 
 std::wstring RemovingCopy(const std::wstring& file) {

@@ -3,6 +3,7 @@
 #include "engine/Counted.h"
 #include "engine/EngineTexts.h"
 #include "engine/SameFile.h"
+#include "platform/DecimalText.h"
 
 namespace ambrio {
 namespace {
@@ -47,7 +48,7 @@ void FileCopier::CopyFile(const std::wstring& name, DestinationListing& destinat
         isToBeCopied = IsToBeCopied(file, run_.Files.GetFile(file.Path));
     }
     ++run_.State.FilesChecked;
-    run_.Panel.SetCaption(PanelLabel::lblChecked, std::to_wstring(run_.State.FilesChecked));
+    run_.Panel.SetCaption(PanelLabel::lblChecked, DecimalText(run_.State.FilesChecked));
     if (isToBeCopied) {
         Copy(file);
     } else {
@@ -121,7 +122,7 @@ void FileCopier::RemoveCopy(const File& file) {
         }
     }
     run_.Panel.SetCaption(PanelLabel::lblRemoved,
-                          std::to_wstring(run_.State.CopiesRemoved - run_.State.RemoveErrors));
+                          DecimalText(run_.State.CopiesRemoved - run_.State.RemoveErrors));
 }
 
 void FileCopier::Copy(const File& file) {
@@ -144,7 +145,7 @@ void FileCopier::Copy(const File& file) {
         run_.Panel.SetCaption(PanelLabel::lblFile, Done(file.Name));
     }
     run_.Panel.SetCaption(PanelLabel::lblcopied,
-                          std::to_wstring(run_.State.FilesCopied - run_.State.CopyErrors));
+                          DecimalText(run_.State.FilesCopied - run_.State.CopyErrors));
 }
 
 void FileCopier::CopyContent(const File& file) {

@@ -9,6 +9,7 @@
 #include "engine/LeftoverSweep.h"
 #include "engine/ListingYield.h"
 #include "engine/WalkedSet.h"
+#include "platform/DecimalText.h"
 #include "platform/PlainName.h"
 #include "platform/TemporaryName.h"
 #include "settings/BackupSet.h"
@@ -57,7 +58,7 @@ void FolderWalk::BackUpFolder(const WalkedFolder& folder) {
     } else if (!CopyContents(folder, preparation == Preparation::DestinationMade)) {
         return;
     }
-    run_.Panel.SetCaption(PanelLabel::lblChecked, std::to_wstring(run_.State.FilesChecked));
+    run_.Panel.SetCaption(PanelLabel::lblChecked, DecimalText(run_.State.FilesChecked));
 }
 
 FolderWalk::Preparation FolderWalk::PrepareFolders(const WalkedFolder& folder) {

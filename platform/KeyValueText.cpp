@@ -4,6 +4,8 @@
 #include <charconv>
 #include <system_error>
 
+#include "platform/DecimalText.h"
+
 namespace ambrio {
 namespace {
 
@@ -16,7 +18,7 @@ std::wstring NumberOfDigits(std::span<const std::uint8_t> bytes) {
     }
     std::uint64_t number = 0;
     std::from_chars(hexadecimal, end, number, 16);
-    return std::to_wstring(number);
+    return DecimalText(number);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/DecimalText.h"
+
 namespace ambrio {
 namespace {
 
@@ -12,7 +14,7 @@ std::wstring NumberText(std::span<const std::uint8_t> bytes) {
     for (std::size_t i = std::min(bytes.size(), kBytesOfNumber); i > 0; --i) {
         number = (number << 8) | bytes[i - 1];
     }
-    const std::wstring digits = std::to_wstring(number);
+    const std::wstring digits = DecimalText(number);
     return std::wstring(kDigits - std::min(kDigits, digits.size()), L'0') + digits;
 }
 

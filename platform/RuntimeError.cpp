@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "platform/DecimalText.h"
+
 namespace ambrio {
 namespace {
 
@@ -73,7 +75,7 @@ RuntimeError::RuntimeError(ErrorNumber number, std::wstring description)
     : number_(number), description_(std::move(description)) {}
 
 std::wstring RuntimeError::LogText() const {
-    return L"Error " + std::to_wstring(static_cast<int>(number_)) + L" - " + description_;
+    return L"Error " + DecimalText(static_cast<int>(number_)) + L" - " + description_;
 }
 
 }  // namespace ambrio

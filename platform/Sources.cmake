@@ -2,6 +2,7 @@
 set(PLATFORM_SOURCES
     platform/AnsweringFileSystem.cpp
     platform/DateTime.cpp
+    platform/DecimalText.cpp
     platform/DriveLetter.cpp
     platform/DriveReconnection.cpp
     platform/FileSystem.cpp

@@ -1,7 +1,7 @@
 #include "platform/Val.h"
 
-#include <charconv>
 #include <cstdlib>
+#include <string>
 
 namespace ambrio {
 namespace {
@@ -34,16 +34,9 @@ double Val(const std::wstring& text) {
     if (start == std::wstring::npos) {
         return 0;
     }
-    const std::string characters = NumberCharacters(text, start);
-    double value = 0;
-    const auto [end, error] =
-        std::from_chars(characters.data(), characters.data() + characters.size(), value);
-    if (error == std::errc::result_out_of_range) {
-        // This one tells too large from too small. Its separator is the point, too: the program
-        // never leaves the "C" locale.
-        return std::strtod(characters.c_str(), nullptr);
-    }
-    return error == std::errc() ? value : 0;
+    // The runtime's own reading is not for other locales, which the program never sets. It tells
+    // too large from too small and stops by itself where the number ends.
+    return std::atof(NumberCharacters(text, start).c_str());
 }
 
 }  // namespace ambrio

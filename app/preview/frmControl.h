@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -7,6 +8,7 @@
 #include "app/preview/PreviewPicture.h"
 #include "app/preview/model/PreviewCaption.h"
 #include "platform/Application.h"
+#include "platform/win32/system/RandomNumber.h"
 #include "platform/win32/windows/FormTimer.h"
 #include "platform/win32/windows/Window.h"
 #include "saver/animation/FrameAnimation.h"
@@ -42,7 +44,7 @@ class frmControl : public Window {
     FormTimer Timer1_;
     std::unique_ptr<PreviewPicture> Picture1_;
     std::unique_ptr<PreviewFrame> fraStatus_;
-    FrameAnimation animation_;
+    FrameAnimation animation_{static_cast<std::uint32_t>(RandomNumber())};
     PreviewCaption caption_;
     bool isUnloaded_ = false;
 };

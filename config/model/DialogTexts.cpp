@@ -1,5 +1,7 @@
 #include "config/model/DialogTexts.h"
 
+#include "platform/DecimalText.h"
+
 namespace ambrio {
 
 std::wstring ConfigurationCaption(const std::wstring& title) {
@@ -41,8 +43,8 @@ std::wstring AboutCaption(const std::wstring& title) {
 }
 
 std::wstring VersionText(int major, int minor, int revision) {
-    return L"Version " + std::to_wstring(major) + L"." + std::to_wstring(minor) + L"." +
-           std::to_wstring(revision);
+    return L"Version " + DecimalText(major) + L"." + DecimalText(minor) + L"." +
+           DecimalText(revision);
 }
 
 }  // namespace ambrio

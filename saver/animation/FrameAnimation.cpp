@@ -1,6 +1,7 @@
 #include "saver/animation/FrameAnimation.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "saver/animation/ColourWalk.h"
 #include "saver/animation/Contrast.h"
@@ -28,8 +29,7 @@ Area SeenOf(const AnimatedFrame& frame) {
 }  // namespace
 
 struct FrameAnimation::State {
-    State(std::optional<std::uint32_t> seed, const AnimatedFrame& frame,
-          const AnimationInputs& inputs)
+    State(std::uint32_t seed, const AnimatedFrame& frame, const AnimationInputs& inputs)
         : Numbers(seed),
           Colours(ColourWalk::StartAnywhere(Numbers)),
           Motion(frame, inputs.PixelTwipsX, inputs.PixelTwipsY, Numbers),
@@ -50,7 +50,7 @@ struct FrameAnimation::State {
     double SinceColour = kStepsPerColour;
 };
 
-FrameAnimation::FrameAnimation(std::optional<std::uint32_t> seed) : seed_(seed) {}
+FrameAnimation::FrameAnimation(std::uint32_t seed) : seed_(seed) {}
 
 FrameAnimation::~FrameAnimation() = default;
 

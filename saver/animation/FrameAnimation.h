@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 
 #include "saver/animation/AnimatedFrame.h"
 
@@ -23,8 +22,8 @@ struct AnimationInputs {
 // down after the run and then stands still: steps cost nothing from there on.
 class FrameAnimation {
   public:
-    // With a seed, the same steps on the same form look the same; without one, no two do.
-    explicit FrameAnimation(std::optional<std::uint32_t> seed = std::nullopt);
+    // With the same seed the same steps on the same form look the same.
+    explicit FrameAnimation(std::uint32_t seed);
     ~FrameAnimation();
     FrameAnimation(const FrameAnimation&) = delete;
     FrameAnimation& operator=(const FrameAnimation&) = delete;
@@ -36,7 +35,7 @@ class FrameAnimation {
   private:
     struct State;
 
-    std::optional<std::uint32_t> seed_;
+    std::uint32_t seed_;
     std::unique_ptr<State> state_;
 };
 

@@ -2,9 +2,6 @@
 
 namespace ambrio {
 
-Random::Random(std::optional<std::uint32_t> seed)
-    : engine_(seed ? *seed : static_cast<std::uint32_t>(std::random_device{}())) {}
-
 double Random::Between(double low, double high) {
     constexpr double kRange = 4294967296.0;
     return low + (high - low) * (static_cast<double>(engine_()) / kRange);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <random>
 
 namespace ambrio {
@@ -10,7 +9,7 @@ namespace ambrio {
 // next; these do not, so that a seed shows the same picture in every build.
 class Random {
   public:
-    explicit Random(std::optional<std::uint32_t> seed);
+    explicit Random(std::uint32_t seed) : engine_(seed) {}
 
     [[nodiscard]] double Between(double low, double high);
     // 0 to count - 1.

@@ -16,6 +16,7 @@
 #include "platform/FileSystem.h"
 #include "platform/SettingsStore.h"
 #include "platform/win32/files/Win32RememberedDrives.h"
+#include "platform/win32/system/RandomNumber.h"
 #include "platform/win32/system/SessionEndHold.h"
 #include "platform/win32/system/StayAwake.h"
 #include "platform/win32/windows/FormTimer.h"
@@ -139,7 +140,7 @@ class frmScreenSaver : public Window, public RunHost {
     Win32RememberedDrives rememberedDrives_;
     DriveReconnection reconnection_{rememberedDrives_};
     std::unique_ptr<RunDriver> run_;
-    FrameAnimation animation_;
+    FrameAnimation animation_{static_cast<std::uint32_t>(RandomNumber())};
     std::unique_ptr<AudienceNotices> notices_;
     int stepsSinceTold_ = 0;
     bool isToBeTopmost_ = false;  // unless others have the keys

@@ -17,6 +17,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/CopyWatchTest.cpp
     tests/unit/CopyRuleTableTest.cpp
     tests/unit/DateTimeTest.cpp
+    tests/unit/DecimalTextTest.cpp
     tests/unit/DesktopSettingsTest.cpp
     tests/unit/DestinationFolderTest.cpp
     tests/unit/DialogOptionsTest.cpp

@@ -36,6 +36,8 @@ TEST(Val, GoesToInfinityBeyondADouble) {
     EXPECT_EQ(-std::numeric_limits<double>::infinity(), Val(L"-1e999"));
     const std::wstring zeros(400, L'0');
     EXPECT_EQ(std::numeric_limits<double>::infinity(), Val(L"1" + zeros));
+    EXPECT_EQ(std::numeric_limits<double>::infinity(), Val(L"0." + zeros + L"1e+999"));
+    EXPECT_EQ(std::numeric_limits<double>::infinity(), Val(L"1e99999999999999999999e-9"));
     EXPECT_EQ(std::numeric_limits<double>::infinity(), Val(L"1" + zeros + L"e-5"));
     EXPECT_EQ(-std::numeric_limits<double>::infinity(), Val(L"-1" + zeros + L".5e-5x"));
 }
@@ -43,6 +45,8 @@ TEST(Val, GoesToInfinityBeyondADouble) {
 TEST(Val, GoesToZeroBelowADouble) {
     const std::wstring zeros(400, L'0');
     EXPECT_EQ(0, Val(L"1e-999"));
+    EXPECT_EQ(0, Val(L"123456789.5e-999"));
+    EXPECT_EQ(0, Val(L"-1e-99999999999999999999.e999"));
     EXPECT_EQ(0, Val(L"0." + zeros + L"1"));
     EXPECT_EQ(0, Val(L"-." + zeros + L"1e5"));
     EXPECT_EQ(0, Val(L"0." + zeros + L"1e+50.7"));

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/DecimalText.h"
 #include "platform/Trim.h"
 #include "platform/win32/system/Handle.h"
 #include "platform/win32/system/TextOfCall.h"
@@ -54,7 +55,7 @@ std::vector<std::wstring> PlacesFor(const std::wstring& ext) {
         TextOfCall([](wchar_t* buffer, DWORD size) { return GetTempPathW(size, buffer); });
     std::vector<std::wstring> places = {L"~temp" + dotExt, folder + L"~temp" + dotExt};
     for (int i = 1; i <= kOtherNames; ++i) {
-        places.push_back(folder + L"~temp" + std::to_wstring(i) + dotExt);
+        places.push_back(folder + L"~temp" + DecimalText(i) + dotExt);
     }
     return places;
 }
