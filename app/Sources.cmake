@@ -8,7 +8,7 @@ set(APP_MODEL_SOURCES
 set(APP_WIN32_SOURCES
     app/Main.cpp
     app/PasswordChange.cpp
-    app/TerminateHandler.cpp
+    app/LibraryFailures.cpp
     app/WinMain.cpp
 )
 
