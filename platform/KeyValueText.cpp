@@ -18,7 +18,7 @@ std::wstring NumberOfDigits(std::span<const std::uint8_t> bytes) {
     }
     std::uint64_t number = 0;
     std::from_chars(hexadecimal, end, number, 16);
-    return DecimalText(number);
+    return DecimalText(static_cast<long long>(number));  // four bytes at most
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 namespace ambrio {
 namespace {
 
-constexpr const wchar_t* kPrefix = L"\\\\?\\";
+constexpr const wchar_t* kLocalPrefix = L"\\\\?\\";
 constexpr std::wstring_view kNetworkPrefix = L"\\\\?\\UNC\\";
 constexpr std::wstring_view kDevicePrefix = L"\\\\.\\";
 constexpr std::wstring_view kNetworkStart = L"\\\\";
@@ -65,7 +65,7 @@ void RequirePlace(const std::wstring& path) {
 }  // namespace
 
 std::wstring ExtendedPath(const std::wstring& path) {
-    if (path.starts_with(kPrefix)) {
+    if (path.starts_with(kLocalPrefix)) {
         return WithoutRedirection(path);
     }
     RequirePlace(path);
@@ -80,7 +80,7 @@ std::wstring ExtendedPath(const std::wstring& path) {
     if (IsNetworkPath(full)) {
         return std::wstring(kNetworkPrefix) + full.substr(kNetworkStart.size());
     }
-    return kPrefix + WithoutRedirection(full);
+    return kLocalPrefix + WithoutRedirection(full);
 }
 
 std::wstring FolderOfExtended(const std::wstring& extended) {
