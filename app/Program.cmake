@@ -20,4 +20,5 @@ target_link_libraries(Ambrio PRIVATE ambrio_app_model ambrio_preview ambrio_save
 ambrio_use_precompiled(Ambrio windows)
 
 include(resources/clip/Clip.cmake)
-add_dependencies(Ambrio clip)
+include(resources/help/Help.cmake)
+add_dependencies(Ambrio clip help_files)

@@ -1,7 +1,7 @@
 # Installs the Debian packages that a script needs and lacks. Sourced after common.sh.
 
 HOST_PACKAGES=(cmake ninja-build g++ googletest)
-WINDOWS_PACKAGES=(g++-mingw-w64-i686 g++-mingw-w64-x86-64)
+WINDOWS_PACKAGES=(g++-mingw-w64-i686 g++-mingw-w64-x86-64 halibut faketime)
 CLANG_PACKAGES=(clang libclang-rt-dev)
 CHECK_PACKAGES=(git clang-format clang-tidy)
 # The fonts are those that the panel and the dialogs fall back to where the Windows ones are missing.
