@@ -79,6 +79,8 @@ Application ReadApplication(const std::wstring& commandLine) {
     application.LocalDataFolder = GetLocalDataFolder();
     application.HelpFile =
         FileSystem::BuildPath(application.ProgramFolder, application.Title + L".HLP");
+    application.HelpPage =
+        FileSystem::BuildPath(application.ProgramFolder, application.Title + L".html");
     const ScreenTwips twips = ReadScreenTwips();
     application.PixelTwipsX = RoundToInt16(twips.X);
     application.PixelTwipsY = RoundToInt16(twips.Y);

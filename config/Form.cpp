@@ -1,7 +1,10 @@
 #include "config/Form.h"
 
+#include "config/WebLink.h"
 #include "config/model/CentreForm.h"
+#include "config/model/HelpPages.h"
 #include "platform/Twips.h"
+#include "platform/win32/system/SystemFolders.h"
 #include "platform/win32/system/SystemRedirection.h"
 #include "platform/win32/windows/ResourceText.h"
 #include "platform/win32/windows/ScreenTwips.h"
@@ -51,8 +54,33 @@ void Form::CentreOver(HWND parent) {
 }
 
 void Form::ShowHelp() {
+    if (!HasHelpViewer(context_.Files, GetWindowsFolder())) {
+        ShowPage(context_.App.HelpPage);
+        return;
+    }
+    hasCalledViewer_ = true;
     // What shows the help is a program of 32 bits too.
     WinHelpW(Handle(), WithoutRedirection(context_.App.HelpFile).c_str(), HELP_CONTENTS, 0);
+}
+
+void Form::EndHelp() {
+    if (hasCalledViewer_) {
+        hasCalledViewer_ = false;
+        WinHelpW(Handle(), WithoutRedirection(context_.App.HelpFile).c_str(), HELP_QUIT, 0);
+    }
+}
+
+bool Form::ShowPage(const std::wstring& page) {
+    if (IsFile(page)) {
+        try {
+            static_cast<void>(context_.Files.GetFile(page));
+        } catch (const RuntimeError& error) {
+            Ask(page + L"\r\n" + error.Description(), context_.App.Title,
+                MB_OK | MB_ICONEXCLAMATION);
+            return true;
+        }
+    }
+    return OpenURL(AddressOf(page), Handle());
 }
 
 int Form::Ask(const std::wstring& text, const std::wstring& title, UINT style) {

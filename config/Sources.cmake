@@ -6,6 +6,7 @@ set(CONFIG_MODEL_SOURCES
     config/model/DialogTexts.cpp
     config/model/DirectoryTree.cpp
     config/model/DriveText.cpp
+    config/model/HelpPages.cpp
     config/model/SecondarySavers.cpp
     config/model/SetListModel.cpp
     config/model/SetProperties.cpp

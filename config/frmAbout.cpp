@@ -2,8 +2,8 @@
 
 #include "ProductVersion.h"
 #include "config/SystemInformation.h"
-#include "config/WebLink.h"
 #include "config/model/DialogTexts.h"
+#include "config/model/HelpPages.h"
 #include "platform/win32/windows/ResourceText.h"
 #include "resources/DialogIds.h"
 #include "resources/ResourceIds.h"
@@ -20,7 +20,7 @@ void frmAbout::Form_Load() {
     SetText(IDC_LBL_TITLE, Context().App.Title);
     SetText(IDC_LBL_DISCLAIMER, ResourceText(IDS_DISCLAIMER));
     SetText(IDC_ABOUT_LABEL1, ResourceText(IDS_ABOUT_LABEL1));
-    SetText(IDC_ABOUT_LABEL2, ResourceText(IDS_WEB_ADDRESS));
+    SetText(IDC_ABOUT_LABEL2, WebPage(kPublicPage, Context().App.HelpPage));
     SetText(IDC_ABOUT_LABEL3, ResourceText(IDS_SLOGAN));
     Send(IDC_PIC_ICON, STM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(ProgramIcon(SM_CXICON)));
 }
@@ -49,9 +49,9 @@ void frmAbout::cmdSysInfo_Click() {
 }
 
 void frmAbout::cmdWWW_Click() {
-    const std::wstring address = ResourceText(IDS_WEB_ADDRESS);
-    if (!OpenURL(address, Handle())) {
-        Ask(ResourceText(IDS_BROWSER_PROBLEM) + L"\r\n" + address, L"Internet", MB_OK);
+    const std::wstring page = WebPage(kPublicPage, Context().App.HelpPage);
+    if (!ShowPage(page)) {
+        Ask(ResourceText(IDS_BROWSER_PROBLEM) + L"\r\n" + page, L"Internet", MB_OK);
     }
 }
 

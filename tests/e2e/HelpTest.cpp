@@ -32,6 +32,18 @@ class HelpTest : public DialogTest {
         }
         return std::nullopt;
     }
+    // All that stands in the windows of the viewer.
+    [[nodiscard]] std::wstring ShownByTheViewer() {
+        std::wstring shown;
+        for (const DWORD process : Program().StartedProcessIds()) {
+            for (const WindowProbe& window : TopLevelWindows(process)) {
+                for (const WindowProbe& part : window.Descendants()) {
+                    shown += part.Text() + L"|";
+                }
+            }
+        }
+        return shown;
+    }
     // Answers No to what the viewer asks; its text is added to what was said.
     void Dismiss(const MessageBoxProbe& box) {
         said_ += box.Text();
@@ -84,15 +96,16 @@ class HelpTest : public DialogTest {
 };
 
 TEST_F(HelpTest, AMissingFileIsTheViewersToReportAndTheDialogGoesOn) {
+    if (!RunsOnWine()) {
+        GTEST_SKIP() << "this system may have no viewer";
+    }
     Settings.Write(L"General", L"Sets", L"A");
     const WindowProbe dialog = OpenConfiguration();
     Press(dialog, IDC_CMD_HELP);
     // The second press waits behind the first, so this comes when the help is done with.
     Press(dialog, IDC_CMD_ABOUT);
     ASSERT_TRUE(Appears(L"About Ambrio"));
-    if (RunsOnWine()) {
-        EXPECT_NE(said_.find(L"Ambrio.HLP"), std::wstring::npos) << Utf8(said_);
-    }
+    EXPECT_NE(said_.find(L"Ambrio.HLP"), std::wstring::npos) << Utf8(said_);
     EXPECT_FALSE(MessageBoxProbe::Find(Program().ProcessId()));
     EXPECT_TRUE(Closes(WindowTitled(L"About Ambrio"), IDOK));
     EXPECT_TRUE(dialog.IsEnabled());
@@ -102,6 +115,25 @@ TEST_F(HelpTest, AMissingFileIsTheViewersToReportAndTheDialogGoesOn) {
     EXPECT_TRUE(Ends());
     EXPECT_EQ(Program().ExitCode(), 0U);
     EXPECT_EQ(Settings.Read(L"A", L"Selected"), L"False");
+}
+
+TEST_F(HelpTest, OpensAtItsContentsAndGoesWithTheDialog) {
+    if (!RunsOnWine()) {
+        GTEST_SKIP() << "this system has no viewer whose page can be read";
+    }
+    WriteFileBytes(Folder.Below(L"Ambrio.HLP"),
+                   ReadFileBytes(TestProgramFolder() + L"\\Ambrio.HLP"));
+    const WindowProbe dialog = OpenConfiguration();
+    Press(dialog, IDC_CMD_HELP);
+    EXPECT_TRUE(WaitUntil([&] {
+        return ShownByTheViewer().find(L"Questions and answers") != std::wstring::npos;
+    })) << Utf8(ShownByTheViewer());
+    const std::wstring shown = ShownByTheViewer();
+    EXPECT_NE(shown.find(L"What Ambrio does"), std::wstring::npos) << Utf8(shown);
+    EXPECT_EQ(shown.find(L"Move Up"), std::wstring::npos) << Utf8(shown);
+    EXPECT_FALSE(Program().StartedProcessIds().empty());
+    CloseConfiguration();
+    EXPECT_TRUE(WaitUntil([&] { return Program().StartedProcessIds().empty(); }));
 }
 
 TEST_F(HelpTest, IsThereOnF1InEveryDialog) {

@@ -1,4 +1,5 @@
-// The about box's way to the web page, through whatever program belongs to ".htm" files.
+// The about box's way to the web page, through whatever program belongs to ".htm" files; and the
+// help's, where the system has no viewer for it.
 
 #include <gtest/gtest.h>
 
@@ -18,12 +19,20 @@ namespace ambrio::e2e {
 namespace {
 
 constexpr const wchar_t* kType = L"Ambrio.TestPage";
-constexpr const wchar_t* kAddress = L"https://ambrio.example/";
+
+std::wstring AddressOfFile(const std::wstring& path) {
+    std::wstring address = L"file:///";
+    for (const wchar_t c : path) {
+        address += c == L'\\' ? L"/" : c == L' ' ? L"%20" : std::wstring(1, c);
+    }
+    return address;
+}
 
 class WebPageTest : public DialogTest {
   protected:
     // Pages are of a type that nothing opens yet.
     WebPageTest() {
+        WriteFileBytes(page_, "page");
         TakeOver(L"Software\\Classes\\");
         // Where a user's own types do not count, the machine's are put aside too.
         wchar_t seen[64] = L"";
@@ -67,11 +76,11 @@ class WebPageTest : public DialogTest {
         }
     }
     // Presses the button and expects the browser to get the address.
-    void ExpectOpened(const WindowProbe& about) {
-        Press(about, IDC_CMD_WWW);
+    void ExpectOpened(const WindowProbe& dialog, int button = IDC_CMD_WWW) {
+        Press(dialog, button);
         EXPECT_TRUE(WaitUntil([] { return ReadText(kStandInKey, kSaverCommandLine).has_value(); }));
         const std::wstring line = ReadText(kStandInKey, kSaverCommandLine).value_or(L"");
-        EXPECT_TRUE(line.ends_with(kAddress)) << Utf8(line);
+        EXPECT_TRUE(line.ends_with(address_)) << Utf8(line);
         EXPECT_FALSE(MessageBoxProbe::Find(Program().ProcessId()));
     }
     // The first box says what failed, the second what that means for the user.
@@ -85,12 +94,15 @@ class WebPageTest : public DialogTest {
         EXPECT_EQ(second.Title(), L"Internet");
         EXPECT_TRUE(second.Text().starts_with(
             L"There seems to be problem finding or running your web browser."));
-        EXPECT_NE(second.Text().find(kAddress), std::wstring::npos);
+        EXPECT_TRUE(second.Text().ends_with(page_)) << Utf8(second.Text());
         EXPECT_TRUE(second.Press());
         EXPECT_FALSE(MessageBoxProbe::Find(Program().ProcessId()));
     }
 
     const std::wstring browser_ = Folder.Below(L"The browser.exe");
+    // The page beside the program, and what a browser is given for it.
+    const std::wstring page_ = Folder.Below(L"Ambrio.html");
+    const std::wstring address_ = AddressOfFile(page_);
 
   private:
     void TakeOver(const std::wstring& classes) {
@@ -128,6 +140,75 @@ TEST_F(WebPageTest, TheAssociatedBrowserGetsTheAddress) {
     ExpectOpened(about);
     CloseAll(about);
     EXPECT_FALSE(FileExists(L"~temp.htm"));
+}
+
+TEST_F(WebPageTest, APageThatIsNotThereIsTold) {
+    InstallBrowser();
+    if (IsSkipped()) {
+        return;
+    }
+    ASSERT_NE(DeleteFileW(page_.c_str()), 0);
+    const WindowProbe about = OpenAbout();
+    Press(about, IDC_CMD_WWW);
+    const MessageBoxProbe box = WaitForBox();
+    EXPECT_EQ(box.Title(), L"Ambrio");
+    EXPECT_EQ(box.Text(), page_ + L"\r\nFile not found");
+    EXPECT_EQ(box.Icon(), BoxIcon::Exclamation);
+    EXPECT_TRUE(box.Press());
+    CloseAll(about);
+    EXPECT_FALSE(ReadText(kStandInKey, kSaverCommandLine).has_value());
+}
+
+// While it lives, the system has what newer ones have in the place of their viewer for help: a
+// small file that shows none. Not where the viewer cannot be put aside.
+class NoViewer {
+  public:
+    NoViewer() {
+        isPutAside_ = MoveFileExW(viewer_.c_str(), aside_.c_str(), 0) != 0;
+        if (isPutAside_) {
+            WriteFileBytes(viewer_, std::string(10'000, 'x'));
+        }
+    }
+    ~NoViewer() {
+        if (isPutAside_) {
+            DeleteFileW(viewer_.c_str());
+            EXPECT_NE(MoveFileExW(aside_.c_str(), viewer_.c_str(), 0), 0);
+        }
+    }
+    NoViewer(const NoViewer&) = delete;
+    NoViewer& operator=(const NoViewer&) = delete;
+
+    [[nodiscard]] bool IsSo() const {
+        WIN32_FILE_ATTRIBUTE_DATA facts = {};
+        return GetFileAttributesExW(viewer_.c_str(), GetFileExInfoStandard, &facts) == 0 ||
+               facts.nFileSizeLow < 65536;
+    }
+
+  private:
+    static std::wstring InWindowsFolder(const wchar_t* name) {
+        std::array<wchar_t, MAX_PATH + 1> folder = {};
+        GetWindowsDirectoryW(folder.data(), MAX_PATH);
+        return std::wstring(folder.data()) + L"\\" + name;
+    }
+
+    const std::wstring viewer_ = InWindowsFolder(L"winhlp32.exe");
+    const std::wstring aside_ = InWindowsFolder(L"winhlp32.aside");
+    bool isPutAside_ = false;
+};
+
+TEST_F(WebPageTest, TheHelpIsShownThereWithoutAViewer) {
+    InstallBrowser();
+    if (IsSkipped()) {
+        return;
+    }
+    const NoViewer noViewer;
+    if (!noViewer.IsSo()) {
+        GTEST_SKIP() << "this system does not let its viewer go";
+    }
+    WriteFileBytes(Folder.Below(L"Ambrio.HLP"), "what no viewer shows");
+    const WindowProbe configuration = OpenConfiguration();
+    ExpectOpened(configuration, IDC_CMD_HELP);
+    CloseConfiguration();
 }
 
 TEST_F(WebPageTest, TheAssociatedBrowserDoesNotStart) {

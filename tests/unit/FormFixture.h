@@ -48,6 +48,7 @@ class FormTest : public ::testing::Test {
   protected:
     FormTest() {
         App.Title = L"Ambrio";
+        App.HelpPage = L"C:\\Program folder\\Ambrio.html";
         for (const std::wstring& folder : {GetWindowsFolder(), GetSystemFolder()}) {
             Files.MakeFolder(folder);
         }

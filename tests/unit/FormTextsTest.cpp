@@ -140,12 +140,12 @@ TEST_F(FormTextsTest, OfTheAboutBox) {
     form.Load(nullptr);
     EXPECT_EQ(L"About Ambrio", WindowText(form.Handle()));
     ExpectTexts(form, {{IDC_LBL_TITLE, L"Ambrio", L""},
+                       {IDC_ABOUT_LABEL2, App.HelpPage.c_str(), L""},
                        {IDC_CMD_SYS_INFO, L"&System Info...", L""},
                        {IDOK, L"OK", L""}});
     const std::wstring version = ControlProbe(form.Handle(), IDC_LBL_VERSION).Text();
     EXPECT_EQ(0U, version.find(L"Version "));
-    for (const int control :
-         {IDC_LBL_DISCLAIMER, IDC_ABOUT_LABEL1, IDC_ABOUT_LABEL2, IDC_ABOUT_LABEL3}) {
+    for (const int control : {IDC_LBL_DISCLAIMER, IDC_ABOUT_LABEL1, IDC_ABOUT_LABEL3}) {
         EXPECT_NE(L"", ControlProbe(form.Handle(), control).Text()) << control;
     }
     EXPECT_NE(0, ControlProbe(form.Handle(), IDC_PIC_ICON).Send(STM_GETICON));

@@ -36,6 +36,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/FrameMotionTest.cpp
     tests/unit/GeneralDateTest.cpp
     tests/unit/GeneralOptionsTest.cpp
+    tests/unit/HelpPagesTest.cpp
     tests/unit/InputRulesTest.cpp
     tests/unit/KeyValueTextTest.cpp
     tests/unit/KnownFolderTest.cpp

@@ -148,6 +148,9 @@ INT_PTR Dialog::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_HELP:
             OnHelp();
             return TRUE;
+        case WM_DESTROY:
+            OnDestroy();
+            return TRUE;
         case WM_SIZE:
             if (wParam != SIZE_MINIMIZED) {
                 OnSize();

@@ -47,6 +47,8 @@ class Dialog {
     virtual bool OnListKey(int /*control*/, WORD /*key*/) { return false; }
     // F1 was pressed, wherever the focus is.
     virtual void OnHelp() {}
+    // The window is about to go; it still has its handle.
+    virtual void OnDestroy() {}
     // The dialog got another size, after Form_Load and unless it is now an icon.
     virtual void OnSize() {}
     // How small and how large the user may make the dialog.
