@@ -16,7 +16,7 @@ std::wstring NumberOfDigits(std::span<const std::uint8_t> bytes) {
     for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
         end = std::to_chars(end, hexadecimal + sizeof hexadecimal, *byte, 16).ptr;
     }
-    std::uint64_t number = 0;
+    std::int64_t number = 0;  // of eight digits at most
     std::from_chars(hexadecimal, end, number, 16);
     return DecimalText(static_cast<long long>(number));  // four bytes at most
 }
