@@ -17,11 +17,15 @@ const std::wstring& RunLog::Path() {
 
 void RunLog::WriteLog(const std::wstring& rsText, bool rbKeepOpen) {
     const std::wstring& path = Path();
+    const bool isEndOfBlock = LogStream_ && !rbKeepOpen;
     try {
         if (!LogStream_) {
             LogStream_ = fileSystem_.OpenForAppending(path);
         }
         WriteLines(rsText);
+        if (isEndOfBlock) {
+            LogStream_->Flush();
+        }
     } catch (const RuntimeError& failure) {
         LogStream_.reset();
         throw LogFailure(failure.Number(), LogNotWritten(failure, path));

@@ -27,7 +27,8 @@ class RunLog {
     const std::wstring& Path();
 
     // Writes one entry as a line, before it the header when it is the first of the run. The file
-    // stays open when `rbKeepOpen`. Throws LogFailure; the file is closed then, part of the text
+    // stays open when `rbKeepOpen`; entries that it has stayed open for are flushed to the disk
+    // with the last one. Throws LogFailure; the file is closed then, part of the text
     // may have been written, and the next call starts afresh.
     void WriteLog(const std::wstring& rsText, bool rbKeepOpen);
 

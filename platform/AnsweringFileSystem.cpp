@@ -101,6 +101,13 @@ class AnsweringFileSystem::Stream : public TextStream {
         };
         files_.Work({root_}, write, files_.yield_);
     }
+    void Flush() override {
+        const auto flush = [&] {
+            stream_->Flush();
+            return true;
+        };
+        files_.Work({root_}, flush, files_.yield_);
+    }
 
   private:
     AnsweringFileSystem& files_;

@@ -69,6 +69,9 @@ class TextStream {
     // Writes the text and a CR LF; characters that the code page lacks become its default
     // character. Throws RuntimeError; part of the line may then have been written.
     virtual void WriteLine(const std::wstring& text) = 0;
+    // Returns when all that was written lies on the disk, where that is one of this machine. Throws
+    // RuntimeError.
+    virtual void Flush() = 0;
 };
 
 // Called now and then while an operation takes long, so that the caller can let pending events
@@ -118,8 +121,9 @@ class FileSystem {
     virtual void DeleteFile(const std::wstring& path, bool force) = 0;
 
     // Copies content, attributes, modification time and streams. The destination name holds the
-    // whole old or the whole new content at any moment, also when the process is killed: the copy
-    // is made under a name of TemporaryName.h in the same folder and then renamed. Without
+    // whole old or the whole new content at any moment, also when the process is killed or the
+    // power fails: the copy is made under a name of TemporaryName.h in the same folder, flushed to
+    // the disk where that is one of this machine, and then renamed. Without
     // `overwrite` an existing destination is FileAlreadyExists; a read-only one is
     // PermissionDenied before anything is written; a hidden or system one is replaced. `yield` may
     // be empty.

@@ -30,6 +30,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/files/ExtendedPath.cpp
     platform/win32/files/FileEntryData.cpp
     platform/win32/files/FileIdentity.cpp
+    platform/win32/files/FlushToDisk.cpp
     platform/win32/files/FullPath.cpp
     platform/win32/files/LinkOwner.cpp
     platform/win32/files/NameRules.cpp

@@ -80,6 +80,8 @@ Stage StageFinder::StageOf(const FileCall& call) {
             return Stage::OpenLog;
         case FileOperation::WriteLine:
             return Stage::WriteLogLine;
+        case FileOperation::Flush:
+            return Stage::FlushLog;
         case FileOperation::IsWritableFolder:
             return Stage::TryLogFolder;
         case FileOperation::MayFollow:

@@ -23,7 +23,8 @@ constexpr std::array kOperations = {FileOperation::FileExists,
                                     FileOperation::IsWritableFolder,
                                     FileOperation::WriteLine,
                                     FileOperation::FindFile,
-                                    FileOperation::MayFollow};
+                                    FileOperation::MayFollow,
+                                    FileOperation::Flush};
 
 constexpr std::array kNumbers = {ErrorNumber::PermissionDenied, ErrorNumber::PathNotFound,
                                  ErrorNumber::FileNotFound,     ErrorNumber::DiskFull,
@@ -168,6 +169,7 @@ std::vector<std::wstring> RunScene::PathsFor(FileOperation operation) {
             return {FolderOf(copy), FolderOf(place.Destination)};
         case FileOperation::OpenForAppending:
         case FileOperation::WriteLine:
+        case FileOperation::Flush:
             return {EngineBench::LogFile()};
         case FileOperation::IsWritableFolder:
             return {Bench.App.ProgramFolder};

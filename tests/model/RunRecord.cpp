@@ -58,6 +58,7 @@ const std::wstring& RunRecord::LogFile() {
 
 void RunRecord::Log(const std::wstring& text, bool keepOpen) {
     const std::wstring& path = LogFile();
+    const bool endsBlock = isLogOpen_ && !keepOpen;
     try {
         if (!isLogOpen_) {
             const auto fault = Fails(Stage::OpenLog, path);
@@ -71,6 +72,9 @@ void RunRecord::Log(const std::wstring& text, bool keepOpen) {
             hasHeader_ = true;
         }
         WriteLine(text);
+        if (const auto fault = endsBlock ? Fails(Stage::FlushLog, path) : std::nullopt) {
+            throw ModelFailure{*fault};
+        }
         isLogOpen_ = keepOpen;
     } catch (const ModelFailure& failure) {
         isLogOpen_ = false;

@@ -18,6 +18,7 @@ constexpr std::array<StageFacts, static_cast<std::size_t>(Stage::End)> kStages{{
     {"remove the old log", FileOperation::DeleteFile},
     {"open the log", FileOperation::OpenForAppending},
     {"write a line of the log", FileOperation::WriteLine},
+    {"flush the log", FileOperation::Flush},
     {"look for the source folder", FileOperation::FolderExists},
     {"look whose link the source is", FileOperation::MayFollow},
     {"list the source folder", FileOperation::GetFolder},

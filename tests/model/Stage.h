@@ -18,6 +18,7 @@ enum class Stage {
     DeleteOldLog,
     OpenLog,
     WriteLogLine,
+    FlushLog,
     TestSourceFolder,
     TestSourceLink,  // whose it is
     ListSource,

@@ -79,4 +79,8 @@ void ForwardingTextStream::WriteLine(const std::wstring& text) {
     target_->WriteLine(text);
 }
 
+void ForwardingTextStream::Flush() {
+    target_->Flush();
+}
+
 }  // namespace ambrio

@@ -49,6 +49,7 @@ class ForwardingTextStream : public TextStream {
   public:
     explicit ForwardingTextStream(std::unique_ptr<TextStream> target);
     void WriteLine(const std::wstring& text) override;
+    void Flush() override;
 
   private:
     std::unique_ptr<TextStream> target_;

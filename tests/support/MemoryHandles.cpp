@@ -45,4 +45,9 @@ void MemoryTextStream::WriteLine(const std::wstring& text) {
     file_->DateLastModified = fileSystem_.Now;
 }
 
+// Memory is as safe as it will be.
+void MemoryTextStream::Flush() {
+    file_->Volume.RequireReady();
+}
+
 }  // namespace ambrio

@@ -35,6 +35,7 @@ class MemoryTextStream : public TextStream {
     MemoryTextStream& operator=(const MemoryTextStream&) = delete;
 
     void WriteLine(const std::wstring& text) override;
+    void Flush() override;
 
   private:
     MemoryFileSystem& fileSystem_;

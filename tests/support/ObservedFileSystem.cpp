@@ -27,18 +27,20 @@ class ObservedStream : public ForwardingTextStream {
   public:
     ObservedStream(std::unique_ptr<TextStream> target, ObservedFileSystem& observer,
                    std::wstring path)
-        : ForwardingTextStream(std::move(target)),
-          observer_(observer),
-          call_{FileOperation::WriteLine, std::move(path)} {}
+        : ForwardingTextStream(std::move(target)), observer_(observer), path_(std::move(path)) {}
 
     void WriteLine(const std::wstring& text) override {
-        observer_.Before(call_);
+        observer_.Before({FileOperation::WriteLine, path_});
         ForwardingTextStream::WriteLine(text);
+    }
+    void Flush() override {
+        observer_.Before({FileOperation::Flush, path_});
+        ForwardingTextStream::Flush();
     }
 
   private:
     ObservedFileSystem& observer_;
-    FileCall call_;
+    std::wstring path_;
 };
 
 }  // namespace

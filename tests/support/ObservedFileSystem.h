@@ -19,6 +19,7 @@ enum class FileOperation {
     CopyFile,
     OpenForAppending,
     WriteLine,
+    Flush,
     IsWritableFolder,
     MayFollow,
 };
@@ -26,7 +27,7 @@ enum class FileOperation {
 // What an operation was called with.
 struct FileCall {
     FileOperation Operation;
-    std::wstring Path;  // for Next and WriteLine that of the folder or file that was opened
+    std::wstring Path;  // for Next, WriteLine and Flush that of the folder or file that was opened
     std::wstring Destination = {};  // of CopyFile only
 };
 

@@ -19,6 +19,10 @@ class TellingStream : public ForwardingTextStream {
         ForwardingTextStream::WriteLine(text);
         events_.Note(L"log " + text);
     }
+    void Flush() override {
+        ForwardingTextStream::Flush();
+        events_.Note(L"log flushed");
+    }
 
   private:
     RunEvents& events_;

@@ -195,8 +195,13 @@ TEST_F(AnsweringFileSystemTest, AListingThatBreaksOffGivesWhatItHadBefore) {
 
 TEST_F(AnsweringFileSystemTest, LinesOfATextFileAreWrittenByTheWorker) {
     const int before = worker_.Works;
-    files_.OpenForAppending(L"Q:\\Data\\log.txt")->WriteLine(L"line");
-    EXPECT_EQ(before + 3, worker_.Works) << "opened, written to, closed";
+    {
+        const auto log = files_.OpenForAppending(L"Q:\\Data\\log.txt");
+        log->WriteLine(L"line");
+        log->Flush();
+    }
+    EXPECT_EQ(before + 4, worker_.Works) << "opened, written to, flushed, closed";
+    EXPECT_EQ(0, slow_.Directly);
     EXPECT_EQ("line\r\n", disk_.Content(L"Q:\\Data\\log.txt"));
 }
 

@@ -5,6 +5,7 @@
 #include "engine/EngineTexts.h"
 #include "engine/LogPath.h"
 #include "settings/SettingKeys.h"
+#include "tests/support/CountingFileSystem.h"
 #include "tests/support/EngineBench.h"
 #include "tests/support/FailingFileSystem.h"
 #include "tests/support/RuntimeErrorOf.h"
@@ -48,6 +49,21 @@ TEST_F(RunLogTest, StaysOpenOnlyWhenAskedTo) {
     EXPECT_EQ(Bench.Files.OpenHandles(), 1);
     Log.WriteLog(L"two", false);
     EXPECT_EQ(Bench.Files.OpenHandles(), 0);
+}
+
+TEST_F(RunLogTest, ABlockOfEntriesIsFlushedAtItsEndAndASingleOneIsNot) {
+    CountingFileSystem counting(Bench.Files);
+    RunLog log(counting, Bench.App, Bench.State);
+    log.WriteLog(L"one", false);
+    log.WriteLog(L"two", true);
+    log.WriteLog(L"three", true);
+    EXPECT_EQ(counting.CallsOf(FileOperation::Flush), 0);
+    log.WriteLog(L"four", false);
+    EXPECT_EQ(counting.CallsOf(FileOperation::Flush), 1);
+    EXPECT_EQ(counting.Calls().back().Operation, FileOperation::Flush);
+    EXPECT_EQ(counting.Calls().back().Path, EngineBench::LogFile());
+    log.WriteLog(L"five", false);
+    EXPECT_EQ(counting.CallsOf(FileOperation::Flush), 1);
 }
 
 TEST_F(RunLogTest, AFailureNamesTheLogAndTheNextLineStartsAfresh) {

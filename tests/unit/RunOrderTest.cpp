@@ -100,7 +100,7 @@ TEST_F(RunOrder, TheEndOfTheList) {
                       L"lblSet=<All sets processed>", L"lblFile=",
                       L"log Of 3 files checked, 1 were copied; 1 copies were removed.",
                       L"log Ambrio completed 11/21/2026 3:49:46 PM", L"log " + Separator(),
-                      L"log closed", L"close", L"show pointer", L"leave topmost"}));
+                      L"log flushed", L"log closed", L"close", L"show pointer", L"leave topmost"}));
 }
 
 TEST_F(RunOrder, TheTimeOfTheRunIsKeptOnASecondRunOfADayToo) {

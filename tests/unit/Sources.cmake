@@ -93,6 +93,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/FormStretchTest.cpp
     tests/unit/FormTabOrderTest.cpp
     tests/unit/FormTextsTest.cpp
+    tests/unit/FlushToDiskTest.cpp
     tests/unit/FormTimerTest.cpp
     tests/unit/frmBrowseTest.cpp
     tests/unit/frmConfigurationTest.cpp

@@ -5,8 +5,6 @@
 namespace ambrio {
 namespace {
 
-constexpr std::uint64_t kSmallFile = 1 << 20;  // bytes; copied before anybody would notice
-
 // A small file takes less time than to ask about it.
 DWORD CopyAtOnce(const std::wstring& source, const std::wstring& target,
                  LPPROGRESS_ROUTINE progress = nullptr, CopyWatch* watch = nullptr) {

@@ -9,6 +9,9 @@
 
 namespace ambrio {
 
+// A file below so many bytes is copied before anybody would notice.
+inline constexpr std::uint64_t kSmallFile = 1 << 20;
+
 // The platform's own copy of one file to a name that is free, calling `yield` at the start of a big
 // one and then, until it is done, when input comes and at least about every 50 ms. `size` is that
 // of the source, in bytes. A big copy is noted in `watch` and broken off where that says so, with

@@ -8,12 +8,31 @@
 #include "platform/win32/files/LinkOwner.h"
 #include "platform/win32/files/Patience.h"
 #include "platform/win32/files/Win32Error.h"
+#include "platform/win32/system/Handle.h"
+#include "platform/win32/system/WorkWithYield.h"
 
 namespace ambrio {
 namespace {
 
 bool NameIsTaken(DWORD code) {
     return code == ERROR_FILE_EXISTS || code == ERROR_ALREADY_EXISTS;
+}
+
+// A name must not be given to data that a power failure could still take away.
+DWORD Flush(const std::wstring& temporary, std::uint64_t size, const CopyWatch& watch,
+            Patience& patience, const Yield& yield) {
+    UniqueHandle file;
+    DWORD code = OpenToFlush(temporary, patience, file);
+    if (code == ERROR_SUCCESS && size < kSmallFile) {
+        return FlushToDisk(file.get());
+    }
+    if (code == ERROR_SUCCESS && watch.IsBrokenOff()) {
+        return ERROR_REQUEST_ABORTED;
+    }
+    if (code == ERROR_SUCCESS) {
+        WorkWithYield([&] { code = FlushToDisk(file.get()); }, yield);
+    }
+    return code;
 }
 
 DWORD Rename(const std::wstring& temporary, const std::wstring& destination, bool overwrite,
@@ -74,8 +93,8 @@ void RequireReplaceable(const std::wstring& source, const WIN32_FILE_ATTRIBUTE_D
 }  // namespace
 
 void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
-                   const std::wstring& temporaryName, bool overwrite, CopyWatch& watch,
-                   const Yield& yield) {
+                   const std::wstring& temporaryName, bool overwrite, FlushedDrives& flushed,
+                   CopyWatch& watch, const Yield& yield) {
     WIN32_FILE_ATTRIBUTE_DATA sourceData;
     if (const DWORD code = ReadFileData(source, sourceData); code != ERROR_SUCCESS) {
         ThrowForPath(code, source);
@@ -96,6 +115,9 @@ void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
     DWORD code = CopyWithYield(source, temporary, size, watch, yield);
     if (NameIsTaken(code)) {
         ThrowWin32(code);  // somebody else's, so it is not removed
+    }
+    if (code == ERROR_SUCCESS && flushed.Hold(temporary)) {
+        code = Flush(temporary, size, watch, patience, yield);
     }
     if (code == ERROR_SUCCESS) {
         code = Rename(temporary, destination, overwrite, patience);

@@ -4,13 +4,14 @@
 
 #include "platform/CopyWatch.h"
 #include "platform/FileSystem.h"
+#include "platform/win32/files/FlushToDisk.h"
 
 namespace ambrio {
 
 // FileSystem::CopyFile between two extended paths. `temporaryName` is the name in the destination
 // folder under which the copy is made; `watch` is that of a large file.
 void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
-                   const std::wstring& temporaryName, bool overwrite, CopyWatch& watch,
-                   const Yield& yield);
+                   const std::wstring& temporaryName, bool overwrite, FlushedDrives& flushed,
+                   CopyWatch& watch, const Yield& yield);
 
 }  // namespace ambrio

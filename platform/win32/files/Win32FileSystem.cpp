@@ -161,11 +161,12 @@ void Win32FileSystem::CopyFile(const std::wstring& source, const std::wstring& d
                                bool overwrite, const Yield& yield) {
     const std::wstring extendedDestination = ExtendedPath(destination);
     CrashSafeCopy(ExtendedPath(source), extendedDestination, NewTemporaryName(), overwrite,
-                  copyWatch_, yield);
+                  flushedDrives_, copyWatch_, yield);
 }
 
 std::unique_ptr<TextStream> Win32FileSystem::OpenForAppending(const std::wstring& path) {
-    return std::make_unique<Win32TextStream>(ExtendedPath(path));
+    const std::wstring extended = ExtendedPath(path);
+    return std::make_unique<Win32TextStream>(extended, flushedDrives_.Hold(extended));
 }
 
 bool Win32FileSystem::IsWritableFolder(const std::wstring& path, const std::wstring& file) {

@@ -2,6 +2,7 @@
 
 #include "platform/CopyWatch.h"
 #include "platform/FileSystem.h"
+#include "platform/win32/files/FlushToDisk.h"
 
 namespace ambrio {
 
@@ -32,6 +33,7 @@ class Win32FileSystem : public FileSystem {
 
   private:
     CopyWatch& copyWatch_;
+    FlushedDrives flushedDrives_;
 };
 
 }  // namespace ambrio

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "platform/RuntimeError.h"
+#include "platform/win32/files/FlushToDisk.h"
 #include "platform/win32/files/Win32Error.h"
 
 namespace ambrio {
@@ -28,10 +29,11 @@ std::string CodePageBytes(const std::wstring& text) {
 
 }  // namespace
 
-Win32TextStream::Win32TextStream(const std::wstring& extendedPath)
+Win32TextStream::Win32TextStream(const std::wstring& extendedPath, bool isToBeFlushed)
     : file_(MakeHandle<UniqueHandle>(CreateFileW(
           extendedPath.c_str(), FILE_APPEND_DATA | SYNCHRONIZE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-          nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))) {
+          nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))),
+      isToBeFlushed_(isToBeFlushed) {
     if (!file_) {
         ThrowForPath(GetLastError(), extendedPath);
     }
@@ -46,6 +48,15 @@ void Win32TextStream::WriteLine(const std::wstring& text) {
     }
     if (written < bytes.size()) {
         throw RuntimeError(ErrorNumber::DiskFull);
+    }
+}
+
+void Win32TextStream::Flush() {
+    if (!isToBeFlushed_) {
+        return;
+    }
+    if (const DWORD code = FlushToDisk(file_.get()); code != ERROR_SUCCESS) {
+        ThrowWin32(code);
     }
 }
 

@@ -10,11 +10,13 @@ namespace ambrio {
 class Win32TextStream : public TextStream {
   public:
     // Throws RuntimeError when the file cannot be opened or made.
-    explicit Win32TextStream(const std::wstring& extendedPath);
+    Win32TextStream(const std::wstring& extendedPath, bool isToBeFlushed);
     void WriteLine(const std::wstring& text) override;
+    void Flush() override;
 
   private:
     UniqueHandle file_;
+    bool isToBeFlushed_;
 };
 
 }  // namespace ambrio
