@@ -84,7 +84,7 @@ class HardenedFileTest : public testing::TestWithParam<const wchar_t*> {
     const std::wstring Path = TestProgramFolder() + L"\\" + GetParam();
 };
 
-TEST_P(HardenedFileTest, AsksForEveryProtectionOfTheSystem) {
+TEST_P(HardenedFileTest, LiesAnywhereAndRunsNoData) {
     const ExecutableFile file(Path);
     const WORD wanted = static_cast<WORD>(
         IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_NX_COMPAT |
