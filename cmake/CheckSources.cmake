@@ -2,7 +2,7 @@
 # no test can be forgotten.
 
 file(GLOB_RECURSE found RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS
-     app/*.cpp config/*.cpp saver/*.cpp engine/*.cpp settings/*.cpp platform/*.cpp tests/*.cpp)
+     app/*.cpp config/*.cpp saver/*.cpp engine/*.cpp settings/*.cpp platform/*.cpp tests/*.cpp setup/*.cpp)
 get_cmake_property(variables VARIABLES)
 set(listed)
 foreach(variable IN LISTS variables)

@@ -14,6 +14,9 @@ if(WIN32)
                                        WINVER=0x0601 _WIN32_WINNT=0x0601)
   # No time stamp: the same sources give the same bytes.
   target_link_options(ambrio_compiler_settings INTERFACE -static -s -Wl,--no-insert-timestamp)
+  # Windows 7 and later; what is older refuses the file instead of failing in it.
+  target_link_options(ambrio_compiler_settings INTERFACE -Wl,--major-subsystem-version,6
+                                                         -Wl,--minor-subsystem-version,1)
   # What nothing calls stays out of the program.
   target_compile_options(ambrio_compiler_settings INTERFACE -ffunction-sections -fdata-sections)
   target_link_options(ambrio_compiler_settings INTERFACE -Wl,--gc-sections)

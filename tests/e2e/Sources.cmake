@@ -62,6 +62,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/OtherProgramsTest.cpp
     tests/e2e/PasswordTest.cpp
     tests/e2e/PreviewTest.cpp
+    tests/e2e/ProgramFileTest.cpp
     tests/e2e/PropertiesTest.cpp
     tests/e2e/ReadOnlyTest.cpp
     tests/e2e/RunTest.cpp

@@ -26,6 +26,8 @@ void ExecutableFile::ReadHeader(std::size_t offset) {
     const auto header = At<Header>(offset);
     characteristics_ = header.FileHeader.Characteristics;
     dllCharacteristics_ = header.OptionalHeader.DllCharacteristics;
+    systemMajor_ = header.OptionalHeader.MajorSubsystemVersion;
+    systemMinor_ = header.OptionalHeader.MinorSubsystemVersion;
     ReadSections(offset + sizeof(Header), header.FileHeader.NumberOfSections);
     ReadImports(header.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress);
 }

@@ -25,6 +25,9 @@ class ExecutableFile {
     // IMAGE_FILE_*, IMAGE_DLLCHARACTERISTICS_*.
     [[nodiscard]] WORD Characteristics() const { return characteristics_; }
     [[nodiscard]] WORD DllCharacteristics() const { return dllCharacteristics_; }
+    // The oldest Windows that takes it.
+    [[nodiscard]] int SystemMajor() const { return systemMajor_; }
+    [[nodiscard]] int SystemMinor() const { return systemMinor_; }
     [[nodiscard]] const std::vector<Section>& Sections() const { return sections_; }
     // The names of the libraries that it cannot start without, in lower case.
     [[nodiscard]] const std::vector<std::string>& Imports() const { return imports_; }
@@ -43,6 +46,8 @@ class ExecutableFile {
     bool is64Bit_ = false;
     WORD characteristics_ = 0;
     WORD dllCharacteristics_ = 0;
+    int systemMajor_ = 0;
+    int systemMinor_ = 0;
     std::vector<Section> sections_;
     std::vector<std::string> imports_;
 };

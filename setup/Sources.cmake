@@ -1,0 +1,3 @@
+set(SETUP_START_SOURCES
+    setup/AmbrioStart.cpp
+)
