@@ -125,11 +125,9 @@ Function PutFiles
         !insertmacro Put "${CONTENT}\win32\AmbrioStart.exe" "$INSTDIR\AmbrioStart.exe"
     ${EndIf}
     !insertmacro PutEither "filecopy.avi"
-    !ifdef WITH_HELP
-        !insertmacro PutEither "Ambrio.HLP"
-        !insertmacro PutEither "Ambrio.cnt"
-        !insertmacro PutEither "Ambrio.html"
-    !endif
+    !insertmacro PutEither "Ambrio.HLP"
+    !insertmacro PutEither "Ambrio.cnt"
+    !insertmacro PutEither "Ambrio.html"
     !insertmacro PutEither "Ambrio.scr"
     Call AddToStartMenu
     Call RegisterVersion ; last: it says that all of it is there
@@ -144,6 +142,7 @@ Section
         ${Else}
             Call PutFiles
         ${EndIf}
+        Call LeaveOwnPlace
     ${Else}
         Call PutFiles
     ${EndIf}
@@ -170,6 +169,27 @@ Function PutFilesWithRights
     ${EndIf}
 FunctionEnd
 
+; An installation of this user's own gives way to one for everybody, and its place as the saver with
+; it. The parts of it that the remover does not leave are gone when this returns.
+Function LeaveOwnPlace
+    ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "UninstallString"
+    ${If} $0 == ""
+        Return
+    ${EndIf}
+    StrCpy $ForEverybody 0
+    Call FindPlace
+    Call IsOurs
+    Pop $0
+    ${If} $0 = 1
+        StrCpy $MakeSaver 1
+    ${EndIf}
+    ExecWait '"$INSTDIR\Uninstall.exe" /S _?=$INSTDIR' ; in its place, so that it can be waited for
+    Delete "$INSTDIR\Uninstall.exe"
+    RMDir "$INSTDIR"
+    StrCpy $ForEverybody 1
+    Call FindPlace
+FunctionEnd
+
 Function Configure
     Exec '"$INSTDIR\AmbrioStart.exe" /C'
 FunctionEnd
@@ -190,17 +210,16 @@ FunctionEnd
 
 Function un.RemoveFiles
     Call un.RemoveFromStartMenu
-    !insertmacro Remove "$ProgramFolder\Ambrio.scr"
-    !insertmacro Remove "$ProgramFolder\filecopy.avi"
-    !insertmacro Remove "$ProgramFolder\Ambrio.HLP"
-    !insertmacro Remove "$ProgramFolder\Ambrio.cnt"
-    !insertmacro Remove "$ProgramFolder\Ambrio.GID" ; what the help viewer keeps
-    !insertmacro Remove "$ProgramFolder\Ambrio.html"
-    !insertmacro Remove "$INSTDIR\AmbrioStart.exe"
-    !insertmacro Remove "$INSTDIR\LICENSE.txt"
-    !insertmacro Remove "$INSTDIR\ThirdPartyNotices.txt"
-    Call un.SweepAside
-    !insertmacro Remove "$INSTDIR\Uninstall.exe"
+    !insertmacro Remove "$ProgramFolder" "Ambrio.scr"
+    !insertmacro Remove "$ProgramFolder" "filecopy.avi"
+    !insertmacro Remove "$ProgramFolder" "Ambrio.HLP"
+    !insertmacro Remove "$ProgramFolder" "Ambrio.cnt"
+    !insertmacro Remove "$ProgramFolder" "Ambrio.GID" ; what the help viewer keeps
+    !insertmacro Remove "$ProgramFolder" "Ambrio.html"
+    !insertmacro Remove "$INSTDIR" "AmbrioStart.exe"
+    !insertmacro Remove "$INSTDIR" "LICENSE.txt"
+    !insertmacro Remove "$INSTDIR" "ThirdPartyNotices.txt"
+    !insertmacro Remove "$INSTDIR" "Uninstall.exe"
     RMDir "$INSTDIR" ; stays when the log is in it
     Call un.Unregister
 FunctionEnd

@@ -77,7 +77,7 @@ Function ChoicePage
         EnableWindow $SaverBox 0
         ${NSD_CreateLabel} 12u 99u 95% 18u "An administrator decides which screen saver this computer has."
     ${Else}
-        ${NSD_CreateLabel} 12u 99u 95% 18u "After how many minutes it starts stays as it is. Removing ${NAME} brings the present one back."
+        ${NSD_CreateLabel} 12u 99u 95% 18u "The time after which it starts stays as it is. Removing ${NAME} brings the present one back."
     ${EndIf}
     Pop $0
     ${If} $ForEverybody = 1

@@ -29,16 +29,16 @@
         Pop $1
         Exch $0
     FunctionEnd
-
-    ; What earlier ones have put aside and nobody uses any more.
-    Function ${UN}SweepAside
-        Delete "$ProgramFolder\Ambrio.scr.*.old"
-        Delete "$ProgramFolder\filecopy.avi.*.old"
-        Delete "$INSTDIR\AmbrioStart.exe.*.old"
-    FunctionEnd
 !macroend
 !insertmacro InUseFunctions ""
 !insertmacro InUseFunctions "un."
+
+; What earlier installations have put aside and nobody uses any more.
+Function SweepAside
+    Delete "$ProgramFolder\Ambrio.scr.*.old"
+    Delete "$ProgramFolder\filecopy.avi.*.old"
+    Delete "$INSTDIR\AmbrioStart.exe.*.old"
+FunctionEnd
 
 ; Puts a file in place: whole or not at all.
 !macro Put SOURCE TARGET
@@ -67,10 +67,26 @@ Function PutInPlace
     Pop $0
 FunctionEnd
 
-!macro Remove TARGET
-    Push "${TARGET}"
-    Call un.RemoveOne
+!macro Remove FOLDER NAME
+    Push "${FOLDER}"
+    Push "${NAME}"
+    Call un.RemoveWithAsides
 !macroend
+
+; Takes a folder and a name from the stack and removes the file and what was put aside for it.
+Function un.RemoveWithAsides
+    Pop $1
+    Pop $0
+    Push "$0\$1"
+    Call un.RemoveOne
+    FindFirst $2 $3 "$0\$1.*.old"
+    ${DoWhile} $3 != ""
+        Push "$0\$3"
+        Call un.RemoveOne
+        FindNext $2 $3
+    ${Loop}
+    FindClose $2
+FunctionEnd
 
 ; What is in use is moved to the temporary files, so that nothing is left here; where that is another
 ; drive it stays until the system is next started.

@@ -113,9 +113,7 @@ Function AddToStartMenu
         "$ProgramFolder\Ambrio.scr" 0 SW_SHOWNORMAL "" "What is backed up, and where to"
     CreateShortcut "$SMPROGRAMS\${NAME}\Back up now.lnk" "$INSTDIR\AmbrioStart.exe" "/D" \
         "$ProgramFolder\Ambrio.scr" 0 SW_SHOWNORMAL "" "Backs up all ticked Sets, in a window"
-    !ifdef WITH_HELP
-        CreateShortcut "$SMPROGRAMS\${NAME}\${NAME} Help.lnk" "$ProgramFolder\Ambrio.html"
-    !endif
+    CreateShortcut "$SMPROGRAMS\${NAME}\${NAME} Help.lnk" "$ProgramFolder\Ambrio.html"
 FunctionEnd
 
 Function un.RemoveFromStartMenu

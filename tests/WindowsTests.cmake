@@ -18,7 +18,7 @@ add_dependencies(unit_tests WindowsFiles)
 # and not redirected.
 ambrio_tests(driving_tests PRECOMPILED windows_tests
              SOURCES ${E2E_SUPPORT_SOURCES} ${E2E_TEST_SOURCES}
-             LINKS ambrio_platform version)
+             LINKS ambrio_platform version uuid)
 add_executable(e2e_tests ${AMBRIO_RESOURCES})
 target_link_libraries(e2e_tests PRIVATE ambrio_driving_tests gtest_main)
 

@@ -10,6 +10,7 @@ set(E2E_SUPPORT_SOURCES
     tests/e2e/support/HeldFiles.cpp
     tests/e2e/support/Holdings.cpp
     tests/e2e/support/Input.cpp
+    tests/e2e/support/Installation.cpp
     tests/e2e/support/LogText.cpp
     tests/e2e/support/MappedDrive.cpp
     tests/e2e/support/MessageBoxProbe.cpp
@@ -52,6 +53,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/HardeningTest.cpp
     tests/e2e/HazardTest.cpp
     tests/e2e/HelpTest.cpp
+    tests/e2e/InstallerTest.cpp
     tests/e2e/InterruptTest.cpp
     tests/e2e/KeyboardTest.cpp
     tests/e2e/KillTest.cpp

@@ -28,6 +28,7 @@ void ExecutableFile::ReadHeader(std::size_t offset) {
     dllCharacteristics_ = header.OptionalHeader.DllCharacteristics;
     systemMajor_ = header.OptionalHeader.MajorSubsystemVersion;
     systemMinor_ = header.OptionalHeader.MinorSubsystemVersion;
+    isSigned_ = header.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_SECURITY].Size != 0;
     ReadSections(offset + sizeof(Header), header.FileHeader.NumberOfSections);
     ReadImports(header.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress);
 }

@@ -28,6 +28,8 @@ class ExecutableFile {
     // The oldest Windows that takes it.
     [[nodiscard]] int SystemMajor() const { return systemMajor_; }
     [[nodiscard]] int SystemMinor() const { return systemMinor_; }
+    // Whether it carries a signature, of whomever.
+    [[nodiscard]] bool IsSigned() const { return isSigned_; }
     [[nodiscard]] const std::vector<Section>& Sections() const { return sections_; }
     // The names of the libraries that it cannot start without, in lower case.
     [[nodiscard]] const std::vector<std::string>& Imports() const { return imports_; }
@@ -48,6 +50,7 @@ class ExecutableFile {
     WORD dllCharacteristics_ = 0;
     int systemMajor_ = 0;
     int systemMinor_ = 0;
+    bool isSigned_ = false;
     std::vector<Section> sections_;
     std::vector<std::string> imports_;
 };

@@ -12,7 +12,10 @@ namespace {
 
 std::wstring ProgramToTest() {
     const std::wstring named = TextFromEnvironment(L"AMBRIO_PROGRAM");
-    return named.empty() ? TestProgramFolder() + L"\\Ambrio.scr" : named;
+    if (named.find(L'\\') != std::wstring::npos) {
+        return named;
+    }
+    return TestProgramFolder() + L"\\" + (named.empty() ? L"Ambrio.scr" : named);
 }
 
 void CopyPlainFile(const std::wstring& from, const std::wstring& to) {

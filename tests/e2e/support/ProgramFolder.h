@@ -7,9 +7,9 @@
 namespace ambrio::e2e {
 
 // A folder of a test's own with a copy of the program and of the clip that belongs beside it. The
-// program is taken from beside this test program, or from the path in the environment variable
-// AMBRIO_PROGRAM. The folder and all that was made in it are removed by the destructor; a folder
-// that cannot be removed fails the test that is running.
+// program is taken from beside this test program: Ambrio.scr, or what the environment variable
+// AMBRIO_PROGRAM names, which may be a path as well. The folder and all that was made in it are
+// removed by the destructor; a folder that cannot be removed fails the test that is running.
 class ProgramFolder {
   public:
     // `programName` is the name that the copy gets, `parent` the folder in which this one is made.

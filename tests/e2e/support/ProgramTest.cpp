@@ -24,10 +24,14 @@ void ProgramTest::TearDown() {
 }
 
 RunningProgram& ProgramTest::Start(const std::wstring& arguments, const ProgramFolder& folder) {
+    return StartFile(folder.Program(), arguments);
+}
+
+RunningProgram& ProgramTest::StartFile(const std::wstring& path, const std::wstring& arguments) {
     if (program_) {
         ExpectNothingLeft();
     }
-    program_ = std::make_unique<RunningProgram>(folder.Program(), arguments, module_);
+    program_ = std::make_unique<RunningProgram>(path, arguments, module_);
     return *program_;
 }
 

@@ -29,6 +29,8 @@ class ProgramTest : public testing::Test {
     RunningProgram& Start(const std::wstring& arguments) { return Start(arguments, Folder); }
     // The same with a program that lies elsewhere.
     RunningProgram& Start(const std::wstring& arguments, const ProgramFolder& folder);
+    // The same with a program of any path.
+    RunningProgram& StartFile(const std::wstring& path, const std::wstring& arguments);
     [[nodiscard]] RunningProgram& Program();
 
     // Waits for a visible top-level window of the program.
