@@ -3,7 +3,7 @@
 HOST_PACKAGES=(cmake ninja-build g++ googletest)
 WINDOWS_PACKAGES=(g++-mingw-w64-i686 g++-mingw-w64-x86-64 halibut faketime)
 CLANG_PACKAGES=(clang libclang-rt-dev)
-CHECK_PACKAGES=(git clang-format clang-tidy)
+CHECK_PACKAGES=(git clang-format clang-tidy yamllint)
 PACKAGE_PACKAGES=(nsis zip git)
 # The fonts are those that the panel and the dialogs fall back to where the Windows ones are missing.
 RUN_PACKAGES=(wine wine64 xvfb xauth imagemagick procps util-linux fonts-dejavu-core

@@ -47,6 +47,7 @@ set(E2E_TEST_SOURCES
     tests/e2e/DesktopValuesTest.cpp
     tests/e2e/DifferentialTest.cpp
     tests/e2e/DiskFullTest.cpp
+    tests/e2e/DisplaySettingsTest.cpp
     tests/e2e/EnduranceTest.cpp
     tests/e2e/FailuresTest.cpp
     tests/e2e/ForgedMessagesTest.cpp
