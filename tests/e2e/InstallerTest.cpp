@@ -259,9 +259,10 @@ TEST_F(InstallerTest, BringsBackThatThereWasNoSaver) {
 
 TEST_F(InstallerTest, LeavesASaverThatTheUserHasChosenSince) {
     ASSERT_EQ(Install(L"/CurrentUser"), 0U);
-    WriteText(kDesktopKey, L"SCRNSAVE.EXE", L"C:\\Savers\\newer.scr");
+    // There, and even of the same name, but not the one that is removed.
+    WriteText(kDesktopKey, L"SCRNSAVE.EXE", Folder.Program());
     Remove(Own);
-    ExpectSaver(L"C:\\Savers\\newer.scr", true);
+    ExpectSaver(Folder.Program(), true);
 }
 
 TEST_F(InstallerTest, KnowsItsProgramByTheShortPathToo) {
