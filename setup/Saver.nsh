@@ -17,7 +17,7 @@
         ReadRegStr $0 HKCU "${DESKTOP_KEY}" "SCRNSAVE.EXE"
         ExpandEnvStrings $0 $0
         Push $2
-        System::Call 'kernel32::GetLongPathNameW(w "$0", w .r0, i ${NSIS_MAX_STRLEN}) i.r2'
+        System::Call 'kernel32::GetLongPathNameW(w r0, w .r0, i ${NSIS_MAX_STRLEN}) i.r2'
         System::Call 'kernel32::GetLongPathNameW(w "$ProgramFolder\Ambrio.scr", w .r1, i ${NSIS_MAX_STRLEN})'
         ${If} $2 <> 0 ; else there is no such file
         ${AndIf} $0 == $1
