@@ -67,11 +67,12 @@ Var ProgramFolder  ; where the program is, without a separator at its end
 
 !define MUI_ICON "..\resources\Ambrio.ico"
 !define MUI_UNICON "..\resources\Ambrio.ico"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "Finished.bmp"
 !define MUI_ABORTWARNING
 Page custom ChoicePage ChoicePageLeave
 !insertmacro MUI_PAGE_INSTFILES
 !define MUI_FINISHPAGE_TITLE "${NAME} is installed"
-!define MUI_FINISHPAGE_TEXT "Nothing is backed up yet: tell ${NAME} which folders to copy, and where to.$\r$\n$\r$\nYou find it in the Start menu, and among the screen savers as its settings."
+!define MUI_FINISHPAGE_TEXT "Nothing is backed up yet: tell ${NAME} which folders to copy, and where to.$\r$\n$\r$\nYou find it in the Start menu. The button Settings... of the screen saver settings leads there, too."
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_TEXT "Configure ${NAME} now"
 !define MUI_FINISHPAGE_RUN_FUNCTION Configure
