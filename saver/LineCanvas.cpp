@@ -1,7 +1,9 @@
 #include "saver/LineCanvas.h"
 
+#include <cstring>
 #include <new>
 #include <utility>
+#include <vector>
 
 #include "platform/win32/windows/GdiHandles.h"
 #include "platform/win32/windows/PixelBuffer.h"
@@ -36,15 +38,19 @@ class LineCanvas::Buffer {
     }
 
     // The parts that have to be copied to the window.
-    std::span<const PixelRect> Show(std::span<const Line> lines) {
+    std::span<const PixelRect> Show(std::span<const Line> lines, const Palette& palette) {
         GdiFlush();  // copies that are still going on must not see half of the new picture
+        if (palette_ != palette) {
+            palette_ = palette;
+            light_.SetPalette(palette);
+        }
         lines_.Show(lines, light_);
         return light_.TakeChanges();
     }
 
-    void CopyTo(HDC target, const PixelRect& part) const {
-        picture_->CopyTo(target, {part.Left, part.Top, part.Right, part.Bottom});
-    }
+    // In one call for all parts, as a call costs more than copying most of them.
+    void CopyTo(HDC target, std::span<const PixelRect> parts);
+    void CopyTo(HDC target, const RECT& part) const { picture_->CopyTo(target, part); }
 
     Buffer(std::unique_ptr<PixelBuffer> picture, const ScreenTwips& twips)
         : picture_(std::move(picture)),
@@ -56,8 +62,10 @@ class LineCanvas::Buffer {
   private:
     std::unique_ptr<PixelBuffer> picture_;
     ScreenTwips twips_;
+    Palette palette_{};  // black, and thus another one than the first
     LightBuffer light_;
     LineSet lines_;
+    std::vector<RECT> region_;  // the first two make room for the header of the region
 };
 
 std::unique_ptr<LineCanvas::Buffer> LineCanvas::Buffer::Make(const SIZE& size,
@@ -71,6 +79,27 @@ std::unique_ptr<LineCanvas::Buffer> LineCanvas::Buffer::Make(const SIZE& size,
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
+}
+
+void LineCanvas::Buffer::CopyTo(HDC target, std::span<const PixelRect> parts) {
+    constexpr std::size_t kHeader = 2;
+    static_assert(sizeof(RGNDATAHEADER) == kHeader * sizeof(RECT));
+    region_.resize(kHeader);
+    for (const PixelRect& part : parts) {
+        region_.push_back({part.Left, part.Top, part.Right, part.Bottom});
+    }
+    const SIZE size = picture_->Size();
+    const RECT all{0, 0, size.cx, size.cy};
+    const RGNDATAHEADER header{sizeof(RGNDATAHEADER), RDH_RECTANGLES,
+                               static_cast<DWORD>(parts.size()), 0, all};
+    std::memcpy(region_.data(), &header, sizeof header);
+    // Without memory for the region all of the picture is copied, which looks the same.
+    const UniqueRegion region(ExtCreateRegion(nullptr,
+                                              static_cast<DWORD>(region_.size() * sizeof(RECT)),
+                                              reinterpret_cast<const RGNDATA*>(region_.data())));
+    SelectClipRgn(target, region.get());
+    picture_->CopyTo(target, all);
+    SelectClipRgn(target, nullptr);
 }
 
 LineCanvas::LineCanvas(const Window& window) : window_(window) {}
@@ -93,7 +122,8 @@ void LineCanvas::MakeBuffer(const ScreenTwips& twips) {
     }
 }
 
-void LineCanvas::Draw(std::span<const Line> lines, const ScreenTwips& twips) {
+void LineCanvas::Draw(std::span<const Line> lines, const Palette& palette,
+                      const ScreenTwips& twips) {
     const SIZE size = ClientSize(window_);
     if (size.cx <= 0 || size.cy <= 0) {
         buffer_.reset();
@@ -105,13 +135,15 @@ void LineCanvas::Draw(std::span<const Line> lines, const ScreenTwips& twips) {
     if (buffer_ == nullptr) {
         return;
     }
-    const std::span<const PixelRect> changes = buffer_->Show(lines);
-    if (changes.empty()) {
-        return;
+    const std::span<const PixelRect> changes = buffer_->Show(lines, palette);
+    if (!changes.empty()) {
+        buffer_->CopyTo(WindowDC(window_.Handle()).get(), changes);
     }
-    const WindowDC target(window_.Handle());
-    for (const PixelRect& part : changes) {
-        buffer_->CopyTo(target.get(), part);
+}
+
+void LineCanvas::Repaint(const RECT& part) const {
+    if (window_.Handle() != nullptr) {
+        Paint(WindowDC(window_.Handle()).get(), part);
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include "platform/win32/windows/ScreenTwips.h"
 #include "platform/win32/windows/Window.h"
+#include "saver/animation/ColourFamily.h"
 #include "saver/animation/Line.h"
 
 namespace ambrio {
@@ -20,10 +21,13 @@ class LineCanvas {
     LineCanvas(const LineCanvas&) = delete;
     LineCanvas& operator=(const LineCanvas&) = delete;
 
-    // Shows these lines and no others at once; only what changed since the last call is drawn.
-    // Follows the window's size by itself. Without memory for the buffer the window is black, and
+    // Shows these lines, in the order of their keys, and no others at once; only what changed since
+    // the last call is drawn, in the palette's colours. Follows the window's size by itself. Without memory for the buffer the window is black, and
     // every hundredth call asks for memory again. `twips` are those of the lines' places.
-    void Draw(std::span<const Line> lines, const ScreenTwips& twips);
+    void Draw(std::span<const Line> lines, const Palette& palette, const ScreenTwips& twips);
+
+    // Shows this part of the picture again, at once: something that lay before it has moved.
+    void Repaint(const RECT& part) const;
 
     // For WM_PAINT (WM_ERASEBKGND only returns 1): copies the part of the picture to the device
     // context of the window, black where there is none yet.

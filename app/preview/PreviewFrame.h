@@ -32,7 +32,9 @@ class PreviewFrame : public Window, public AnimatedFrame {
     void Move(std::int32_t left, std::int32_t top) override;
     void SetBackColor(Colour colour) override;
     void SetLabelColours(const LabelColours& colours) override;
-    void DrawLines(std::span<const Line> lines) override { picture_.DrawLines(lines); }
+    void DrawLines(std::span<const Line> lines, const Palette& palette) override {
+        picture_.DrawLines(lines, palette);
+    }
 
   protected:
     LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -41,9 +41,10 @@ void PreviewPicture::Activate(HWND preview) {
     PreviewActive_ = true;
 }
 
-void PreviewPicture::DrawLines(std::span<const Line> lines) {
-    canvas_->Draw(lines, {static_cast<double>(application_.PixelTwipsX),
-                          static_cast<double>(application_.PixelTwipsY)});
+void PreviewPicture::DrawLines(std::span<const Line> lines, const Palette& palette) {
+    canvas_->Draw(lines, palette,
+                  {static_cast<double>(application_.PixelTwipsX),
+                   static_cast<double>(application_.PixelTwipsY)});
 }
 
 LRESULT CALLBACK PreviewPicture::ReplacementProcedure(HWND handle, UINT message, WPARAM wParam,

@@ -33,7 +33,7 @@ class PreviewPicture : public Window {
     [[nodiscard]] bool IsPreviewActive() const { return PreviewActive_; }
 
     [[nodiscard]] TwipsSize ScaleSize() const { return size_; }
-    void DrawLines(std::span<const Line> lines);
+    void DrawLines(std::span<const Line> lines, const Palette& palette);
 
   protected:
     LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;

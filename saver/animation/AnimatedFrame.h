@@ -6,12 +6,13 @@
 
 #include "saver/animation/Area.h"
 #include "saver/animation/Colour.h"
+#include "saver/animation/ColourFamily.h"
 #include "saver/animation/Line.h"
 
 namespace ambrio {
 
 // The colours of what is written on the frame. Every text stands on a plate of the plate's colour,
-// also the frame's own caption; each of the two texts is readable there (4.5 : 1 or better).
+// also the frame's own caption; each of the two texts is readable there (7 : 1 or better).
 struct LabelColours {
     Colour Text;     // what changes: names, folders, counts, and the frame's caption
     Colour Caption;  // what explains: "Source:", "Files copied:", the slogan
@@ -46,9 +47,10 @@ class AnimatedFrame {
     virtual void SetBackColor(Colour colour) = 0;
     virtual void SetLabelColours(const LabelColours& colours) = 0;
 
-    // Shows these lines on the form, behind the frame, and no others. The order does not matter:
-    // light adds up. The span is valid during the call only.
-    virtual void DrawLines(std::span<const Line> lines) = 0;
+    // Shows these lines on the form, behind the frame, and no others; what is new of them in the
+    // colours of the palette. They come in the order of their keys. The span is valid during the
+    // call only.
+    virtual void DrawLines(std::span<const Line> lines, const Palette& palette) = 0;
 };
 
 }  // namespace ambrio

@@ -4,12 +4,26 @@
 
 namespace ambrio {
 
-// The colour of a line that goes with the frame's colour. `place` (-1 to 1) walks from one
-// neighbouring hue to the other. Always bright and never quite grey, whatever the frame's colour
-// is: lines have to stand out from a black ground.
-[[nodiscard]] Colour LineColour(Colour frame, double place);
+// The two colours that all lines of a picture are mixed from.
+struct Palette {
+    Colour First;
+    Colour Second;
 
-// `strength` goes from 0, black, to 1, the colour itself.
-[[nodiscard]] Colour Dimmed(Colour colour, double strength);
+    bool operator==(const Palette&) const = default;
+};
+
+// The palette that goes with the frame's colour: its hue to either side, always bright and
+// saturated, as lines have to stand out from a black ground. The hue of a frame that comes close to
+// grey leaps; this one follows it by small steps, the shorter way round.
+class ColourFamily {
+  public:
+    explicit ColourFamily(Colour frame);
+
+    void Follow(Colour frame);
+    [[nodiscard]] Palette Current() const;
+
+  private:
+    double hue_;  // in sixths of the colour circle, 0 to 6
+};
 
 }  // namespace ambrio

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
+#include "saver/animation/ColourFamily.h"
 #include "saver/animation/ColourWalk.h"
 #include "saver/animation/Contrast.h"
 #include "saver/animation/FrameMotion.h"
@@ -34,9 +36,11 @@ struct FrameAnimation::State {
           Colours(ColourWalk::StartAnywhere(Numbers)),
           Motion(frame, inputs.PixelTwipsX, inputs.PixelTwipsY, Numbers),
           Seen(SeenOf(frame)),
-          Figures(Seen.Right, Seen.Bottom, Numbers) {}
+          Figures(Seen.Right, Seen.Bottom, Numbers),
+          Family(Colours.Current()) {}
 
     void StepColour(AnimatedFrame& frame, double pace);
+    void Advance(AnimatedFrame& frame);
     bool FollowForm(const AnimatedFrame& frame);
 
     Random Numbers;
@@ -44,7 +48,11 @@ struct FrameAnimation::State {
     FrameMotion Motion;
     Area Seen;  // from the form's corner to the end of what can be seen
     StringFigures Figures;
+    ColourFamily Family;
     WindingDown Winding;
+    double Pace = 0;   // of the last step
+    double Ahead = 0;  // the share of the way to the next step that is drawn already
+    double Owed = 0;   // the part of the last step's way that is not drawn yet
     std::optional<Colour> FrameColour;
     std::optional<LabelColours> Labels;
     double SinceColour = kStepsPerColour;
@@ -62,6 +70,7 @@ void FrameAnimation::State::StepColour(AnimatedFrame& frame, double pace) {
     SinceColour -= kStepsPerColour;
     Colours.Step();
     const Colour colour = Colours.Current();
+    Family.Follow(colour);
     if (FrameColour != colour) {
         FrameColour = colour;
         frame.SetBackColor(colour);
@@ -84,19 +93,47 @@ bool FrameAnimation::State::FollowForm(const AnimatedFrame& frame) {
     return true;
 }
 
+// Goes the way that is owed with the figures and the frame.
+void FrameAnimation::State::Advance(AnimatedFrame& frame) {
+    const double way = std::exchange(Owed, 0);
+    Motion.Step(frame, way);
+    Figures.Step(way);
+    frame.DrawLines(Figures.Lines(), Family.Current());
+}
+
 void FrameAnimation::Step(AnimatedFrame& frame, const AnimationInputs& inputs) {
     if (!state_) {
         state_ = std::make_unique<State>(seed_, frame, inputs);
     }
-    const double pace = state_->Winding.Pace(inputs);
-    state_->Motion.Step(frame, pace);
-    const bool isResized = state_->FollowForm(frame);
-    if (pace == 0 && !isResized) {
+    State& state = *state_;
+    state.Pace = state.Winding.Pace(inputs);
+    const bool isResized = state.FollowForm(frame);
+    if (state.Pace > 0 || isResized) {
+        state.StepColour(frame, state.Pace);
+        state.Owed += state.Pace * (1 - state.Ahead);
+        if (state.Ahead == 0 || isResized || IsAtRest()) {
+            state.Advance(frame);
+        }
+    } else {
+        state.Motion.Step(frame, 0);  // a form that shows less of it, even so
+    }
+    state.Ahead = 0;
+}
+
+void FrameAnimation::Glide(AnimatedFrame& frame, double share) {
+    if (!state_ || IsAtRest()) {
         return;
     }
-    state_->StepColour(frame, pace);
-    state_->Figures.Step(*state_->FrameColour, pace);
-    frame.DrawLines(state_->Figures.Lines());
+    const double way = std::min(share, 1.0) - state_->Ahead;
+    if (way > 0) {
+        state_->Ahead += way;
+        state_->Owed += state_->Pace * way;
+        state_->Advance(frame);
+    }
+}
+
+bool FrameAnimation::IsAtRest() const {
+    return state_ && state_->Winding.IsAtRest();
 }
 
 }  // namespace ambrio

@@ -19,7 +19,7 @@ struct AnimationInputs {
 
 // The frame animation: one routine for the full-screen form and the preview. A step moves the
 // frame, lets its colour walk and draws the string figures behind it. Under power saving it winds
-// down after the run and then stands still: steps cost nothing from there on.
+// down after the run and then rests: it moves on once a second, and costs nothing in between.
 class FrameAnimation {
   public:
     // With the same seed the same steps on the same form look the same.
@@ -31,6 +31,14 @@ class FrameAnimation {
     // The first call sets everything up. When the form, or what can be seen of it, becomes another
     // size, the next call moves everything to it, even while it stands still.
     void Step(AnimatedFrame& frame, const AnimationInputs& inputs);
+
+    // Draws a picture between two steps, so that movement is smooth: `share` (0 to 1) of the way
+    // from the last step to the next one is done. As long as such pictures are drawn, a step draws
+    // none of its own: the next of them shows it. Does nothing before the first step and at rest.
+    void Glide(AnimatedFrame& frame, double share);
+
+    // Whether it has wound down, so that there is nothing to draw between steps.
+    [[nodiscard]] bool IsAtRest() const;
 
   private:
     struct State;

@@ -9,11 +9,11 @@
 namespace ambrio {
 namespace {
 
-// A form of 1080 pixels is crossed in about a minute; on a small one the frame slows down, but
-// still moves visibly.
+// Slow enough to be read: a form of 1080 pixels is crossed in a minute and a half; on a small one
+// the frame slows down, but still moves visibly.
 constexpr double kSlowest = 10;  // twips per step
-constexpr double kFastest = 32;
-constexpr double kStepsToCross = 450;
+constexpr double kFastest = 22;
+constexpr double kStepsToCross = 640;
 
 constexpr double kSwayStep = 2 * std::numbers::pi / 700;  // a sway takes 70 seconds
 constexpr double kSwayAngle = 0.0015;                     // the largest turn in one step

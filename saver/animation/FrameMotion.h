@@ -18,9 +18,9 @@ class FrameMotion {
     FrameMotion(const AnimatedFrame& frame, std::int16_t pixelTwipsX, std::int16_t pixelTwipsY,
                 Random& random);
 
-    // Moves the frame by one step, if that comes to half a pixel or more. `pace` is 1 for the usual
-    // speed and 0 for standing still; even then the frame is brought back into a form that has
-    // become smaller.
+    // Moves the frame by one step, if that comes to a pixel or more since it was moved last. `pace`
+    // is 1 for the usual speed and 0 for standing still; even then the frame is brought back into a
+    // form that has become smaller.
     void Step(AnimatedFrame& frame, double pace);
 
   private:
@@ -29,9 +29,7 @@ class FrameMotion {
         double Speed;     // twips per step
         std::int32_t PixelTwips;
         [[nodiscard]] std::int32_t Step(double pace, const Stretch& free, std::int32_t size);
-        [[nodiscard]] bool IsSeen(std::int32_t way) const {
-            return 2 * std::abs(way) >= PixelTwips;
-        }
+        [[nodiscard]] bool IsSeen(std::int32_t way) const { return std::abs(way) >= PixelTwips; }
     };
 
     void Sway(double pace);

@@ -8,9 +8,9 @@
 namespace ambrio {
 namespace {
 
-constexpr int kTileShift = 5;
+constexpr int kTileShift = 4;
 constexpr int kTile = 1 << kTileShift;
-constexpr int kTileGap = 2;  // copying two unchanged tiles costs less than another copy call
+constexpr int kTileGap = 1;  // copying an unchanged tile costs no more than another part
 constexpr int kCoverageShift = 5;
 constexpr int kCoverages = 1 << kCoverageShift;  // steps from untouched to covered
 constexpr int kWalkShift = 16;                   // of the walk's fixed point numbers
@@ -18,28 +18,37 @@ constexpr int kOne = 1 << kWalkShift;
 constexpr int kRasterShift = 8;  // of the lines' places; also from them to the walk's numbers
 constexpr int kRasterUnit = 1 << kRasterShift;
 constexpr int kFarthest = 16000 * kRasterUnit;  // what the walk's numbers can hold, and no screen
-constexpr std::size_t kTones = 1024;
+constexpr std::size_t kMostLight = 1024;        // more looks the same
 
-std::array<std::uint8_t, kTones> MakeTones() {
-    std::array<std::uint8_t, kTones> tones{};
-    for (std::size_t light = 0; light < kTones; ++light) {
-        const double tone = 255 * (1 - std::exp(-static_cast<double>(light) / 210));
-        tones[light] = static_cast<std::uint8_t>(std::lround(tone));
+// How bright so much light looks: 0 to 255.
+double ToneOf(std::size_t light) {
+    return 255 * (1 - std::exp(-static_cast<double>(light) / 210));
+}
+
+std::array<std::uint8_t, kMostLight> MakeTones() {
+    std::array<std::uint8_t, kMostLight> tones{};
+    for (std::size_t light = 0; light < kMostLight; ++light) {
+        tones[light] = static_cast<std::uint8_t>(std::lround(ToneOf(light)));
     }
     return tones;
 }
 
-const std::array<std::uint8_t, kTones> kToneOf = MakeTones();
+const std::array<std::uint8_t, kMostLight> kTones = MakeTones();
 
-std::uint32_t Tone(std::uint64_t component) {
-    return kToneOf[std::min<std::size_t>(component & 0xFFFF, kTones - 1)];
+// Light in levels: from one to the next, the tone changes by two.
+std::array<std::uint8_t, kMostLight> MakeLevels() {
+    std::array<std::uint8_t, kMostLight> levels = MakeTones();
+    for (std::uint8_t& level : levels) {
+        level >>= 1U;
+    }
+    return levels;
 }
 
-std::uint64_t Packed(Colour colour, std::uint32_t coverage) {
-    const auto part = [=](std::uint8_t component) -> std::uint64_t {
-        return component * coverage / kCoverages;
-    };
-    return part(colour.Red) << 32 | part(colour.Green) << 16 | part(colour.Blue);
+const std::array<std::uint8_t, kMostLight> kLevelOf = MakeLevels();
+
+std::uint32_t Packed(Glow light, std::uint32_t coverage) {
+    const auto part = [=](std::uint8_t amount) { return amount * coverage / kCoverages; };
+    return part(light.First) << 16 | part(light.Second);
 }
 
 }  // namespace
@@ -63,6 +72,7 @@ LightBuffer::LightBuffer(std::int32_t width, std::int32_t height, std::uint32_t*
       thickness_(std::clamp(thickness, kThinnest, kThickest)),
       tileColumns_((width + kTile - 1) >> kTileShift),
       tileRows_((height + kTile - 1) >> kTileShift),
+      shown_(kLevels * kLevels),
       sums_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)),
       tiles_(static_cast<std::size_t>(tileColumns_) * static_cast<std::size_t>(tileRows_)) {}
 
@@ -71,12 +81,25 @@ void LightBuffer::MarkTile(std::int32_t x, std::int32_t y) {
     tiles_[static_cast<std::size_t>(tile)] = 1;
 }
 
-void LightBuffer::Touch(std::int32_t x, std::int32_t y, Sum change) {
-    const auto index = static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
-                       static_cast<std::size_t>(x);
-    // Out and in are the same numbers, so that the wrapping arithmetic is exact.
-    const Sum sum = sums_[index] += change;
-    pixels_[index] = Tone(sum >> 32) << 16 | Tone(sum >> 16) << 8 | Tone(sum);
+void LightBuffer::SetPalette(const Palette& palette) {
+    // The least light of each level.
+    std::array<std::uint32_t, kLevels> lights{};
+    for (std::uint32_t light = kMostLight; light-- > 0;) {
+        lights[kLevelOf[light]] = light;
+    }
+    const auto& [one, other] = palette;
+    for (std::size_t first = 0; first < kLevels; ++first) {
+        for (std::size_t second = 0; second < kLevels; ++second) {
+            const auto tone = [&](std::uint32_t ofOne, std::uint32_t ofOther) -> std::uint32_t {
+                const std::uint32_t light =
+                    (lights[first] * ofOne + lights[second] * ofOther) / 255;
+                return kTones[std::min<std::size_t>(light, kMostLight - 1)];
+            };
+            shown_[first * kLevels + second] = tone(one.Red, other.Red) << 16U |
+                                               tone(one.Green, other.Green) << 8U |
+                                               tone(one.Blue, other.Blue);
+        }
+    }
 }
 
 // The tiles from end to end across the line, both included; a thick line has tiles in between.
@@ -90,26 +113,49 @@ void LightBuffer::MarkTiles(std::int32_t along, std::int32_t from, std::int32_t 
 
 template <bool Steep>
 void LightBuffer::Draw(const Walk& walk, std::span<const Sum> changes) {
-    // Nothing but 32 bits in here: this loop is what a step of the animation costs.
+    constexpr Sum kMost = kMostLight - 1;
     constexpr int kLightShift = kWalkShift - kCoverageShift;
+    const std::ptrdiff_t next = Steep ? 1 : width_;
     const std::int32_t lastAcross = (Steep ? width_ : height_) - 1;
+    const std::uint32_t* const shown = shown_.data();
     std::int32_t middle = walk.Across;
+    std::int32_t lowest = lastAcross + 1;  // what has been touched of the present row of tiles
+    std::int32_t highest = -1;
+    // Nothing but 32 bits and no multiplication for a pixel: this loop is what the animation costs.
     for (std::int32_t along = walk.First; along <= walk.Last;
          ++along, middle += walk.AcrossPerStep) {
         const std::int32_t from = std::max((middle - walk.Reach) >> kWalkShift, 0);
         const std::int32_t to = std::min((middle + walk.Reach) >> kWalkShift, lastAcross);
+        const std::ptrdiff_t place =
+            Steep ? std::ptrdiff_t{along} * width_ + from : std::ptrdiff_t{from} * width_ + along;
+        Sum* sum = sums_.data() + place;
+        std::uint32_t* pixel = pixels_ + place;
+        const std::int32_t apart = (from << kWalkShift) + kOne / 2 - middle;
+        std::int32_t distance = (apart >> kRasterShift) * walk.Cosine >> kRasterShift;
         for (std::int32_t across = from; across <= to; ++across) {
-            const std::int32_t apart = std::abs((across << kWalkShift) + kOne / 2 - middle);
-            const std::int32_t distance = (apart >> kRasterShift) * walk.Cosine >> kRasterShift;
-            const std::int32_t light = (walk.HalfWidth - distance) >> kLightShift;
+            const std::int32_t light = (walk.HalfWidth - std::abs(distance)) >> kLightShift;
             if (light > 0) {
-                Touch(Steep ? across : along, Steep ? along : across,
-                      changes[static_cast<std::size_t>(std::min(light, kCoverages))]);
+                // Out and in are the same numbers, so that the wrapping arithmetic is exact.
+                *sum += changes[static_cast<std::size_t>(std::min(light, kCoverages))];
+                *pixel = shown[kLevelOf[std::min(*sum >> 16U, kMost)] * kLevels +
+                               kLevelOf[std::min(*sum & 0xFFFFU, kMost)]];
             }
+            sum += next;
+            pixel += next;
+            distance += walk.Cosine;
         }
         if (from <= to) {
-            MarkTiles<Steep>(along, from, to);
+            lowest = std::min(lowest, from);
+            highest = std::max(highest, to);
         }
+        if (lowest <= highest && (along & (kTile - 1)) == kTile - 1) {
+            MarkTiles<Steep>(along, lowest, highest);
+            lowest = lastAcross + 1;
+            highest = -1;
+        }
+    }
+    if (lowest <= highest) {
+        MarkTiles<Steep>(walk.Last, lowest, highest);
     }
 }
 
@@ -124,14 +170,16 @@ LightBuffer::Walk LightBuffer::WalkAlong(std::int32_t along, std::int32_t across
     const std::int64_t toFirst = (walk.First << kRasterShift) + kHalf - along;
     walk.Across = (across << kRasterShift) +
                   static_cast<std::int32_t>((walk.AcrossPerStep * toFirst) >> kRasterShift);
-    const double length = std::hypot(alongLength, acrossLength);
-    walk.Cosine = static_cast<std::int32_t>(std::lround(alongLength * (kOne / length)));
+    // Without the runtime's calls for length and rounding, which cost as much as a short line.
+    const double length =
+        std::sqrt(double{1} * alongLength * alongLength + double{1} * acrossLength * acrossLength);
+    walk.Cosine = static_cast<std::int32_t>(alongLength * (kOne / length) + 0.5);
     walk.HalfWidth = (thickness_ << (kRasterShift - 1)) + kOne / 2;
     walk.Reach = static_cast<std::int32_t>(std::int64_t{walk.HalfWidth} * kOne / walk.Cosine);
     return walk;
 }
 
-void LightBuffer::Change(const RasterLine& line, Colour from, Colour to) {
+void LightBuffer::Change(const RasterLine& line, Glow from, Glow to) {
     for (const std::int32_t place : {line.FromX, line.FromY, line.ToX, line.ToY}) {
         if (std::abs(place) > kFarthest) {
             return;

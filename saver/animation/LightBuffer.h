@@ -1,12 +1,13 @@
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <tuple>
 #include <vector>
 
-#include "saver/animation/Colour.h"
+#include "saver/animation/ColourFamily.h"
+#include "saver/animation/Line.h"
 
 namespace ambrio {
 
@@ -37,6 +38,8 @@ struct PixelRect {
 
 // Light on a dark ground. Lines add up where they cross, in any order; a pixel shows the sum
 // through a curve that never quite reaches full white, so that crossings glow and none is a blot.
+// Light is kept as amounts of the palette's two colours: with the pixels that is two pictures of
+// the screen's size, where three colours of their own would take three.
 class LightBuffer {
   public:
     // The thickness of lines, in the raster's measure: a pixel at least, 64 pixels at most; what
@@ -48,9 +51,13 @@ class LightBuffer {
     LightBuffer(std::int32_t width, std::int32_t height, std::uint32_t* pixels,
                 std::int32_t thickness);
 
-    // Replaces the light of a line: from black puts it in, to black takes it out. A line with an
-    // end more than 16,000 pixels away is not drawn.
-    void Change(const RasterLine& line, Colour from, Colour to);
+    // The colours of what is drawn from now on. What is there keeps its own until another line
+    // touches it: a palette that walks slowly is never seen to differ.
+    void SetPalette(const Palette& palette);
+
+    // Replaces the light of a line: from none puts it in, to none takes it out. A line with an end
+    // more than 16,000 pixels away is not drawn.
+    void Change(const RasterLine& line, Glow from, Glow to);
 
     // The parts of the picture that changed since the last call, without overlaps: every pixel that
     // has changed lies in one of them.
@@ -58,11 +65,12 @@ class LightBuffer {
 
   private:
     struct Walk;
-    using Sum = std::uint64_t;  // red, green and blue in 16 bits each
+    using Sum = std::uint32_t;  // of both colours in 16 bits each
+
+    static constexpr std::size_t kLevels = 128;  // of each colour's light
 
     [[nodiscard]] Walk WalkAlong(std::int32_t along, std::int32_t across, std::int32_t alongLength,
                                  std::int32_t acrossLength, std::int32_t size) const;
-    void Touch(std::int32_t x, std::int32_t y, Sum change);
     void MarkTile(std::int32_t x, std::int32_t y);
     template <bool Steep>
     void MarkTiles(std::int32_t along, std::int32_t from, std::int32_t to);
@@ -76,6 +84,8 @@ class LightBuffer {
     std::int32_t thickness_;
     std::int32_t tileColumns_;
     std::int32_t tileRows_;
+    // The pixel for each two levels, those with the same level of the first colour together.
+    std::vector<std::uint32_t> shown_;
     std::vector<Sum> sums_;
     std::vector<std::uint8_t> tiles_;
     std::vector<PixelRect> changes_;

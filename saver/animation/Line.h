@@ -1,8 +1,16 @@
 #pragma once
 
-#include "saver/animation/Colour.h"
+#include <cstdint>
 
 namespace ambrio {
+
+// How much light of each colour of the palette a line gives.
+struct Glow {
+    std::uint8_t First = 0;
+    std::uint8_t Second = 0;
+
+    bool operator==(const Glow&) const = default;
+};
 
 // A thin straight line of light on the dark form. Ends are in twips on the form and may lie
 // outside it.
@@ -11,7 +19,8 @@ struct Line {
     float FromY = 0;
     float ToX = 0;
     float ToY = 0;
-    Colour Light;
+    Glow Light;
+    std::uint32_t Key = 0;  // tells a line from all others that are shown with it
 
     bool operator==(const Line&) const = default;
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <tuple>
 
 namespace ambrio {
 namespace {
@@ -10,8 +9,15 @@ namespace {
 constexpr double kRasterUnits = 256;
 constexpr double kThicknessTwips = 19;
 
-auto Key(Colour colour) {
-    return std::tuple(colour.Red, colour.Green, colour.Blue);
+// To the nearest. The runtime's own rounding costs more than the line's way to the buffer.
+std::int32_t Units(float place, float scale) {
+    const float units = place * scale;
+    return static_cast<std::int32_t>(units < 0 ? units - 0.5F : units + 0.5F);
+}
+
+bool IsSamePlace(const Line& one, const Line& other) {
+    return one.FromX == other.FromX && one.FromY == other.FromY && one.ToX == other.ToX &&
+           one.ToY == other.ToY;
 }
 
 }  // namespace
@@ -25,48 +31,35 @@ LineSet::LineSet(double twipsPerPixelX, double twipsPerPixelY)
     : scaleX_(static_cast<float>(kRasterUnits / twipsPerPixelX)),
       scaleY_(static_cast<float>(kRasterUnits / twipsPerPixelY)) {}
 
-bool LineSet::Precedes(const Entry& one, const Entry& other) {
-    if (one.Place != other.Place) {
-        return one.Place < other.Place;
-    }
-    return Key(one.Light) < Key(other.Light);
-}
-
-LineSet::Entry LineSet::Rastered(const Line& line) const {
-    const auto units = [](float place, float scale) {
-        return static_cast<std::int32_t>(std::lround(place * scale));
-    };
-    return {{units(line.FromX, scaleX_), units(line.FromY, scaleY_), units(line.ToX, scaleX_),
-             units(line.ToY, scaleY_)},
-            line.Light};
+void LineSet::Change(const Line& line, Glow from, Glow to, LightBuffer& buffer) const {
+    buffer.Change({Units(line.FromX, scaleX_), Units(line.FromY, scaleY_), Units(line.ToX, scaleX_),
+                   Units(line.ToY, scaleY_)},
+                  from, to);
 }
 
 void LineSet::Show(std::span<const Line> lines, LightBuffer& buffer) {
-    constexpr Colour kDark{};
-    next_.clear();
-    for (const Line& line : lines) {
-        next_.push_back(Rastered(line));
-    }
-    std::sort(next_.begin(), next_.end(), Precedes);
-
+    constexpr Glow kDark{};
     auto old = shown_.begin();
-    auto wanted = next_.begin();
-    while (old != shown_.end() || wanted != next_.end()) {
-        if (wanted == next_.end() || (old != shown_.end() && old->Place < wanted->Place)) {
-            buffer.Change(old->Place, old->Light, kDark);
+    auto wanted = lines.begin();
+    while (old != shown_.end() || wanted != lines.end()) {
+        if (wanted == lines.end() || (old != shown_.end() && old->Key < wanted->Key)) {
+            Change(*old, old->Light, kDark, buffer);
             ++old;
-        } else if (old == shown_.end() || wanted->Place < old->Place) {
-            buffer.Change(wanted->Place, kDark, wanted->Light);
+        } else if (old == shown_.end() || wanted->Key < old->Key) {
+            Change(*wanted, kDark, wanted->Light, buffer);
             ++wanted;
         } else {
-            if (old->Light != wanted->Light) {
-                buffer.Change(old->Place, old->Light, wanted->Light);
+            if (!IsSamePlace(*old, *wanted)) {
+                Change(*old, old->Light, kDark, buffer);
+                Change(*wanted, kDark, wanted->Light, buffer);
+            } else if (old->Light != wanted->Light) {
+                Change(*old, old->Light, wanted->Light, buffer);
             }
             ++old;
             ++wanted;
         }
     }
-    shown_.swap(next_);
+    shown_.assign(lines.begin(), lines.end());
 }
 
 }  // namespace ambrio

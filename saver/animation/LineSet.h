@@ -20,22 +20,15 @@ class LineSet {
     // Twips per pixel turn the lines' places into the buffer's.
     LineSet(double twipsPerPixelX, double twipsPerPixelY);
 
-    // The buffer has to be the same at every call.
+    // The lines come in the order of their keys. The buffer has to be the same at every call.
     void Show(std::span<const Line> lines, LightBuffer& buffer);
 
   private:
-    struct Entry {
-        RasterLine Place;
-        Colour Light;
-    };
-
-    static bool Precedes(const Entry& one, const Entry& other);
-    [[nodiscard]] Entry Rastered(const Line& line) const;
+    void Change(const Line& line, Glow from, Glow to, LightBuffer& buffer) const;
 
     float scaleX_;
     float scaleY_;
-    std::vector<Entry> shown_;
-    std::vector<Entry> next_;
+    std::vector<Line> shown_;
 };
 
 }  // namespace ambrio

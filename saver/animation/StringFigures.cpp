@@ -6,74 +6,85 @@
 namespace ambrio {
 namespace {
 
+constexpr double kStringsPerStep = 2.5;
 constexpr double kSlotsPerAspect = 1.25;
-constexpr double kSmallestRadius = 0.34;  // of the form's smaller side
-constexpr double kLargestRadius = 0.47;
-constexpr double kStagger = 30;  // steps between the first figures
-constexpr double kPause = 20;    // steps from a figure's last string to the next figure's first
+constexpr std::size_t kMostSlots = 6;
+
+constexpr double kStringDistance = 170;  // twips between neighbours at the rim, if all is even
+constexpr double kFewestStrings = 96;
+constexpr double kMostStrings = 300;
+
+// The largest stretch of a figure, wider than high: what fills a usual screen.
+constexpr double kWidestBack = 1.9;
+constexpr double kWidestFront = 1.35;
 
 }  // namespace
 
 StringFigures::StringFigures(std::int32_t width, std::int32_t height, Random& random)
     : width_(std::max(width, 1)), height_(std::max(height, 1)), random_(random) {
-    const std::size_t count = SlotCount();
-    const std::size_t first = random_.Index(count);
-    for (std::size_t slot = 0; slot < count; ++slot) {
-        const std::size_t turn = (slot + count - first) % count;
-        slots_.push_back({static_cast<double>(turn) * kStagger, {}});
+    for (std::size_t slot = 0; slot < SlotCount(); ++slot) {
+        Begin(slot);
+        // Each at another point of its life, so that they do not end together.
+        figures_.back().Figure.WeaveRounds(random_.Between(0.55, 0.75) +
+                                           0.5 * static_cast<double>(slot % 3));
     }
+    CollectLines();
 }
 
 std::size_t StringFigures::SlotCount() const {
-    const double aspect = width_ / height_;
-    return static_cast<std::size_t>(
-        std::clamp(std::round(std::max(aspect, 1 / aspect) * kSlotsPerAspect), 1.0, 6.0));
+    const double aspect = std::max(width_ / height_, height_ / width_);
+    return std::min(static_cast<std::size_t>(aspect * kSlotsPerAspect + 0.5) + 1, kMostSlots);
 }
 
 void StringFigures::Resize(std::int32_t width, std::int32_t height) {
     width_ = std::max(width, 1);
     height_ = std::max(height, 1);
-    slots_.resize(SlotCount());
-    for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
-        for (Placed& placed : slots_[slot].Figures) {
-            placed.Figure.MoveTo(PlaceOf(slot, placed.Where));
+    std::erase_if(figures_, [this](const Placed& placed) { return placed.Slot >= SlotCount(); });
+}
+
+StringFigure::Design StringFigures::AnyDesign(std::size_t slot) {
+    const bool isBack = slot == 0;
+    const double reach = isBack ? 0.495 : random_.Between(0.27, 0.42);
+    const double widest = isBack ? kWidestBack : kWidestFront;
+    const double side = std::min(width_, height_);
+    StringFigure::Design design;
+    design.Across = reach * std::min(widest * side / width_, 1.0);
+    design.Down = reach * std::min(widest * side / height_, 1.0);
+    design.Strength = isBack ? 0.26 : 0.48;
+    design.Pace = isBack ? 0.5 : 1;
+    const double rim = 3.14159 * (design.Across * width_ + design.Down * height_);
+    design.Strings = std::round(std::clamp(rim / kStringDistance, kFewestStrings, kMostStrings));
+    return design;
+}
+
+void StringFigures::Begin(std::size_t slot) {
+    figures_.push_back({slot, StringFigure(AnyDesign(slot), nextKey_, random_)});
+    nextKey_ += StringFigure::kKeys;
+}
+
+bool StringFigures::IsBeingWoven(std::size_t slot) const {
+    return std::any_of(figures_.begin(), figures_.end(), [slot](const Placed& placed) {
+        return placed.Slot == slot && !placed.Figure.IsComplete();
+    });
+}
+
+void StringFigures::Step(double pace) {
+    for (std::size_t slot = 0; slot < SlotCount(); ++slot) {
+        if (!IsBeingWoven(slot)) {
+            Begin(slot);
         }
     }
+    for (Placed& placed : figures_) {
+        placed.Figure.Weave(kStringsPerStep * pace);
+    }
+    std::erase_if(figures_, [](const Placed& placed) { return placed.Figure.IsGone(); });
+    CollectLines();
 }
 
-StringFigures::Spot StringFigures::AnySpot() {
-    const double along = random_.Between(-0.12, 0.12);
-    const double across = random_.Between(-0.08, 0.08);
-    return {along, across, random_.Between(kSmallestRadius, kLargestRadius)};
-}
-
-StringFigure::Place StringFigures::PlaceOf(std::size_t slot, const Spot& spot) const {
-    const double count = static_cast<double>(slots_.size());
-    const double along = (static_cast<double>(slot) + 0.5 + spot.Along) / count;
-    const double across = 0.5 + spot.Across;
-    const double radius = spot.Radius * std::min(width_, height_);
-    return width_ >= height_ ? StringFigure::Place{along * width_, across * height_, radius}
-                             : StringFigure::Place{across * width_, along * height_, radius};
-}
-
-void StringFigures::Step(Colour frame, double pace) {
+void StringFigures::CollectLines() {
     lines_.clear();
-    for (std::size_t index = 0; index < slots_.size(); ++index) {
-        Slot& slot = slots_[index];
-        const bool growing = !slot.Figures.empty() && !slot.Figures.back().Figure.IsComplete();
-        if (!growing) {
-            slot.Wait -= pace;
-        }
-        if (slot.Wait <= 0 && !growing) {
-            const Spot spot = AnySpot();
-            slot.Figures.push_back({spot, StringFigure(PlaceOf(index, spot), random_)});
-            slot.Wait = kPause;
-        }
-        for (Placed& placed : slot.Figures) {
-            placed.Figure.Step(frame, pace);
-            placed.Figure.AppendTo(lines_);
-        }
-        std::erase_if(slot.Figures, [](const Placed& placed) { return placed.Figure.IsGone(); });
+    for (const Placed& placed : figures_) {
+        placed.Figure.AppendTo(lines_, width_, height_);
     }
 }
 

@@ -8,12 +8,15 @@ namespace ambrio {
 namespace {
 
 constexpr double kSlowingSeconds = 20;
+constexpr std::int64_t kBetweenMoves = 1000;  // milliseconds, at rest
+constexpr double kMove = 1.5;                 // every string is replaced within a minute
 
 }  // namespace
 
 double WindingDown::Pace(const AnimationInputs& inputs) {
     if (!inputs.RunFinished) {
         sinceRun_ = 0;
+        isAtRest_ = false;
         return 1;
     }
     sinceRun_ += inputs.Interval;
@@ -21,7 +24,11 @@ double WindingDown::Pace(const AnimationInputs& inputs) {
         return 1;
     }
     const double seconds = static_cast<double>(sinceRun_) / 1000;
-    return std::clamp((inputs.PowerSaveTimeout - seconds) / kSlowingSeconds, 0.0, 1.0);
+    isAtRest_ = seconds >= inputs.PowerSaveTimeout;
+    if (isAtRest_) {
+        return sinceRun_ % kBetweenMoves < inputs.Interval ? kMove : 0;
+    }
+    return std::min((inputs.PowerSaveTimeout - seconds) / kSlowingSeconds, 1.0);
 }
 
 }  // namespace ambrio

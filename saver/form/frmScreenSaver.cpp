@@ -9,7 +9,7 @@
 namespace ambrio {
 namespace {
 
-enum TimerId : UINT_PTR { kDoTheBizTimer = 1, kKeepOnRunninTimer, kEndTimer };
+enum TimerId : UINT_PTR { kDoTheBizTimer = 1, kKeepOnRunninTimer, kEndTimer, kPictureTimer };
 
 int XOf(LPARAM position) {
     return static_cast<short>(LOWORD(position));
@@ -32,7 +32,8 @@ frmScreenSaver::frmScreenSaver(const Application& application, FileSystem& fileS
       unloaded_(std::move(unloaded)),
       twips_(ReadScreenTwips()),
       tmrDoTheBiz_(kDoTheBizTimer, kDoTheBizInterval),
-      tmrKeepOnRunnin_(kKeepOnRunninTimer, kKeepOnRunninInterval) {}
+      tmrKeepOnRunnin_(kKeepOnRunninTimer, kKeepOnRunninInterval),
+      pictures_(kPictureTimer, kPictureInterval) {}
 
 // A form whose loading failed goes without having unloaded.
 frmScreenSaver::~frmScreenSaver() {
@@ -141,6 +142,8 @@ void frmScreenSaver::TimerTick(WPARAM timer) {
         tmrDoTheBiz_Timer();
     } else if (tmrKeepOnRunnin_.IsTick(timer)) {
         tmrKeepOnRunnin_Timer();
+    } else if (pictures_.IsTick(timer)) {
+        DrawBetweenSteps();
     } else if (tmrEnd_.IsTick(timer)) {
         End();
     }
@@ -168,6 +171,7 @@ void frmScreenSaver::tmrKeepOnRunnin_Timer() {
         panel_->Tell();
     }
     if (!audience_.IsThere()) {
+        pictures_.SetEnabled(false);
         return;
     }
     AnimationInputs inputs;
@@ -178,8 +182,17 @@ void frmScreenSaver::tmrKeepOnRunnin_Timer() {
     inputs.PixelTwipsX = application_.PixelTwipsX;
     inputs.PixelTwipsY = application_.PixelTwipsY;
     animation_.Step(*frame_, inputs);
+    lastStep_ = std::chrono::steady_clock::now();
     frame_->Present();
+    pictures_.SetEnabled(!animation_.IsAtRest());
     AskForPatience();
+}
+
+// The step keeps to its timer; what moves is drawn more often than that. A step that comes late is
+// waited for.
+void frmScreenSaver::DrawBetweenSteps() {
+    const std::chrono::duration<double> since = std::chrono::steady_clock::now() - lastStep_;
+    animation_.Glide(*frame_, since / tmrKeepOnRunnin_.Interval());
 }
 
 }  // namespace ambrio

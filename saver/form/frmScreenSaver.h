@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -92,6 +93,7 @@ class frmScreenSaver : public Window, public RunHost {
     void TimerTick(WPARAM timer);
     void tmrDoTheBiz_Timer();
     void tmrKeepOnRunnin_Timer();
+    void DrawBetweenSteps();
     void ShowBox(const std::wstring& text, const std::wstring& title, UINT icon);
     [[nodiscard]] bool IsRunning() const { return signals_.RunStarted && !signals_.RunFinished; }
 
@@ -132,6 +134,8 @@ class frmScreenSaver : public Window, public RunHost {
     std::int32_t platformId_ = 0;
     FormTimer tmrDoTheBiz_;
     FormTimer tmrKeepOnRunnin_;
+    FormTimer pictures_;
+    std::chrono::steady_clock::time_point lastStep_;
     BlackWindows blackWindows_{*this};
     std::unique_ptr<LineCanvas> canvas_;
     std::unique_ptr<StatusPanelView> panel_;

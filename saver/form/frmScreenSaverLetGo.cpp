@@ -17,6 +17,7 @@ void frmScreenSaver::LetGo() {
     }
     hasLetGo_ = true;
     tmrKeepOnRunnin_.SetEnabled(false);  // nobody sees it any more
+    pictures_.SetEnabled(false);
     ShowWindow(Handle(), SW_HIDE);
     ShowPointerSurely();
 }

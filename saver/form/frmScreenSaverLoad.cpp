@@ -37,7 +37,7 @@ void frmScreenSaver::MakeWindow() {
     twips_ = TwipsOf(Handle());
     const auto icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_AMBRIO));
     SendMessageW(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
-    for (FormTimer* timer : {&tmrDoTheBiz_, &tmrKeepOnRunnin_, &tmrEnd_}) {
+    for (FormTimer* timer : {&tmrDoTheBiz_, &tmrKeepOnRunnin_, &pictures_, &tmrEnd_}) {
         timer->AttachTo(Handle());
     }
     notices_ = std::make_unique<AudienceNotices>(Handle());

@@ -55,7 +55,7 @@ void frmScreenSaver::Form_Unload() {
 // system, the panel and its labels, whose objects stay, empty, until the form's object goes. A run
 // that is still returning thus finds everything it calls.
 void frmScreenSaver::DestroyForm() {
-    for (FormTimer* timer : {&tmrDoTheBiz_, &tmrKeepOnRunnin_, &tmrEnd_}) {
+    for (FormTimer* timer : {&tmrDoTheBiz_, &tmrKeepOnRunnin_, &pictures_, &tmrEnd_}) {
         timer->SetEnabled(false);
     }
     notices_.reset();

@@ -11,6 +11,8 @@ inline constexpr wchar_t kScreenSaverCaption[] = L"Ambrio Screen Saver";
 inline constexpr std::chrono::milliseconds kDoTheBizInterval{150};
 inline constexpr std::chrono::milliseconds kKeepOnRunninInterval{100};
 inline constexpr std::chrono::milliseconds kEndInterval{1000};
+// From picture to picture between two steps of the animation: 33 a second, as the eye wants it.
+inline constexpr std::chrono::milliseconds kPictureInterval{30};
 
 // So many steps of the animation lie between two times that the panel tells other programs what it
 // shows: half a second.

@@ -82,12 +82,18 @@ void CopyFrame::SetBackColor(COLORREF colour) {
     }
 }
 
+void CopyFrame::Repaint() {
+    if (isShown_) {
+        InvalidateRect(Handle(), nullptr, FALSE);
+    }
+}
+
 // A hidden frame is drawn when it is shown.
 void CopyFrame::Redraw() {
     isStale_ = true;
     if (isShown_) {
         Draw();
-        InvalidateRect(Handle(), nullptr, FALSE);
+        Repaint();
     }
 }
 

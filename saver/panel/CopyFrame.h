@@ -29,6 +29,8 @@ class CopyFrame : public Window {
     // colour that is matched right after it is the first that is seen.
     void Show(bool visible);
     [[nodiscard]] bool IsShown() const { return isShown_; }
+    // Shows all of it again, if it is shown at all: the panel has moved.
+    void Repaint();
     // Seen at once.
     void SetBackColor(COLORREF colour);
 

@@ -37,7 +37,9 @@ std::vector<Area> PanelFrame::VisibleAreas() const {
 }
 
 void PanelFrame::Move(std::int32_t left, std::int32_t top) {
+    const TwipsRect before = panel_.Place();
     panel_.Move(left, top);
+    canvas_.Repaint(PixelsOfTwips(before, twips_.X, twips_.Y));
 }
 
 void PanelFrame::SetBackColor(Colour colour) {
@@ -50,8 +52,8 @@ void PanelFrame::SetLabelColours(const LabelColours& colours) {
     hasNewColours_ = true;
 }
 
-void PanelFrame::DrawLines(std::span<const Line> lines) {
-    canvas_.Draw(lines, twips_);
+void PanelFrame::DrawLines(std::span<const Line> lines, const Palette& palette) {
+    canvas_.Draw(lines, palette, twips_);
 }
 
 void PanelFrame::Present() {

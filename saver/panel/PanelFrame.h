@@ -31,7 +31,7 @@ class PanelFrame : public AnimatedFrame {
     void Move(std::int32_t left, std::int32_t top) override;
     void SetBackColor(Colour colour) override;
     void SetLabelColours(const LabelColours& colours) override;
-    void DrawLines(std::span<const Line> lines) override;
+    void DrawLines(std::span<const Line> lines, const Palette& palette) override;
 
     // Tells which parts of the form monitors show, in pixels of the form; all of it until then, and
     // without any.

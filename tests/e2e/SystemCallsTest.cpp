@@ -30,12 +30,14 @@ TEST_F(SystemCallsTest, NoOtherSwitchChangesThePassword) {
     EXPECT_EQ(calls_.Of(L"ChangePassword"), Lines{});
 }
 
-TEST_F(SystemCallsTest, TheRunBeginsAfter150MillisecondsAndTheAnimationStepsEvery100) {
+TEST_F(SystemCallsTest,
+       TheRunBeginsAfter150MillisecondsAndTheAnimationStepsEvery100AndDrawsEvery30) {
     Settings.WriteSets({});
     Start(L"/S");
     EXPECT_TRUE(WaitUntil([this] { return LatestBlock().size() == 6; }));
-    EXPECT_EQ(calls_.Of(L"SetTimer"),
-              (Lines{L"AmbrioScreenSaver 1 150", L"AmbrioScreenSaver 2 100"}));
+    EXPECT_TRUE(WaitUntil([this] { return calls_.Of(L"SetTimer").size() >= 3; }));
+    EXPECT_EQ(calls_.Of(L"SetTimer"), (Lines{L"AmbrioScreenSaver 1 150", L"AmbrioScreenSaver 2 100",
+                                             L"AmbrioScreenSaver 4 30"}));
     EndByKey();
 }
 

@@ -38,8 +38,9 @@ class RecordingFrame : public AnimatedFrame {
         Labels = colours;
         ++Calls;
     }
-    void DrawLines(std::span<const Line> lines) override {
+    void DrawLines(std::span<const Line> lines, const Palette& palette) override {
         Lines.assign(lines.begin(), lines.end());
+        LineColours = palette;
         ++Calls;
     }
     void ResizeForm(Size form) { form_ = form; }
@@ -52,6 +53,7 @@ class RecordingFrame : public AnimatedFrame {
     Colour BackColor;
     LabelColours Labels;
     std::vector<Line> Lines;
+    Palette LineColours;
     int Calls = 0;  // that changed anything
 
   private:

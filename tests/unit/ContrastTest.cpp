@@ -44,8 +44,8 @@ TEST(LabelColours, AreReadableOnEveryFrameColour) {
         const auto component = [](int part) { return static_cast<std::uint8_t>(part % 52 * 5); };
         const Colour frame{component(code), component(code / 52), component(code / 52 / 52)};
         const LabelColours labels = LabelColoursOn(frame);
-        ASSERT_GE(ContrastRatio(labels.Text, labels.Plate), 4.5) << code;
-        ASSERT_GE(ContrastRatio(labels.Caption, labels.Plate), 4.5) << code;
+        ASSERT_GE(ContrastRatio(labels.Text, labels.Plate), 7) << code;
+        ASSERT_GE(ContrastRatio(labels.Caption, labels.Plate), 7) << code;
     }
 }
 

@@ -148,13 +148,13 @@ double Stride(RecordingFrame::Size form) {
 }
 
 TEST(FrameMotion, CrossesFormsOfAnySizeInLikeTimesButIsNeitherHastyNorStill) {
-    EXPECT_NEAR(Stride({15360, 11520}), 11520 / 450.0, 0.2);
-    EXPECT_NEAR(Stride({9000, 12000}), 9000 / 450.0, 0.2);
-    EXPECT_NEAR(Stride({57600, 32400}), 32, 0.2);
+    EXPECT_NEAR(Stride({15360, 11520}), 11520 / 640.0, 0.2);
+    EXPECT_NEAR(Stride({9000, 12000}), 9000 / 640.0, 0.2);
+    EXPECT_NEAR(Stride({57600, 32400}), 22, 0.2);
     EXPECT_NEAR(Stride({2280, 1680}), 10, 0.2);
 }
 
-TEST(FrameMotion, IsNotMovedForLessThanHalfAPixel) {
+TEST(FrameMotion, IsNotMovedForLessThanAPixel) {
     RecordingFrame frame({1500, 480}, {1500 + 300, 480 + 450});
     Random random(13);
     FrameMotion motion(frame, 15, 15, random);
@@ -165,13 +165,13 @@ TEST(FrameMotion, IsNotMovedForLessThanHalfAPixel) {
         motion.Step(frame, 0.3);
         const std::int32_t way =
             std::max(std::abs(frame.Left() - left), std::abs(frame.Top() - top));
-        ASSERT_TRUE(way == 0 || 2 * way >= 15) << i;
+        ASSERT_TRUE(way == 0 || way >= 15) << i;
         moves += way > 0 ? 1 : 0;
     }
     EXPECT_GT(moves, 50);
 }
 
-TEST(FrameMotion, MovesByAFewPixelsAtEveryStep) {
+TEST(FrameMotion, MovesByAPixelOrTwoAtEveryOtherStep) {
     RecordingFrame frame(kPanelSize, kFormSize);
     Random random(3);
     FrameMotion motion(frame, 15, 15, random);
@@ -179,9 +179,10 @@ TEST(FrameMotion, MovesByAFewPixelsAtEveryStep) {
         const std::int32_t left = frame.Left();
         const std::int32_t top = frame.Top();
         motion.Step(frame, 1);
+        motion.Step(frame, 1);
         const std::int32_t way = std::abs(frame.Left() - left) + std::abs(frame.Top() - top);
         ASSERT_GT(way, 0) << i;
-        ASSERT_LE(way, 60) << i;
+        ASSERT_LE(way, 90) << i;
     }
 }
 

@@ -32,8 +32,10 @@ class PlainWindow : public Window {
     void IsPainted() const { ValidateRect(Handle(), nullptr); }
 };
 
+constexpr Palette kPalette{{255, 200, 90}, {90, 200, 255}};
+
 constexpr Line LineFrom(float fromX, float fromY, float toX, float toY) {
-    return {fromX, fromY, toX, toY, {255, 255, 255}};
+    return {fromX, fromY, toX, toY, {255, 255}};
 }
 
 // What the window shows when it is painted.
@@ -66,9 +68,9 @@ TEST(LineCanvas, DrawsFromEdgeToEdgeOfTheFormAtEveryResolution) {
         PanelFrame frame(form, panel, canvas, screen);
         const auto right = static_cast<float>(frame.ParentScaleWidth());
         const auto bottom = static_cast<float>(frame.ParentScaleHeight());
-        const std::array<Line, 2> diagonals{LineFrom(0, 0, right, bottom),
-                                            LineFrom(0, bottom, right, 0)};
-        frame.DrawLines(diagonals);
+        std::array<Line, 2> diagonals{LineFrom(0, 0, right, bottom), LineFrom(0, bottom, right, 0)};
+        diagonals[1].Key = 1;
+        frame.DrawLines(diagonals, kPalette);
         const BackBuffer picture = Painted(canvas, kWidth, kHeight);
         for (const POINT corner :
              {POINT{2, 2}, POINT{kWidth - 3, 2}, POINT{2, kHeight - 3},
@@ -83,11 +85,62 @@ TEST(LineCanvas, DrawsNothingOnAWindowThatIsGone) {
     PlainWindow window(300, 200);
     LineCanvas canvas(window);
     const std::array<Line, 1> line{LineFrom(0, 0, 4500, 3000)};
-    canvas.Draw(line, {});
+    canvas.Draw(line, kPalette, {});
     EXPECT_TRUE(IsLitNear(Painted(canvas, 300, 200), 150, 100));
     window.Destroy();
-    canvas.Draw(line, {});
+    canvas.Draw(line, kPalette, {});
     EXPECT_FALSE(IsLitNear(Painted(canvas, 300, 200), 150, 100));
+}
+
+// What a window shows at a place.
+COLORREF ShownAt(const Window& window, int x, int y) {
+    return GetPixel(WindowDC(window.Handle()).get(), x, y);
+}
+
+// The panel moves without the system's redrawing.
+TEST(LineCanvas, IsSeenAgainWhereThePanelHasBeen) {
+    const PlainWindow form(1000, 600);
+    const ScreenTwips screen{15, 15};
+    LineCanvas canvas(form);
+    StatusPanelView panel(form.Handle(), 15, 15, L"", [] {});
+    PanelFrame frame(form, panel, canvas, screen);
+    panel.SetBackColor({200, 10, 30});
+    panel.SetLabelColours({{255, 255, 255}, {240, 240, 240}, {200, 10, 30}});
+    panel.Redraw();
+    std::array<Line, 1> line{LineFrom(0, 150, 15000, 150)};  // through the tenth row
+    line[0].Light = {200, 0};
+    frame.DrawLines(line, kPalette);
+    const COLORREF ofLine = ShownAt(form, 900, 10);
+    ASSERT_NE(ofLine, 0U);
+    ASSERT_NE(ShownAt(panel, 5, 90), CLR_INVALID) << "the window cannot be seen";
+    const COLORREF ofPanel = ShownAt(panel, 5, 90);
+    frame.Move(3000, 4500);
+    EXPECT_EQ(ShownAt(form, 100, 10), ofLine);
+    EXPECT_EQ(ShownAt(form, 100, 90), 0U);
+    EXPECT_EQ(ShownAt(panel, 5, 90), ofPanel);
+    EXPECT_EQ(ShownAt(panel, 400, 175), ShownAt(panel, 5, 90));
+    frame.Move(3045, 4545);
+    EXPECT_EQ(ShownAt(form, 201, 400), 0U) << "the panel has left this place";
+    EXPECT_EQ(ShownAt(form, 300, 10), ofLine);
+}
+
+SIZE_T PrivateBytes() {
+    PROCESS_MEMORY_COUNTERS memory{};
+    memory.cb = sizeof memory;
+    GetProcessMemoryInfo(GetCurrentProcess(), &memory, memory.cb);
+    return memory.PagefileUsage;
+}
+
+TEST(LineCanvas, TakesNoMoreThanTwoPicturesOfItsWindow) {
+    constexpr SIZE_T kPicture = SIZE_T{3840} * 2160 * 4;
+    const PlainWindow window(3840, 2160);
+    LineCanvas canvas(window);
+    const std::array<Line, 1> line{LineFrom(0, 0, 57600, 32400)};
+    const SIZE_T before = PrivateBytes();
+    canvas.Draw(line, kPalette, {15, 15});
+    const SIZE_T after = PrivateBytes();
+    EXPECT_GT(after, before + kPicture) << "nothing was measured";
+    EXPECT_LT(after, before + 2 * kPicture + kPicture / 16);
 }
 
 // A window of such a size needs more memory than a 32-bit program can have.
@@ -100,15 +153,15 @@ TEST(LineCanvas, LeavesAWindowAloneThatThereIsNoMemoryForAndTriesSoonAgain) {
     }
     LineCanvas canvas(window);
     const std::array<Line, 1> line{LineFrom(0, 0, 4500, 3000)};
-    canvas.Draw(line, {});
+    canvas.Draw(line, kPalette, {});
     EXPECT_TRUE(window.HasToBePainted()) << "with black";
     window.IsPainted();
     for (int i = 0; i < 250; ++i) {
-        canvas.Draw(line, {});
+        canvas.Draw(line, kPalette, {});
         ASSERT_FALSE(window.HasToBePainted()) << i;
     }
     SetWindowPos(window.Handle(), nullptr, 0, 0, 300, 200, SWP_NOZORDER | SWP_NOACTIVATE);
-    canvas.Draw(line, {});
+    canvas.Draw(line, kPalette, {});
     EXPECT_TRUE(IsLitNear(Painted(canvas, 300, 200), 150, 100)) << "not without a wait";
 }
 

@@ -41,7 +41,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/KeyValueTextTest.cpp
     tests/unit/KnownFolderTest.cpp
     tests/unit/LightBufferTest.cpp
-    tests/unit/LineColourTest.cpp
+    tests/unit/ColourFamilyTest.cpp
     tests/unit/MemoryFileSystemTest.cpp
     tests/unit/ModeDispatchTest.cpp
     tests/unit/NameHazardTest.cpp

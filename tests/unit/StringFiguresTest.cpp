@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <map>
 
 #include "saver/animation/LightBuffer.h"
 #include "saver/animation/LineSet.h"
@@ -11,129 +13,274 @@
 namespace ambrio {
 namespace {
 
-constexpr Colour kFrame{60, 120, 200};
+constexpr Palette kPalette{{255, 36, 120}, {36, 160, 255}};
 
-// The share of pixels that show any light, and how much light they show, both in percent.
-struct Coverage {
-    double Lit = 0;
-    double Brightness = 0;
-};
+// A usual screen, and other shapes.
+constexpr RecordingFrame::Size kWide{28800, 16200};
+constexpr RecordingFrame::Size kUpright{16200, 28800};
+constexpr RecordingFrame::Size kTwoMonitors{57600, 16200};
 
-Coverage Measure(const std::vector<std::uint32_t>& pixels) {
-    Coverage coverage;
-    for (const std::uint32_t pixel : pixels) {
-        const std::uint32_t brightest = std::max({pixel >> 16, (pixel >> 8) & 0xFF, pixel & 0xFF});
-        coverage.Lit += brightest > 24 ? 1 : 0;
-        coverage.Brightness += brightest / 255.0;
-    }
-    coverage.Lit *= 100.0 / static_cast<double>(pixels.size());
-    coverage.Brightness *= 100.0 / static_cast<double>(pixels.size());
-    return coverage;
+std::uint32_t Brightest(std::uint32_t pixel) {
+    return std::max({pixel >> 16U, (pixel >> 8U) & 0xFFU, pixel & 0xFFU});
+}
+bool IsLit(std::uint32_t pixel) {
+    return Brightest(pixel) > 24;
 }
 
-TEST(StringFigures, AreNeverAnEmptyScreenNorNoiseNorAFlatFill) {
-    constexpr std::int32_t kWidth = 1024;
-    constexpr std::int32_t kHeight = 768;
-    for (std::uint32_t seed = 1; seed <= 4; ++seed) {
-        Random random(seed);
-        StringFigures figures(kWidth * 15, kHeight * 15, random);
-        for (int step = 1; step <= 3000; ++step) {
-            figures.Step(kFrame, 1);
-            if (step % 500 != 0) {
-                continue;
+// What the figures look like, at so many twips per pixel.
+class Screen {
+  public:
+    Screen(RecordingFrame::Size form, int twips)
+        : Width(form.Width / twips),
+          Height(form.Height / twips),
+          Pixels(static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height)),
+          buffer_(Width, Height, Pixels.data(), LineSet::Thickness(twips)),
+          lines_(twips, twips) {
+        buffer_.SetPalette(kPalette);
+    }
+    void Show(const StringFigures& figures) { lines_.Show(figures.Lines(), buffer_); }
+
+    // The share of the pixels that are lit, in a part of the screen that is a share of it too.
+    [[nodiscard]] double Lit(double left = 0, double top = 0, double right = 1,
+                             double bottom = 1) const {
+        double lit = 0;
+        double all = 0;
+        for (int y = static_cast<int>(top * Height); y < static_cast<int>(bottom * Height); ++y) {
+            for (int x = static_cast<int>(left * Width); x < static_cast<int>(right * Width); ++x) {
+                lit += IsLit(At(x, y)) ? 1 : 0;
+                all += 1;
             }
-            std::vector<std::uint32_t> pixels(std::size_t{kWidth} * kHeight);
-            LightBuffer buffer(kWidth, kHeight, pixels.data(), LineSet::Thickness(15));
-            LineSet(15, 15).Show(figures.Lines(), buffer);
-            const Coverage coverage = Measure(pixels);
-            EXPECT_GT(coverage.Lit, 2) << "seed " << seed << ", step " << step;
-            EXPECT_LT(coverage.Lit, 45) << "seed " << seed << ", step " << step;
-            EXPECT_LT(coverage.Brightness, 20) << "seed " << seed << ", step " << step;
         }
+        return lit / all;
+    }
+    [[nodiscard]] std::uint32_t At(int x, int y) const {
+        return Pixels[static_cast<std::size_t>(y * Width + x)];
+    }
+
+    int Width;
+    int Height;
+    std::vector<std::uint32_t> Pixels;
+
+  private:
+    LightBuffer buffer_;
+    LineSet lines_;
+};
+
+// Figures of a seed with the numbers that they draw.
+struct Figures {
+    Figures(std::uint32_t seed, RecordingFrame::Size form)
+        : Numbers(seed), Drawn(form.Width, form.Height, Numbers) {}
+    void Step(int steps) {
+        for (int i = 0; i < steps; ++i) {
+            Drawn.Step(1);
+        }
+    }
+    Random Numbers;
+    StringFigures Drawn;
+};
+
+TEST(StringFigures, AreNeverAnEmptyScreenNorNoiseNorAFlatFill) {
+    for (std::uint32_t seed = 1; seed <= 4; ++seed) {
+        Figures figures(seed, kFormSize);
+        Screen screen(kFormSize, 15);
+        for (int step = 500; step <= 3000; step += 500) {
+            figures.Step(500);
+            screen.Show(figures.Drawn);
+            double brightness = 0;
+            for (const std::uint32_t pixel : screen.Pixels) {
+                brightness += Brightest(pixel) / 255.0;
+            }
+            brightness /= static_cast<double>(screen.Pixels.size());
+            EXPECT_GT(screen.Lit(), 0.08) << "seed " << seed << ", step " << step;
+            EXPECT_LT(screen.Lit(), 0.60) << "seed " << seed << ", step " << step;
+            EXPECT_LT(brightness, 0.25) << "seed " << seed << ", step " << step;
+        }
+    }
+}
+
+// The first look decides.
+TEST(StringFigures, AreHalfWovenWhenTheyAreFirstSeen) {
+    for (std::uint32_t seed = 1; seed <= 20; ++seed) {
+        for (const RecordingFrame::Size form : {kFormSize, kWide, kUpright, kTwoMonitors}) {
+            const Figures figures(seed, form);
+            Screen screen(form, 30);
+            screen.Show(figures.Drawn);
+            EXPECT_GT(screen.Lit(), 0.10) << seed << ", " << form.Width;
+        }
+    }
+}
+
+// How far the ends of all strings reach, in shares of the form.
+struct Reach {
+    double Left = 1, Top = 1, Right = 0, Bottom = 0;
+};
+
+Reach ReachOf(const StringFigures& figures, RecordingFrame::Size form) {
+    const double width = form.Width;
+    const double height = form.Height;
+    Reach reach;
+    for (const Line& line : figures.Lines()) {
+        reach.Left = std::min({reach.Left, line.FromX / width, line.ToX / width});
+        reach.Right = std::max({reach.Right, line.FromX / width, line.ToX / width});
+        reach.Top = std::min({reach.Top, line.FromY / height, line.ToY / height});
+        reach.Bottom = std::max({reach.Bottom, line.FromY / height, line.ToY / height});
+    }
+    return reach;
+}
+
+TEST(StringFigures, ReachOverMostOfAWideScreenAtAnyTimeAndAreNeverClipped) {
+    for (std::uint32_t seed = 1; seed <= 6; ++seed) {
+        Figures figures(seed, kWide);
+        double across = 0;
+        double down = 0;
+        for (int second = 0; second < 300; ++second) {
+            const Reach reach = ReachOf(figures.Drawn, kWide);
+            ASSERT_GE(reach.Left, 0) << seed << ", " << second;
+            ASSERT_GE(reach.Top, 0) << seed << ", " << second;
+            ASSERT_LE(reach.Right, 1) << seed << ", " << second;
+            ASSERT_LE(reach.Bottom, 1) << seed << ", " << second;
+            EXPECT_GE(reach.Right - reach.Left, 0.60) << seed << ", " << second;
+            EXPECT_GE(reach.Bottom - reach.Top, 0.60) << seed << ", " << second;
+            across += (reach.Right - reach.Left) / 300;
+            down += (reach.Bottom - reach.Top) / 300;
+            figures.Step(10);
+        }
+        EXPECT_GE(across, 0.85) << seed;
+        EXPECT_GE(down, 0.85) << seed;
+    }
+}
+
+// Each twelfth of the screen has its share of the light within two minutes.
+TEST(StringFigures, UseTheWholeScreenWhateverItsShape) {
+    constexpr int kColumns = 4;
+    constexpr int kRows = 3;
+    for (const RecordingFrame::Size form : {kFormSize, kWide, kUpright, kTwoMonitors}) {
+        Figures figures(9, form);
+        Screen screen(form, 60);
+        double lit[kColumns][kRows] = {};
+        for (int second = 0; second < 120; ++second) {
+            figures.Step(10);
+            screen.Show(figures.Drawn);
+            for (int column = 0; column < kColumns; ++column) {
+                for (int row = 0; row < kRows; ++row) {
+                    lit[column][row] +=
+                        screen.Lit(1.0 * column / kColumns, 1.0 * row / kRows,
+                                   1.0 * (column + 1) / kColumns, 1.0 * (row + 1) / kRows);
+                }
+            }
+        }
+        for (int column = 0; column < kColumns; ++column) {
+            for (int row = 0; row < kRows; ++row) {
+                EXPECT_GT(lit[column][row] / 120, 0.04)
+                    << form.Width << ": " << column << ", " << row;
+            }
+        }
+    }
+}
+
+// Ten minutes of a screen, looked at once a second.
+TEST(StringFigures, LeaveNoSpotLitForLongOrUnchanged) {
+    Figures figures(4, kWide);
+    Screen screen(kWide, 60);
+    const std::size_t count = screen.Pixels.size();
+    std::vector<std::uint32_t> before(count);
+    std::vector<int> unchanged(count);
+    std::vector<int> brightSeconds(count);
+    int longest = 0;
+    for (int second = 0; second < 600; ++second) {
+        figures.Step(10);
+        screen.Show(figures.Drawn);
+        for (std::size_t i = 0; i < count; ++i) {
+            const bool stands = IsLit(screen.Pixels[i]) && screen.Pixels[i] == before[i];
+            unchanged[i] = stands ? unchanged[i] + 1 : 0;
+            longest = std::max(longest, unchanged[i]);
+            brightSeconds[i] += Brightest(screen.Pixels[i]) > 96 ? 1 : 0;
+        }
+        before = screen.Pixels;
+    }
+    EXPECT_LT(longest, 40) << "seconds";
+    EXPECT_LT(*std::max_element(brightSeconds.begin(), brightSeconds.end()), 400) << "of 600";
+}
+
+// One figure lies behind the others: larger, fainter, slower.
+TEST(StringFigures, HaveDepth) {
+    for (std::uint32_t seed = 1; seed <= 10; ++seed) {
+        const Figures figures(seed, kWide);
+        struct Layer {
+            int Brightest = 0;
+            float Left = 1e9F, Right = 0;
+        };
+        std::map<std::uint32_t, Layer> layers;
+        for (const Line& line : figures.Drawn.Lines()) {
+            Layer& layer = layers[line.Key / StringFigure::kKeys];
+            layer.Brightest = std::max(layer.Brightest, line.Light.First + line.Light.Second);
+            layer.Left = std::min({layer.Left, line.FromX, line.ToX});
+            layer.Right = std::max({layer.Right, line.FromX, line.ToX});
+        }
+        ASSERT_EQ(layers.size(), 3U);
+        const Layer& back = layers.at(0);
+        for (std::uint32_t figure = 1; figure < 3; ++figure) {
+            EXPECT_GT(layers.at(figure).Brightest, 1.4 * back.Brightest) << seed;
+            EXPECT_LT(layers.at(figure).Right - layers.at(figure).Left, back.Right - back.Left)
+                << seed;
+        }
+    }
+}
+
+TEST(StringFigures, AreOneBehindAndAsManyBeforeItAsThereIsRoomFor) {
+    const struct {
+        RecordingFrame::Size Form;
+        std::size_t Figures;
+    } cases[] = {{{10000, 10000}, 2}, {kFormSize, 3},     {kWide, 3}, {kUpright, 3},
+                 {kTwoMonitors, 5},   {{99000, 9000}, 6}, {{0, 0}, 2}};
+    for (const auto& [form, wanted] : cases) {
+        const Figures figures(7, form);
+        std::map<std::uint32_t, int> strings;
+        for (const Line& line : figures.Drawn.Lines()) {
+            ++strings[line.Key / StringFigure::kKeys];
+        }
+        EXPECT_EQ(strings.size(), wanted) << form.Width;
     }
 }
 
 TEST(StringFigures, SpanStringsAtAnEvenRateAndRetireThem) {
-    Random random(5);
-    StringFigures figures(kFormSize.Width, kFormSize.Height, random);
+    Figures figures(5, kWide);
     std::size_t most = 0;
+    std::size_t fewest = 10000;
     for (int step = 0; step < 6000; ++step) {
-        const std::size_t before = figures.Lines().size();
-        figures.Step(kFrame, 1);
-        ASSERT_LE(figures.Lines().size(), before + 2) << step;
-        most = std::max(most, figures.Lines().size());
+        const std::size_t before = figures.Drawn.Lines().size();
+        figures.Step(1);
+        ASSERT_LE(figures.Drawn.Lines().size(), before + 9) << step;
+        most = std::max(most, figures.Drawn.Lines().size());
+        fewest = std::min(fewest, figures.Drawn.Lines().size());
     }
-    EXPECT_LT(most, 1000U);
-    EXPECT_GT(most, 150U);
+    EXPECT_LT(most, 1200U);
+    EXPECT_GT(fewest, 300U);
 }
 
-// The mean place of all strings that are spanned within a minute, in shares of the form's sides,
-// and how far they spread.
-struct Spread {
-    double MeanX = 0;
-    double MeanY = 0;
-    float Leftmost = 1;
-    float Rightmost = 0;
-    float Highest = 1;
-    float Lowest = 0;
-};
-
-Spread SpreadOn(std::int32_t width, std::int32_t height) {
-    Random random(9);
-    StringFigures figures(width, height, random);
-    Spread spread;
-    double count = 0;
-    for (int step = 0; step < 600; ++step) {
-        figures.Step(kFrame, 1);
-        for (const Line& line : figures.Lines()) {
-            const float x = (line.FromX + line.ToX) / 2 / static_cast<float>(width);
-            const float y = (line.FromY + line.ToY) / 2 / static_cast<float>(height);
-            spread.MeanX += x;
-            spread.MeanY += y;
-            spread.Leftmost = std::min(spread.Leftmost, x);
-            spread.Rightmost = std::max(spread.Rightmost, x);
-            spread.Highest = std::min(spread.Highest, y);
-            spread.Lowest = std::max(spread.Lowest, y);
-            count += 1;
-        }
+TEST(StringFigures, ShowTheirLinesInTheOrderOfTheirKeys) {
+    Figures figures(5, kWide);
+    for (int step = 0; step < 3000; ++step) {
+        figures.Step(1);
+        ASSERT_TRUE(
+            std::is_sorted(figures.Drawn.Lines().begin(), figures.Drawn.Lines().end(),
+                           [](const Line& one, const Line& other) { return one.Key < other.Key; }));
     }
-    spread.MeanX /= count;
-    spread.MeanY /= count;
-    return spread;
-}
-
-TEST(StringFigures, UseTheWholeFormAlongItsLongerSideAndItsMiddleAcross) {
-    const Spread wide = SpreadOn(28800, 16200);
-    EXPECT_LT(wide.Leftmost, 0.15F);
-    EXPECT_GT(wide.Rightmost, 0.85F);
-    EXPECT_NEAR(wide.MeanX, 0.5, 0.15);
-    EXPECT_NEAR(wide.MeanY, 0.5, 0.15);
-    const Spread upright = SpreadOn(16200, 28800);
-    EXPECT_LT(upright.Highest, 0.15F);
-    EXPECT_GT(upright.Lowest, 0.85F);
-    EXPECT_NEAR(upright.MeanX, 0.5, 0.15);
-    EXPECT_NEAR(upright.MeanY, 0.5, 0.15);
 }
 
 TEST(StringFigures, StandStillWithoutPace) {
-    Random random(5);
-    StringFigures figures(kFormSize.Width, kFormSize.Height, random);
-    for (int step = 0; step < 300; ++step) {
-        figures.Step(kFrame, 1);
-    }
-    const std::vector<Line> before(figures.Lines().begin(), figures.Lines().end());
-    figures.Step(kFrame, 0);
-    EXPECT_TRUE(
-        std::equal(before.begin(), before.end(), figures.Lines().begin(), figures.Lines().end()));
+    Figures figures(5, kFormSize);
+    figures.Step(300);
+    const std::vector<Line> before(figures.Drawn.Lines().begin(), figures.Drawn.Lines().end());
+    figures.Drawn.Step(0);
+    EXPECT_TRUE(std::equal(before.begin(), before.end(), figures.Drawn.Lines().begin(),
+                           figures.Drawn.Lines().end()));
 }
 
 TEST(StringFigures, LiveOnAFormWithoutAnySize) {
-    Random random(5);
-    StringFigures figures(0, 0, random);
-    for (int step = 0; step < 500; ++step) {
-        figures.Step(kFrame, 1);
-    }
-    EXPECT_FALSE(figures.Lines().empty());
+    Figures figures(5, {0, 0});
+    figures.Step(500);
+    EXPECT_FALSE(figures.Drawn.Lines().empty());
 }
 
 }  // namespace

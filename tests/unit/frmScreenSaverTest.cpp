@@ -2,9 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
 #include <memory>
 #include <thread>
+#include <utility>
+#include <vector>
 
+#include "platform/win32/windows/MessageLoop.h"
+#include "platform/win32/windows/PixelBuffer.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/MemorySettingsStore.h"
@@ -70,6 +77,62 @@ TEST_F(frmScreenSaverTest, TellsOtherProgramsTheLastStateOfThePanelWhenTheRunEnd
     wchar_t text[100] = L"";
     InternalGetWindowText(GetDlgItem(panel, static_cast<int>(PanelControl::lblSet)), text, 100);
     EXPECT_STREQ(L"<All sets processed>", text);
+}
+
+// What the form shows.
+std::vector<std::uint32_t> PictureOf(const Window& form) {
+    RECT area{};
+    GetClientRect(form.Handle(), &area);
+    const auto picture = PixelBuffer::Make({area.right, area.bottom});
+    BitBlt(picture->DC(), 0, 0, area.right, area.bottom, WindowDC(form.Handle()).get(), 0, 0,
+           SRCCOPY);
+    GdiFlush();
+    return {picture->Pixels().begin(), picture->Pixels().end()};
+}
+
+// How many different pictures the form shows within a second.
+int PicturesInASecond(const Window& form) {
+    const auto end = std::chrono::steady_clock::now() + 1s;
+    std::vector<std::uint32_t> before = PictureOf(form);
+    int pictures = 0;
+    while (std::chrono::steady_clock::now() < end) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
+        HandleWaitingMessages();
+        std::vector<std::uint32_t> now = PictureOf(form);
+        pictures += now == before ? 0 : 1;
+        before = std::move(now);
+    }
+    return pictures;
+}
+
+// The steps come ten times a second. A busy machine may need several tries.
+TEST_F(frmScreenSaverTest, ShowsThirtyPicturesASecond) {
+    SendMessageW(form_->Handle(), WM_TIMER, kRunTimer, 0);
+    int most = 0;
+    for (int attempt = 0; attempt < 10 && most < 30; ++attempt) {
+        most = std::max(most, PicturesInASecond(*form_));
+    }
+    EXPECT_GE(most, 30);
+    EXPECT_LE(most, 60) << "more than anybody sees";
+}
+
+TEST_F(frmScreenSaverTest, DrawsNothingBetweenItsStepsWhileNobodySeesIt) {
+    constexpr WPARAM kStepTick = 2;
+    constexpr WPARAM kGlideTick = 4;
+    constexpr UINT kSessionChanges = 0x02B1;
+    constexpr WPARAM kLocked = 7;
+    SendMessageW(form_->Handle(), WM_TIMER, kRunTimer, 0);
+    SendMessageW(form_->Handle(), WM_TIMER, kStepTick, 0);
+    const auto glides = [this] {
+        const std::vector<std::uint32_t> before = PictureOf(*form_);
+        Sleep(40);  // the way that a picture shows is a matter of time
+        SendMessageW(form_->Handle(), WM_TIMER, kGlideTick, 0);
+        return before != PictureOf(*form_);
+    };
+    EXPECT_TRUE(glides());
+    SendMessageW(form_->Handle(), kSessionChanges, kLocked, 1);
+    SendMessageW(form_->Handle(), WM_TIMER, kStepTick, 0);
+    EXPECT_FALSE(glides());
 }
 
 TEST_F(frmScreenSaverTest, SaysOnceThatItHasUnloaded) {
