@@ -217,8 +217,18 @@ std::unique_ptr<FolderReader> AnsweringFileSystem::GetFolder(const std::wstring&
                         : std::make_unique<Reader>(*this, root, std::move(reader));
 }
 
+// Where the file of a slow root lies is the worker's to find out as well.
 std::optional<FileIdentity> AnsweringFileSystem::IdentityOf(const std::wstring& path) {
-    return Ask<std::optional<FileIdentity>>(path, [&] { return files_.IdentityOf(path); });
+    if (roots_.RootOf(path).empty()) {
+        return files_.IdentityOf(path);
+    }
+    return Ask<std::optional<FileIdentity>>(path, [&] {
+        auto identity = files_.IdentityOf(path);
+        if (identity) {
+            identity->Settle();
+        }
+        return identity;
+    });
 }
 
 bool AnsweringFileSystem::FindsFoldedNames(const std::wstring& folder) {

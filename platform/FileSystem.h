@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/FileAttributes.h"
 
@@ -33,22 +34,39 @@ struct FileEntry {
 // Which file or folder a path leads to, whatever its spelling and through whatever links: a volume
 // and the file system's own number on it.
 struct FileIdentity {
-    std::uint64_t Volume = 0;  // its number, which a disk and its clone have in common
+    mutable std::uint64_t Volume = 0;  // its number, which a disk and its clone have in common
     std::uint64_t File = 0;
-    std::uint64_t Disk = 0;  // tells the two apart; 0 where unknown, as on a server
+    mutable std::uint64_t Disk = 0;  // tells the two apart; 0 where unknown, as on a server
     // The file system gives no numbers: File stands for the path at which the system arrived. Equal
     // ones are one file, different ones may still be one.
     bool IsByPath = false;
+    // Fills Volume and Disk in, when they first matter: files of different numbers are told apart
+    // without, and a volume can cost many times what a number does. Empty when that is done; false
+    // when it cannot be told any more, so that they may be any.
+    mutable std::function<bool(const FileIdentity&)> FindPlace = {};
+    mutable bool IsAnywhere = false;  // as FindPlace said
+
+    // Finds out now where the file lies, unless that is known.
+    void Settle() const {
+        if (const auto find = std::exchange(FindPlace, {})) {
+            IsAnywhere = !find(*this);
+        }
+    }
 
     // False only when it is known that they lie on different volumes. One reached through a server
     // may be this machine's own, so that an unknown disk may be any.
     [[nodiscard]] bool MayShareVolumeWith(const FileIdentity& other) const {
-        return IsByPath || other.IsByPath ||
+        if (IsByPath || other.IsByPath) {
+            return true;
+        }
+        Settle();
+        other.Settle();
+        return IsAnywhere || other.IsAnywhere ||
                (Volume == other.Volume && (Disk == other.Disk || Disk == 0 || other.Disk == 0));
     }
     friend bool operator==(const FileIdentity& one, const FileIdentity& other) {
-        return one.MayShareVolumeWith(other) && one.File == other.File &&
-               one.IsByPath == other.IsByPath;
+        return one.File == other.File && one.IsByPath == other.IsByPath &&
+               one.MayShareVolumeWith(other);
     }
 };
 

@@ -1,6 +1,7 @@
 #include "platform/win32/files/FileIdentity.h"
 
 #include <gtest/gtest.h>
+#include <winternl.h>
 
 #include <cstring>
 #include <memory>
@@ -26,14 +27,19 @@ class Win32FileIdentityTest : public testing::Test {
         answers_ = IdentityAnswers{};
         World.Write(File, "x");
         World.Write(Other, "x");
-        information_ = std::make_unique<ReplacedImport>(
-            L"kernel32.dll", "GetFileInformationByHandle", reinterpret_cast<void*>(&Information));
+        number_ = std::make_unique<ReplacedImport>(L"ntdll.dll", "NtQueryInformationFile",
+                                                   reinterpret_cast<void*>(&Number));
         path_ = std::make_unique<ReplacedImport>(L"kernel32.dll", "GetFinalPathNameByHandleW",
                                                  reinterpret_cast<void*>(&FinalPath));
     }
 
+    // As the system answers now.
     std::optional<FileIdentity> Identity(const std::wstring& path) {
-        return World.Files().IdentityOf(path);
+        auto identity = World.Files().IdentityOf(path);
+        if (identity) {
+            identity->Settle();
+        }
+        return identity;
     }
 
     static inline IdentityAnswers answers_;
@@ -43,19 +49,19 @@ class Win32FileIdentityTest : public testing::Test {
 
   private:
     template <typename Function>
-    static Function* FromSystem(const char* name) {
+    static Function* FromSystem(const char* name, const wchar_t* library = L"kernel32.dll") {
         return reinterpret_cast<Function*>(
-            reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), name)));
+            reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(library), name)));
     }
-    static BOOL WINAPI Information(HANDLE file, LPBY_HANDLE_FILE_INFORMATION information) {
-        const auto system =
-            FromSystem<decltype(GetFileInformationByHandle)>("GetFileInformationByHandle");
-        const BOOL done = system(file, information);
+    static NTSTATUS WINAPI Number(HANDLE file, PIO_STATUS_BLOCK status, PVOID data, ULONG size,
+                                  FILE_INFORMATION_CLASS kind) {
         if (answers_.NumbersNothing) {
-            information->nFileIndexHigh = 0;
-            information->nFileIndexLow = 0;
+            std::memset(data, 0, size);
+            return 0;
         }
-        return done;
+        const auto system =
+            FromSystem<decltype(NtQueryInformationFile)>("NtQueryInformationFile", L"ntdll.dll");
+        return system(file, status, data, size, kind);
     }
     static DWORD WINAPI FinalPath(HANDLE file, LPWSTR text, DWORD size, DWORD kind) {
         if (kind != VOLUME_NAME_GUID && !answers_.Path.empty()) {
@@ -78,7 +84,7 @@ class Win32FileIdentityTest : public testing::Test {
         return length;
     }
 
-    std::unique_ptr<ReplacedImport> information_;
+    std::unique_ptr<ReplacedImport> number_;
     std::unique_ptr<ReplacedImport> path_;
 };
 
@@ -116,6 +122,29 @@ TEST_F(Win32FileIdentityTest, TakesTwoSpellingsOfAFinalPathForOne) {
     ASSERT_TRUE(file);
     answers_.Path = L"\\\\?\\UNC\\SERVER\\share\\\u00fcber";
     EXPECT_EQ(file, Identity(Other));
+}
+
+// Two numbers that differ tell two files apart, whatever their volumes; those cost far more.
+TEST_F(Win32FileIdentityTest, AsksForTheVolumeOnlyWhereTheNumbersAreEqual) {
+    const auto file = World.Files().IdentityOf(File);
+    const auto other = World.Files().IdentityOf(Other);
+    ASSERT_TRUE(file && other);
+    EXPECT_NE(file, other);
+    EXPECT_EQ(answers_.Questions, 0);
+    EXPECT_EQ(file, World.Files().IdentityOf(File));
+    EXPECT_EQ(answers_.Questions, 2);
+    EXPECT_EQ(file, World.Files().IdentityOf(File));
+    EXPECT_EQ(answers_.Questions, 3) << "the first one knows by now";
+}
+
+TEST_F(Win32FileIdentityTest, MayBeAnywhereOnceNobodyCanTell) {
+    const auto file = World.Files().IdentityOf(File);
+    const auto kept = Identity(File);
+    ASSERT_TRUE(file && kept);
+    World.Files().DeleteFile(File, true);
+    EXPECT_EQ(file, kept);
+    EXPECT_TRUE(file->IsAnywhere);
+    EXPECT_FALSE(kept->IsAnywhere);
 }
 
 }  // namespace

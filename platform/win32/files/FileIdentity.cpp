@@ -1,5 +1,7 @@
 #include "platform/win32/files/FileIdentity.h"
 
+#include <winternl.h>
+
 #include <string_view>
 
 #include "platform/win32/files/NameRules.h"
@@ -9,6 +11,10 @@
 namespace ambrio {
 
 namespace {
+
+constexpr std::uint64_t kNoNumber = 0;
+// Of the system's documented classes, which not every header names.
+constexpr auto kFileInternalInformation = static_cast<FILE_INFORMATION_CLASS>(6);
 
 UniqueHandle OpenTarget(const std::wstring& extended) {
     return MakeHandle<UniqueHandle>(
@@ -53,6 +59,32 @@ std::optional<FileIdentity> IdentityByPath(HANDLE file) {
     return identity;
 }
 
+// The file system's own number of a file. Some network file systems give every file the number 0,
+// which would make all of them one. The system's call for a program like this one asks for the
+// volume as well, which costs many times as much.
+std::uint64_t NumberOf(HANDLE file) {
+    IO_STATUS_BLOCK status;
+    LARGE_INTEGER number{};
+    if (NtQueryInformationFile(file, &status, &number, sizeof(number), kFileInternalInformation) <
+        0) {
+        return kNoNumber;
+    }
+    return static_cast<std::uint64_t>(number.QuadPart);
+}
+
+// Fills in on which volume and disk a file lies. False when it is no longer there.
+bool FindPlace(const std::wstring& extended, const FileIdentity& identity) {
+    const auto file = OpenTarget(extended);
+    BY_HANDLE_FILE_INFORMATION information;
+    if (!file || NumberOf(file.get()) != identity.File ||
+        GetFileInformationByHandle(file.get(), &information) == 0) {
+        return false;
+    }
+    identity.Volume = information.dwVolumeSerialNumber;
+    identity.Disk = DiskOf(file.get());
+    return true;
+}
+
 }  // namespace
 
 DWORD ReadInformation(const std::wstring& extended, BY_HANDLE_FILE_INFORMATION& information) {
@@ -66,16 +98,19 @@ DWORD ReadInformation(const std::wstring& extended, BY_HANDLE_FILE_INFORMATION& 
 DWORD ReadFileIdentity(const std::wstring& extended, std::optional<FileIdentity>& identity) {
     identity.reset();
     const auto file = OpenTarget(extended);
-    BY_HANDLE_FILE_INFORMATION information;
-    if (!file || GetFileInformationByHandle(file.get(), &information) == 0) {
+    if (!file) {
         return GetLastError();
     }
-    const std::uint64_t number =
-        (static_cast<std::uint64_t>(information.nFileIndexHigh) << 32U) | information.nFileIndexLow;
-    // Some network file systems give every file the number 0, which would make all of them one.
-    identity = number == 0
-                   ? IdentityByPath(file.get())
-                   : FileIdentity{information.dwVolumeSerialNumber, number, DiskOf(file.get())};
+    const std::uint64_t number = NumberOf(file.get());
+    if (number == kNoNumber) {
+        identity = IdentityByPath(file.get());
+        return ERROR_SUCCESS;
+    }
+    identity.emplace();
+    identity->File = number;
+    identity->FindPlace = [extended](const FileIdentity& found) {
+        return FindPlace(extended, found);
+    };
     return ERROR_SUCCESS;
 }
 
