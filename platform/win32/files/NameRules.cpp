@@ -12,6 +12,20 @@ namespace {
 constexpr auto kFileCaseSensitiveInfo = static_cast<FILE_INFO_BY_HANDLE_CLASS>(23);
 constexpr ULONG kCaseSensitiveDirectory = 1;
 
+// False when the text holds anything but ASCII; it is then unspecified.
+bool FoldPlainText(std::wstring& text) {
+    constexpr wchar_t kLastPlain = 0x7F;
+    for (wchar_t& unit : text) {
+        if (unit > kLastPlain) {
+            return false;
+        }
+        if (unit >= L'a' && unit <= L'z') {
+            unit = static_cast<wchar_t>(unit - (L'a' - L'A'));
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
 bool IsOnOwnDisk(const std::wstring& extended) {
@@ -36,6 +50,10 @@ bool TellsCasesApart(const std::wstring& extendedFolder) {
 }
 
 std::wstring FoldName(const std::wstring& name) {
+    // The system's own way costs more than a look at a file, and names are folded twice a file.
+    if (std::wstring plain = name; FoldPlainText(plain)) {
+        return plain;
+    }
     std::wstring folded(name.size(), L'\0');
     const auto units = static_cast<int>(name.size());
     const int mapped = LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, name.data(), units,
