@@ -42,6 +42,11 @@ class DestinationListing {
     void Note(const std::wstring& name);
     // False when the folder was listed without it and a listing can be trusted in that.
     [[nodiscard]] bool MayHold(const std::wstring& name) const;
+    // True when the folder was listed, or is new, and nothing is known of a copy of that name.
+    // There may be one even so, which somebody else has made since.
+    [[nodiscard]] bool SeemsMissing(const std::wstring& name) const {
+        return isListed_ && !copies_.contains(fileSystem_.FoldedName(name));
+    }
     // The copy as it is now; nothing when there is none. Asks the file system unless the folder was
     // just made and no copy of that name since. Throws RuntimeError.
     [[nodiscard]] std::optional<FileEntry> Ask(const std::wstring& name) const;

@@ -128,6 +128,7 @@ void FileCopier::RemoveCopy(const File& file) {
 void FileCopier::Copy(const File& file) {
     StartCopyDisplay();
     run_.Panel.SetCaption(PanelLabel::lblFile, Copying(file.Name));
+    const bool seemsNew = file.Copies.SeemsMissing(file.Name);
     if (!file.IsWithoutPlace) {
         file.Copies.Note(file.Name);
     }
@@ -136,7 +137,7 @@ void FileCopier::Copy(const File& file) {
         {
             run_.Signals.CopiedFile = file.Name;
             const Raised inProgress(run_.Signals.CopyInProgress);
-            CopyContent(file);
+            CopyContent(file, seemsNew);
             // Wanted: the bit is cleared after a failed copy too.
             if (file.Set().ClearsArchiveBit) {
                 ClearArchiveBit(file);
@@ -148,17 +149,38 @@ void FileCopier::Copy(const File& file) {
                           DecimalText(run_.State.FilesCopied - run_.State.CopyErrors));
 }
 
-void FileCopier::CopyContent(const File& file) {
+void FileCopier::CopyContent(const File& file, bool seemsNew) {
     try {
         if (file.IsWithoutPlace) {
             throw RuntimeError(ErrorNumber::FileAlreadyExists);
         }
-        // A long copy must not make the windows look dead.
-        run_.Files.CopyFile(file.Path, file.CopyPath, true, [this] { run_.Host.DoEvents(); });
+        Replace(file, !seemsNew);
     } catch (const RuntimeError& failure) {
         const Counted error(run_.State.CopyErrors);
         run_.Log.WriteLog(FileNotCopied(failure, file.Path, file.CopyPath), false);
     }
+}
+
+// Where no copy is known none is asked for: to look for a name that is not there can take as long
+// as to copy a small file. One that turns up after all is overwritten like any other.
+void FileCopier::Replace(const File& file, bool overwrite) {
+    // A long copy must not make the windows look dead.
+    const Yield yield = [this] { run_.Host.DoEvents(); };
+    if (!overwrite) {
+        try {
+            run_.Files.CopyFile(file.Path, file.CopyPath, false, yield);
+            return;
+        } catch (const RuntimeError& failure) {
+            if (failure.Number() != ErrorNumber::FileAlreadyExists || !IsNameTaken(file)) {
+                throw;
+            }
+        }
+    }
+    run_.Files.CopyFile(file.Path, file.CopyPath, true, yield);
+}
+
+bool FileCopier::IsNameTaken(const File& file) {
+    return run_.Files.FileExists(file.CopyPath) || run_.Files.FolderExists(file.CopyPath);
 }
 
 void FileCopier::ClearArchiveBit(const File& file) {

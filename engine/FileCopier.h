@@ -42,7 +42,9 @@ class FileCopier {
     bool IsToBeCopied(const File& file, const FileEntry& source);
     void RemoveCopy(const File& file);
     void Copy(const File& file);
-    void CopyContent(const File& file);
+    void CopyContent(const File& file, bool seemsNew);
+    void Replace(const File& file, bool overwrite);
+    bool IsNameTaken(const File& file);
     void ClearArchiveBit(const File& file);
     void InterruptRun(const RuntimeError& failure, const File& file);
     void StartCopyDisplay();

@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
+
 #include "settings/SettingKeys.h"
 #include "tests/support/CountingFileSystem.h"
 #include "tests/support/EngineBench.h"
+#include "tests/support/ForwardingFileSystem.h"
 
 namespace ambrio {
 namespace {
@@ -98,6 +102,59 @@ TEST_F(CallsOfACopyTest, AnUnchangedFileCostsOneReadOfTheSourceAndNothingAtTheDe
     EXPECT_EQ(counting.CallsOf(FileOperation::GetFile), kFiles);
     EXPECT_EQ(counting.CallsBelow(L"C:\\To"), 0);
     EXPECT_EQ(counting.CallsOf(FileOperation::GetFolder), 2);
+}
+
+// Notes what each copy is to overwrite; somebody else may make the copy first.
+class OtherMakesTheCopy : public ForwardingFileSystem {
+  public:
+    explicit OtherMakesTheCopy(MemoryFileSystem& files)
+        : ForwardingFileSystem(files), files_(files) {}
+
+    void CopyFile(const std::wstring& source, const std::wstring& destination, bool overwrite,
+                  const Yield& yield) override {
+        if (Make) {
+            std::exchange(Make, {})(files_);
+        }
+        Overwrites.push_back(overwrite);
+        ForwardingFileSystem::CopyFile(source, destination, overwrite, yield);
+    }
+
+    std::function<void(MemoryFileSystem&)> Make;
+    std::vector<bool> Overwrites;
+
+  private:
+    MemoryFileSystem& files_;
+};
+
+// A look for a copy that is not there costs as much as to copy a small file, in a large folder.
+TEST_F(CallsOfACopyTest, OfANewFileDoNotAskForWhatItWouldOverwrite) {
+    Source(0);
+    OtherMakesTheCopy files(Bench.Files);
+    Bench.Run(files, Bench.Settings);
+    EXPECT_EQ(files.Overwrites, std::vector<bool>{false});
+    Source(0, kCountedTime + 1);
+    Bench.Run(files, Bench.Settings);
+    EXPECT_EQ(files.Overwrites, (std::vector<bool>{false, true}));
+}
+
+TEST_F(CallsOfACopyTest, ACopyThatSomebodyMakesMeanwhileIsOverwrittenLikeAnyOther) {
+    Source(0);
+    OtherMakesTheCopy files(Bench.Files);
+    files.Make = [](MemoryFileSystem& disk) { disk.WriteFile(kCountedCopy, "theirs"); };
+    Bench.Run(files, Bench.Settings);
+    EXPECT_EQ(files.Overwrites, (std::vector<bool>{false, true}));
+    EXPECT_EQ(Bench.Files.Content(kCountedCopy), "new");
+    EXPECT_EQ(Bench.State.CopyErrors, 0);
+}
+
+TEST_F(CallsOfACopyTest, AFolderThatStandsInTheWayRefusesTheCopyAsEver) {
+    Source(0);
+    OtherMakesTheCopy files(Bench.Files);
+    files.Make = [](MemoryFileSystem& disk) { disk.MakeFolder(kCountedCopy); };
+    Bench.Run(files, Bench.Settings);
+    EXPECT_EQ(Bench.State.CopyErrors, 1);
+    EXPECT_TRUE(Bench.HasLog({L"Error 70 - Permission denied while copying ",
+                              L"      <" + kCountedFile + L">", L"   to <" + kCountedCopy + L">"}));
 }
 
 }  // namespace

@@ -14,6 +14,8 @@
 namespace ambrio {
 namespace {
 
+constexpr std::uint64_t kLongCopy = 1 << 20;  // bytes
+
 bool NameIsTaken(DWORD code) {
     return code == ERROR_FILE_EXISTS || code == ERROR_ALREADY_EXISTS;
 }
@@ -106,11 +108,14 @@ void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
         IsLinkOfAnotherUser(source)) {
         throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
-    RequireReplaceable(source, sourceData, destination, overwrite);
-
-    const std::wstring temporary = FolderOfExtended(destination) + temporaryName;
     const std::uint64_t size =
         (static_cast<std::uint64_t>(sourceData.nFileSizeHigh) << 32U) | sourceData.nFileSizeLow;
+    // Nothing is to be overwritten: the rename finds out by itself. A long copy is not made for it.
+    if (overwrite || size >= kLongCopy) {
+        RequireReplaceable(source, sourceData, destination, overwrite);
+    }
+
+    const std::wstring temporary = FolderOfExtended(destination) + temporaryName;
     Patience patience(yield);
     DWORD code = CopyWithYield(source, temporary, size, watch, yield);
     if (NameIsTaken(code)) {
