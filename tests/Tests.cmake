@@ -51,6 +51,7 @@ set(PORTABLE_TESTS ambrio_portable_tests ambrio_fault_tests ambrio_conformance_t
 
 if(WIN32)
   include(tests/WindowsTests.cmake)
+  include(tests/bench/Bench.cmake)
 else()
   include(tests/fuzz/Fuzz.cmake)
   add_executable(unit_tests ${FUZZ_SEED_TEST_SOURCES})

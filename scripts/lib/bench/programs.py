@@ -1,0 +1,121 @@
+"""The programs that are compared: each copies a folder with its subfolders to another one."""
+
+import os
+import re
+import signal
+import subprocess
+import time
+from pathlib import Path
+
+LIMIT_SECONDS = 1800
+POLL_SECONDS = 0.002
+LOG = Path("Ambrio.log")
+
+
+class BenchError(Exception):
+    """A program did not do its work, so its time means nothing."""
+
+
+def windows_path(path):
+    """How a program under Wine names a file of this machine."""
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def run(command, check=True):
+    """Runs a command to its end and gives what it printed."""
+    done = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                          stderr=subprocess.DEVNULL, timeout=LIMIT_SECONDS, check=False)
+    if check and done.returncode != 0:
+        raise BenchError(f"{' '.join(map(str, command))} ended with {done.returncode}")
+    return done.stdout.decode("utf-8", "replace").replace("\r", "")
+
+
+def engine_alone(source, destination, latency=0):
+    """What the engine itself says of a run: files, copies, failures, calls, listings, seconds."""
+    words = run(["wine", "EngineAlone.exe", windows_path(source), windows_path(destination),
+                 str(latency)]).split()
+    return [float(word) for word in words[-6:]]
+
+
+class Timed:
+    """A command that ends when its work is done."""
+
+    def __init__(self, name, command):
+        self.name = name
+        self.command = command
+
+    def time(self, source, destination):
+        """The seconds from start to end."""
+        command = [word.format(source=source, destination=destination,
+                               wsource=windows_path(source), wdestination=windows_path(destination))
+                   for word in self.command]
+        start = time.monotonic()
+        run(command)
+        return time.monotonic() - start
+
+
+class Ambrio:
+    """The real program with its panel; it is done when its log says so."""
+
+    name = "Ambrio /S"
+    TREE = r"HKEY_CURRENT_USER\Software\VB and VBA Program Settings\Ambrio"
+
+    def __init__(self):
+        self.peak = 0  # bytes of its own that were in memory at most, of the last run
+
+    def settings(self, source, destination):
+        """Makes this its only Set."""
+        def quoted(path):
+            return windows_path(path).replace("\\", "\\\\")
+        text = ("REGEDIT4\n\n"
+                f"[{self.TREE}\\General]\n\"Sets\"=\"Bench\"\n\n"
+                f"[{self.TREE}\\Bench]\n\"Source\"=\"{quoted(source)}\"\n"
+                f"\"Destination\"=\"{quoted(destination)}\"\n\"Recursive\"=\"Yes\"\n")
+        Path("bench.reg").write_text(text, encoding="ascii")
+        run(["wine", "regedit", "/S", "bench.reg"])
+
+    def time(self, source, destination):
+        """The seconds from its start to the last line of its log."""
+        self.settings(source, destination)
+        LOG.unlink(missing_ok=True)
+        start = time.monotonic()
+        with subprocess.Popen(["wine", "Ambrio.scr", "/S"], stdin=subprocess.DEVNULL,
+                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                              start_new_session=True) as process:
+            try:
+                self._await_end(process, start)
+                lasted = time.monotonic() - start
+                self.peak = peak_memory(process.pid)
+            finally:
+                os.killpg(process.pid, signal.SIGKILL)
+        if b" completed " not in LOG.read_bytes():
+            raise BenchError(f"Ambrio says: {LOG.read_text(encoding='latin-1')}")
+        return lasted
+
+    @staticmethod
+    def _await_end(process, start):
+        while True:
+            if LOG.exists() and re.search(rb"Ambrio (completed|ended) ", LOG.read_bytes()):
+                return
+            if process.poll() is not None or time.monotonic() - start > LIMIT_SECONDS:
+                raise BenchError("Ambrio has not come to the end of its run")
+            time.sleep(POLL_SECONDS)
+
+
+def peak_memory(pid):
+    """The most bytes of its own that a process has had in memory, from the kernel."""
+    status = Path(f"/proc/{pid}/status").read_text(encoding="ascii", errors="replace")
+    found = re.search(r"VmHWM:\s+(\d+) kB", status)
+    return int(found[1]) * 1024 if found else 0
+
+
+AMBRIO = Ambrio()
+ENGINE = Timed("engine alone", ["wine", "EngineAlone.exe", "{wsource}", "{wdestination}"])
+LOOP = Timed("bare loop", ["wine", "BareLoop.exe", "{wsource}", "{wdestination}"])
+POLLING_LOOP = Timed("bare loop that polls",
+                     ["wine", "BareLoop.exe", "{wsource}", "{wdestination}", "poll"])
+XCOPY = Timed("xcopy", ["wine", "xcopy", "/D", "/S", "/E", "/I", "/Y", "/Q", "/H", "/R", "/K",
+                        "{wsource}", "{wdestination}"])
+RSYNC = Timed("rsync -a (native)", ["rsync", "-a", "{source}/", "{destination}"])
+CP = Timed("cp -au (native)", ["cp", "-auT", "{source}", "{destination}"])
+ALL = [AMBRIO, ENGINE, LOOP, POLLING_LOOP, XCOPY, RSYNC, CP]

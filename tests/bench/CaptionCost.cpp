@@ -1,0 +1,62 @@
+// What one change of a caption costs on the panel that is seen:
+//   CaptionCost [CHANGES]
+// prints the microseconds a change, for a count and for a file's name.
+
+#include <chrono>
+#include <cwchar>
+#include <iostream>
+#include <string>
+
+#include "platform/DecimalText.h"
+#include "platform/win32/windows/MessageLoop.h"
+#include "platform/win32/windows/ScreenTwips.h"
+#include "saver/panel/StatusPanelView.h"
+
+namespace ambrio {
+namespace {
+
+class Form {
+  public:
+    Form()
+        : window_(CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 1024,
+                                  768, nullptr, nullptr, nullptr, nullptr)) {}
+    ~Form() { DestroyWindow(window_); }
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+    [[nodiscard]] HWND Handle() const { return window_; }
+
+  private:
+    HWND window_;
+};
+
+template <typename TextOf>
+void Measure(const wchar_t* name, StatusPanelView& panel, PanelLabel label, int changes,
+             TextOf textOf) {
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < changes; ++i) {
+        panel.SetCaption(label, textOf(i));
+    }
+    const std::chrono::duration<double, std::micro> lasted =
+        std::chrono::steady_clock::now() - start;
+    std::wcout << name << L' ' << lasted.count() / changes << std::endl;
+}
+
+int Run(int changes) {
+    const Form form;
+    const ScreenTwips twips = ReadScreenTwips();
+    StatusPanelView panel(form.Handle(), twips.X, twips.Y, L"", [] {});
+    HandleWaitingMessages();
+    Measure(L"count", panel, PanelLabel::lblChecked, changes, [](int i) { return DecimalText(i); });
+    Measure(L"name", panel, PanelLabel::lblFile, changes,
+            [](int i) { return L"file" + DecimalText(i) + L".txt [copying]"; });
+    return 0;
+}
+
+}  // namespace
+}  // namespace ambrio
+
+int wmain(int count, wchar_t** arguments) {
+    const int changes =
+        count > 1 ? static_cast<int>(std::wcstol(arguments[1], nullptr, 10)) : 20000;
+    return ambrio::Run(changes);
+}
