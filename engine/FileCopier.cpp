@@ -26,7 +26,8 @@ bool IsReadOnly(const FileEntry& entry) {
 
 }  // namespace
 
-void FileCopier::CopyFile(const std::wstring& name, DestinationListing& destination) {
+FileCopier::Outcome FileCopier::CopyFile(const std::wstring& name,
+                                         DestinationListing& destination) {
     const File file{name, FileSystem::BuildPath(destination.Folder().Source().Path(), name),
                     destination.PathOf(name), destination, IsWithoutPlace(name, destination)};
     bool isToBeRemoved = false;
@@ -40,7 +41,7 @@ void FileCopier::CopyFile(const std::wstring& name, DestinationListing& destinat
         }
     } catch (const RuntimeError& failure) {
         InterruptRun(failure, file);
-        return;
+        return Outcome::Handled;
     }
     if (isToBeRemoved) {
         RemoveCopy(file);
@@ -54,6 +55,7 @@ void FileCopier::CopyFile(const std::wstring& name, DestinationListing& destinat
     } else {
         StopCopyDisplay();
     }
+    return isToBeCopied || isToBeRemoved ? Outcome::Handled : Outcome::OnlyChecked;
 }
 
 bool FileCopier::IsWithoutPlace(const std::wstring& name, const DestinationListing& copies) {

@@ -13,6 +13,11 @@ namespace ambrio {
 // Decides what becomes of one source file and its copy, and does it.
 class FileCopier {
   public:
+    enum class Outcome {
+        OnlyChecked,  // nothing was done about the file
+        Handled,      // a copy was made or removed, or that was tried, or the run is to stop
+    };
+
     explicit FileCopier(const RunContext& run) : run_(run) {}
 
     // Removes, makes or leaves the copy of one file of the folder that is being walked, in its
@@ -20,7 +25,7 @@ class FileCopier {
     // copy or archive bit is logged and counted and the file gone on with. A failure while deciding
     // is logged, kept in FatalErrorText and interrupts the run. After a removal was tried, reading
     // the file again can fail, and that comes out as RuntimeError; so does a LogFailure anywhere.
-    void CopyFile(const std::wstring& name, DestinationListing& destination);
+    Outcome CopyFile(const std::wstring& name, DestinationListing& destination);
 
   private:
     // The file in hand and where its copy is or goes.

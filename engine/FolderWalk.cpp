@@ -147,8 +147,11 @@ bool FolderWalk::IsOwnTemporary(const std::wstring& name, const DestinationListi
 // False when the run is interrupted.
 bool FolderWalk::HandOver(const std::wstring& name, DestinationListing& destination) {
     ClearFsoStatus();
-    copier_.CopyFile(name, destination);
-    run_.Host.DoEvents();
+    if (copier_.CopyFile(name, destination) == FileCopier::Outcome::OnlyChecked) {
+        run_.Host.DoEventsSoon();
+    } else {
+        run_.Host.DoEvents();
+    }
     return !run_.Signals.Interrupted;
 }
 

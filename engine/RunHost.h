@@ -17,6 +17,9 @@ class RunHost {
 
     // Lets pending events run: input, timers, painting. May set RunSignals::Interrupted.
     virtual void DoEvents() = 0;
+    // The same after a file that was only looked at. What waits may have to wait on, but no longer
+    // than a millisecond in all.
+    virtual void DoEventsSoon() { DoEvents(); }
 
     // Shows a box with an OK button, titled with the application title, and returns when the user
     // has closed it.

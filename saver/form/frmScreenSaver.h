@@ -30,6 +30,7 @@
 #include "saver/form/WaitPlate.h"
 #include "saver/model/Audience.h"
 #include "saver/model/DesktopSettings.h"
+#include "saver/model/EventPace.h"
 #include "saver/model/InputRules.h"
 #include "saver/panel/PanelFrame.h"
 #include "saver/panel/StatusPanelView.h"
@@ -55,6 +56,7 @@ class frmScreenSaver : public Window, public RunHost {
 
     // What the run asks of the form (frmScreenSaverRunHost.cpp).
     void DoEvents() override;
+    void DoEventsSoon() override;
     void ShowMessage(const std::wstring& text, MessageIcon icon) override;
     void ReconnectDrive(const std::wstring& path) override;
     std::wstring WindowsFolder() override;
@@ -144,6 +146,7 @@ class frmScreenSaver : public Window, public RunHost {
     Win32RememberedDrives rememberedDrives_;
     DriveReconnection reconnection_{rememberedDrives_};
     std::unique_ptr<RunDriver> run_;
+    EventPace pace_;
     FrameAnimation animation_{static_cast<std::uint32_t>(RandomNumber())};
     std::unique_ptr<AudienceNotices> notices_;
     int stepsSinceTold_ = 0;

@@ -1,5 +1,7 @@
 // frmScreenSaver: what the run asks of it.
 
+#include <chrono>
+
 #include "platform/win32/system/LaunchProgram.h"
 #include "platform/win32/system/SystemFolders.h"
 #include "platform/win32/windows/MessageLoop.h"
@@ -10,6 +12,13 @@ namespace ambrio {
 
 void frmScreenSaver::DoEvents() {
     HandleWaitingMessages();
+    pace_.Note(std::chrono::steady_clock::now());
+}
+
+void frmScreenSaver::DoEventsSoon() {
+    if (pace_.IsDue(std::chrono::steady_clock::now())) {
+        DoEvents();
+    }
 }
 
 void frmScreenSaver::ShowMessage(const std::wstring& text, MessageIcon icon) {

@@ -19,8 +19,10 @@ PanelLabelWindow::~PanelLabelWindow() {
 }
 
 void PanelLabelWindow::SetText(const std::wstring& text) {
-    text_ = text;
-    panel_.TextChanged(controlId_);
+    if (text != text_) {
+        text_ = text;
+        panel_.TextChanged(controlId_);
+    }
 }
 
 void PanelLabelWindow::Tell() {

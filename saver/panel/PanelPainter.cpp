@@ -18,7 +18,10 @@ constexpr int kCorner = 90;       // the plate's rounding, twips
 constexpr int kCaptionLeft = 120;
 constexpr int kGap = 45;      // between a fixed text and a count beside it, twips
 constexpr int kSameRow = 15;  // how far apart a fixed text and its value may have been drawn, twips
-constexpr int kTightestLine = 7;   // eighths of a line's height, where two share a box
+constexpr int kTightestLine = 7;  // eighths of a line's height, where two share a box
+constexpr int kOverhangs = 4;     // how many times a glyph's part beside its room goes into a line
+constexpr wchar_t kFirstPlain = L' ';
+constexpr wchar_t kLastPlain = L'~';
 constexpr int kBelowCaption = 30;  // from the frame's caption to the first row, twips
 
 Colour Between(Colour a, Colour b) {
@@ -55,9 +58,12 @@ SIZE Extent(HDC dc, const std::wstring& text) {
     return size;
 }
 
-void WriteText(HDC dc, int left, int top, Colour colour, const std::wstring& text) {
+// Nothing outside the room, where one is given.
+void WriteText(HDC dc, int left, int top, Colour colour, const std::wstring& text,
+               const RECT* room = nullptr) {
     SetTextColor(dc, SystemColour(colour));
-    ExtTextOutW(dc, left, top, 0, nullptr, text.c_str(), static_cast<UINT>(text.size()), nullptr);
+    ExtTextOutW(dc, left, top, room == nullptr ? 0 : ETO_CLIPPED, room, text.c_str(),
+                static_cast<UINT>(text.size()), nullptr);
 }
 
 // The fixed text that stands before this label in its row; the label itself where there is none.
@@ -73,7 +79,7 @@ std::size_t RowOf(std::size_t label) {
     return label;
 }
 
-std::vector<std::wstring> LinesOf(const std::wstring& text) {
+std::vector<std::wstring> SplitLines(const std::wstring& text) {
     std::vector<std::wstring> lines;
     std::size_t start = 0;
     for (std::size_t end = 0; end != std::wstring::npos; start = end + 1) {
@@ -109,6 +115,8 @@ PanelPainter::PanelPainter(double twipsPerPixelX, double twipsPerPixelY, const P
     SetBkMode(picture_.DC(), TRANSPARENT);
     SettleRows();
     SettleReaches(texts);
+    selectedFont_ = std::make_unique<SelectedObject>(picture_.DC(), font_.get());
+    SettleWidths();
 }
 
 int PanelPainter::Across(int twips) const {
@@ -161,11 +169,19 @@ void PanelPainter::SettleReaches(const PanelTexts& texts) {
 
 void PanelPainter::DrawFrame(const PanelTexts& texts) {
     DrawBackground();
+    for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
+        inked_[i] = reach_[i];
+    }
     DrawLabels({0, 0, picture_.Width(), picture_.Height()}, texts);
 }
 
-void PanelPainter::DrawLabel(std::size_t label, const PanelTexts& texts) {
-    DrawLabels(reach_[label], texts);
+RECT PanelPainter::DrawLabel(std::size_t label, const PanelTexts& texts) {
+    const RECT place = PlaceOf(label, LinesOf(label, *texts[label]));
+    RECT changed = inked_[label];
+    UnionRect(&changed, &changed, &place);
+    inked_[label] = changed;
+    DrawLabels(changed, texts);
+    return changed;
 }
 
 void PanelPainter::DrawBackground() {
@@ -206,45 +222,93 @@ void PanelPainter::DrawCaption(HDC dc) {
 }
 
 void PanelPainter::DrawLabels(const RECT& area, const PanelTexts& texts) {
-    const HDC dc = picture_.DC();
-    background_.CopyTo(dc, area.left, area.top, area);
-    IntersectClipRect(dc, area.left, area.top, area.right, area.bottom);
-    const SelectedObject font(dc, font_.get());
+    background_.CopyTo(picture_.DC(), area.left, area.top, area);
     for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
-        if (Touch(area, reach_[i])) {
-            DrawText(i, *texts[i]);
+        if (!Touch(area, inked_[i])) {
+            continue;
         }
+        const std::vector<TextLine> lines = LinesOf(i, *texts[i]);
+        const Colour colour = kPanelLabels[i].IsFixed ? colours_.Caption : colours_.Text;
+        RECT room = reach_[i];
+        IntersectRect(&room, &room, &area);
+        for (const TextLine& line : lines) {
+            WriteText(picture_.DC(), line.Left, line.Top, colour, line.Text, &room);
+        }
+        inked_[i] = PlaceOf(i, lines);
     }
-    SelectClipRgn(dc, nullptr);
 }
 
 // Each line of a text is shortened by itself. Lines move together where the box is low, and those
 // that it has no room for even so are left out.
-void PanelPainter::DrawText(std::size_t label, const std::wstring& text) {
-    const std::vector<std::wstring> lines = LinesOf(text);
+std::vector<PanelPainter::TextLine> PanelPainter::LinesOf(std::size_t label,
+                                                          const std::wstring& text) const {
+    if (text.find(L'\n') == std::wstring::npos) {
+        return {LineOf(label, textTop_[label], text)};
+    }
+    const std::vector<std::wstring> texts = SplitLines(text);
     const int room = reach_[label].bottom - textTop_[label];
     const int most = std::max(1, room / std::max(lineHeight_ * kTightestLine / 8, 1));
-    const int count = std::min(static_cast<int>(lines.size()), most);
+    const int count = std::min(static_cast<int>(texts.size()), most);
     const int pitch = std::min(lineHeight_, room / count);
+    std::vector<TextLine> lines;
     for (int line = 0; line < count; ++line) {
-        DrawLine(label, textTop_[label] + line * pitch, lines[static_cast<std::size_t>(line)]);
+        lines.push_back(
+            LineOf(label, textTop_[label] + line * pitch, texts[static_cast<std::size_t>(line)]));
+    }
+    return lines;
+}
+
+PanelPainter::TextLine PanelPainter::LineOf(std::size_t label, int top,
+                                            const std::wstring& text) const {
+    const RECT& reach = reach_[label];
+    const int room = reach.right - reach.left;
+    TextLine line;
+    line.Text = Shortened(
+        text, [this, room](const std::wstring& candidate) { return WidthOf(candidate) <= room; });
+    line.Top = top;
+    line.Left = reach.left;
+    line.Width = WidthOf(line.Text);
+    const TextAlignment alignment = kPanelLabels[label].Alignment;
+    if (alignment != TextAlignment::Left) {
+        const int spare = room - line.Width;
+        line.Left += alignment == TextAlignment::Right ? spare : spare / 2;
+    }
+    return line;
+}
+
+RECT PanelPainter::PlaceOf(std::size_t label, const std::vector<TextLine>& lines) const {
+    const int overhang = lineHeight_ / kOverhangs;
+    RECT place{};
+    for (const TextLine& line : lines) {
+        const RECT box{line.Left - overhang, line.Top, line.Left + line.Width + overhang,
+                       line.Top + lineHeight_};
+        if (!line.Text.empty()) {
+            UnionRect(&place, &place, &box);
+        }
+    }
+    IntersectRect(&place, &place, &reach_[label]);
+    return place;
+}
+
+void PanelPainter::SettleWidths() {
+    plainWidths_.resize(kLastPlain - kFirstPlain + 1);
+    if (GetCharWidth32W(picture_.DC(), kFirstPlain, kLastPlain, plainWidths_.data()) == FALSE) {
+        plainWidths_.clear();
     }
 }
 
-void PanelPainter::DrawLine(std::size_t label, int top, const std::wstring& text) {
-    const HDC dc = picture_.DC();
-    const PanelLabelDesign& design = kPanelLabels[label];
-    const RECT& reach = reach_[label];
-    const int room = reach.right - reach.left;
-    const std::wstring shown = Shortened(text, [dc, room](const std::wstring& candidate) {
-        return Extent(dc, candidate).cx <= room;
-    });
-    int left = reach.left;
-    if (design.Alignment != TextAlignment::Left) {
-        const int spare = room - Extent(dc, shown).cx;
-        left += design.Alignment == TextAlignment::Right ? spare : spare / 2;
+// Plain characters stand beside each other without regard to what they are, so that their widths
+// add up; the system is asked for all else.
+int PanelPainter::WidthOf(const std::wstring& text) const {
+    int width = 0;
+    for (const wchar_t unit : text) {
+        const auto place = static_cast<std::size_t>(unit - kFirstPlain);
+        if (unit < kFirstPlain || place >= plainWidths_.size()) {
+            return Extent(picture_.DC(), text).cx;
+        }
+        width += plainWidths_[place];
     }
-    WriteText(dc, left, top, design.IsFixed ? colours_.Caption : colours_.Text, shown);
+    return width;
 }
 
 }  // namespace ambrio

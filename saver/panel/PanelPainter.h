@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/win32/windows/BackBuffer.h"
 #include "saver/animation/AnimatedFrame.h"
@@ -23,9 +25,6 @@ class PanelPainter {
     // beside them have.
     PanelPainter(double twipsPerPixelX, double twipsPerPixelY, const PanelTexts& texts);
 
-    // The part of the picture that a label's text can reach, in pixels.
-    [[nodiscard]] const RECT& ReachOf(std::size_t label) const { return reach_[label]; }
-
     // These three take effect with the next DrawFrame.
     void SetCaption(const std::wstring& caption) { caption_ = caption; }
     void SetBackColor(Colour colour) { backColor_ = colour; }
@@ -34,19 +33,31 @@ class PanelPainter {
 
     // Draws everything anew.
     void DrawFrame(const PanelTexts& texts);
-    // Draws one label anew, and whatever else reaches into its part of the picture.
-    void DrawLabel(std::size_t label, const PanelTexts& texts);
+    // Draws one label anew, where its text was and is, and whatever else reaches into that part of
+    // the picture. Gives that part, in pixels.
+    RECT DrawLabel(std::size_t label, const PanelTexts& texts);
 
     [[nodiscard]] const BackBuffer& Picture() const { return picture_; }
 
   private:
     void SettleRows();
+    void SettleWidths();
     void SettleReaches(const PanelTexts& texts);
     void DrawBackground();
     void DrawCaption(HDC dc);
     void DrawLabels(const RECT& area, const PanelTexts& texts);
-    void DrawText(std::size_t label, const std::wstring& text);
-    void DrawLine(std::size_t label, int top, const std::wstring& text);
+    // The lines of a text as they are shown in a label, and where.
+    struct TextLine {
+        std::wstring Text;
+        int Left = 0;
+        int Top = 0;
+        int Width = 0;
+    };
+    [[nodiscard]] std::vector<TextLine> LinesOf(std::size_t label, const std::wstring& text) const;
+    [[nodiscard]] TextLine LineOf(std::size_t label, int top, const std::wstring& text) const;
+    // The part of the picture that these lines can reach.
+    [[nodiscard]] RECT PlaceOf(std::size_t label, const std::vector<TextLine>& lines) const;
+    [[nodiscard]] int WidthOf(const std::wstring& text) const;
     // Of the frame's caption, when the device context has its font.
     [[nodiscard]] static int CaptionHeight(HDC dc);
     [[nodiscard]] RECT PixelsOf(const TwipsRect& place) const;
@@ -59,7 +70,10 @@ class PanelPainter {
     BackBuffer picture_;
     UniqueFont font_;
     UniqueFont captionFont_;
-    std::array<RECT, kPanelLabels.size()> reach_{};
+    std::unique_ptr<SelectedObject> selectedFont_;   // the labels', in the picture
+    std::vector<int> plainWidths_;                   // empty where the system does not tell them
+    std::array<RECT, kPanelLabels.size()> reach_{};  // what a label's text can reach, in pixels
+    std::array<RECT, kPanelLabels.size()> inked_{};  // where its text is now
     std::array<int, kPanelLabels.size()> textTop_{};
     int lineHeight_ = 0;
     std::wstring caption_ = kPanelDesignTitle;

@@ -41,7 +41,9 @@ StatusPanelView::StatusPanelView(HWND form, double twipsPerPixelX, double twipsP
     // Not visible before there is something to show. No WS_CLIPCHILDREN: the panel draws what its
     // labels show.
     design.Style = WS_CHILD | WS_CLIPSIBLINGS;
+    design.ClassStyle = CS_OWNDC;
     Create(design);
+    dc_ = GetDC(Handle());
     MakeLabels(slogan);
     painter_ = std::make_unique<PanelPainter>(twipsPerPixelX_, twipsPerPixelY_, texts_);
     copyFrame_ = std::make_unique<CopyFrame>(Handle(), PixelsOf(kCopyFramePlace),
@@ -112,6 +114,10 @@ void StatusPanelView::CloseClip() {
 
 void StatusPanelView::ShowCopyFrame(bool visible) {
     copyFrame_->Show(visible);
+    if (Handle() != nullptr) {
+        SelectClipRgn(dc_, nullptr);
+        KeepClearOfCopyFrame(dc_);
+    }
     if (!visible) {
         Show(PixelsOf(kCopyFramePlace));
     }
@@ -164,27 +170,28 @@ void StatusPanelView::Redraw() {
 }
 
 void StatusPanelView::RedrawLabel(std::size_t label) {
-    if (!isSeen_) {
-        return;
+    if (isSeen_) {
+        Show(painter_->DrawLabel(label, texts_));
     }
-    painter_->DrawLabel(label, texts_);
-    Show(painter_->ReachOf(label));
 }
 
 // Copies a part of the picture to the screen at once, without waiting for a WM_PAINT.
 void StatusPanelView::Show(const RECT& part) {
-    // Without a window this would be the whole screen.
     if (isSeen_ && Handle() != nullptr) {
-        CopyPicture(WindowDC(Handle()).get(), part);
+        CopyPicture(dc_, part);
     }
 }
 
 void StatusPanelView::CopyPicture(HDC target, const RECT& part) const {
+    painter_->Picture().CopyTo(target, part.left, part.top, part);
+}
+
+// The window's own device context is told once, when the frame appears.
+void StatusPanelView::KeepClearOfCopyFrame(HDC target) const {
     if (copyFrame_->IsShown()) {
         const RECT covered = PixelsOf(kCopyFramePlace);
         ExcludeClipRect(target, covered.left, covered.top, covered.right, covered.bottom);
     }
-    painter_->Picture().CopyTo(target, part.left, part.top, part);
 }
 
 LRESULT StatusPanelView::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -195,6 +202,7 @@ LRESULT StatusPanelView::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             Paint([this](HDC target, const RECT& part) { CopyPicture(target, part); });
             return 0;
         case WM_PRINTCLIENT:
+            KeepClearOfCopyFrame(reinterpret_cast<HDC>(wParam));
             CopyPicture(reinterpret_cast<HDC>(wParam), WholePicture());
             return 0;
         default:

@@ -15,7 +15,9 @@ namespace ambrio {
 
 // fraStatus, the panel that shows the run: a child window of the form, whose labels are child
 // windows of its own. It is drawn in memory as a whole and shown by one copy, so that nothing
-// flickers. When the form is gone, everything here goes on doing nothing visible.
+// flickers. A label that changes is shown at once, without a message and in a device context that
+// is kept, as that happens with every file. When the form is gone, everything here goes on doing
+// nothing visible.
 class StatusPanelView : public Window, public StatusPanel {
   public:
     // The form is not owned. `mouseDown` is called for a press of any button on the panel.
@@ -55,6 +57,7 @@ class StatusPanelView : public Window, public StatusPanel {
     void RedrawLabel(std::size_t label);
     void Show(const RECT& part);
     void CopyPicture(HDC target, const RECT& part) const;
+    void KeepClearOfCopyFrame(HDC target) const;
 
     double twipsPerPixelX_;
     double twipsPerPixelY_;
@@ -65,6 +68,7 @@ class StatusPanelView : public Window, public StatusPanel {
     PanelTexts texts_{};
     std::unique_ptr<PanelPainter> painter_;
     std::unique_ptr<CopyFrame> copyFrame_;
+    HDC dc_ = nullptr;  // the window's own, valid as long as the window
     bool isSeen_ = true;
     bool isClipPlaying_ = false;
 };

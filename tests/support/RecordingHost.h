@@ -17,6 +17,10 @@ class RecordingHost : public RunHost {
             OnDoEvents(EventCount);
         }
     }
+    void DoEventsSoon() override {
+        ++SoonCount;
+        DoEvents();
+    }
     void ShowMessage(const std::wstring& text, MessageIcon icon) override {
         Note((icon == MessageIcon::CriticalStop ? L"stop box " : L"box ") + text);
     }
@@ -47,6 +51,7 @@ class RecordingHost : public RunHost {
 
     std::function<void(int)> OnDoEvents;  // gets the number of the call, from 1
     int EventCount = 0;
+    int SoonCount = 0;  // how many of these could have waited
     bool Starts = true;
     std::vector<std::wstring> Systems = {L"C:\\Windows\\System32"};
     bool EndTimerEnabled = false;

@@ -340,5 +340,39 @@ TEST_F(FileCopierTest, ANewerCopyThatAppearsAfterTheListingIsLeft) {
     EXPECT_EQ(Bench.Files.Content(kTo), "old");
 }
 
+// Only after a file that was looked at and left alone may events wait for their turn.
+TEST_F(FileCopierTest, EventsRunAtOnceAfterEveryCopyAndRemovalAlsoAFailedOne) {
+    Type(kCopyTypeReadOnly);
+    Yes(kDeleteCopyReadOnlyKey);
+    const auto file = [this](const wchar_t* name, FileAttributes attributes, bool hasCopy) {
+        Bench.Files.WriteFile(std::wstring(L"C:\\From\\") + name, "x", attributes, kTime);
+        if (hasCopy) {
+            Bench.Files.WriteFile(std::wstring(L"C:\\To\\") + name, "x", 0, kTime);
+        }
+    };
+    file(L"unchanged", 0, true);
+    file(L"unchanged too", 0, true);
+    file(L"left out", kAttributeReadOnly, false);
+    file(L"new", 0, false);
+    file(L"new, but fails", 0, false);
+    file(L"to be removed", kAttributeReadOnly, true);
+    FailingFileSystem failing(
+        Bench.Files, {.Kind = FileOperation::CopyFile, .Matches = On(L"C:\\From\\new, but fails")});
+    Bench.Run(failing, Bench.Settings);
+    EXPECT_EQ(Bench.State.FilesChecked, 6);
+    EXPECT_EQ(Bench.State.CopyErrors, 1);
+    EXPECT_EQ(Bench.State.CopiesRemoved, 1);
+    EXPECT_EQ(Bench.Host.SoonCount, 3);
+    // One more before each copy, and one while it is made, which the failed one is not.
+    EXPECT_EQ(Bench.Host.EventCount, 6 + 2 + 1);
+}
+
+TEST_F(FileCopierTest, EventsRunAtOnceAfterAFileThatStopsTheRun) {
+    Source(0);
+    RunWithFault({.Kind = FileOperation::GetFile, .Matches = On(kFrom)});
+    EXPECT_EQ(Bench.Host.EventCount, 1);
+    EXPECT_EQ(Bench.Host.SoonCount, 0);
+}
+
 }  // namespace
 }  // namespace ambrio

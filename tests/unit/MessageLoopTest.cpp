@@ -8,6 +8,7 @@
 
 #include "platform/win32/windows/FormTimer.h"
 #include "platform/win32/windows/Window.h"
+#include "tests/support/win32/ReplacedImport.h"
 
 namespace ambrio {
 namespace {
@@ -170,6 +171,39 @@ TEST(MessageLoop, GoesOnForAQuitThatAnotherProgramPosts) {
     window.Post(kEndOfTheProgram);
     RunMessageLoop();
     EXPECT_EQ("129", window.Received);
+}
+
+int queueLooks = 0;
+
+BOOL WINAPI CountedPeek(LPMSG message, HWND window, UINT first, UINT last, UINT options) {
+    using Peek = decltype(PeekMessageW);
+    static const auto system = reinterpret_cast<Peek*>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "PeekMessageW")));
+    ++queueLooks;
+    return system(message, window, first, last, options);
+}
+
+// A look into the queue costs twice what the question after its state does; so it is taken often
+// enough to show that the program is alive, and no more often.
+TEST(MessageLoop, LooksIntoTheQueueOnlyNowAndThenWhileNothingWaits) {
+    const EventWindow window;
+    HandleWaitingMessages();
+    HandleWaitingMessages();
+    queueLooks = 0;
+    const ReplacedImport peek(L"user32.dll", "PeekMessageW", reinterpret_cast<void*>(&CountedPeek));
+    const auto start = SteadyClock::now();
+    int questions = 0;
+    while (SteadyClock::now() - start < 120ms) {
+        HandleWaitingMessages();
+        ++questions;
+    }
+    const auto lasted = SteadyClock::now() - start;
+    EXPECT_GE(queueLooks, questions > 2 ? 1 : 0);
+    EXPECT_LE(queueLooks, lasted / 50ms + 1);
+    queueLooks = 0;
+    window.Post(1);
+    HandleWaitingMessages();
+    EXPECT_GE(queueLooks, 1) << "what waits is taken at once";
 }
 
 }  // namespace

@@ -26,6 +26,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/DriveLetterTest.cpp
     tests/unit/DriveReconnectionTest.cpp
     tests/unit/EllipsisTest.cpp
+    tests/unit/EventPaceTest.cpp
     tests/unit/FileCopierTest.cpp
     tests/unit/FileHazardTest.cpp
     tests/unit/FileSystemDoublesTest.cpp
@@ -106,6 +107,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/LinkOwnerTest.cpp
     tests/unit/LineCanvasTest.cpp
     tests/unit/MessageLoopTest.cpp
+    tests/unit/PanelCallsTest.cpp
     tests/unit/PanelOnlookersTest.cpp
     tests/unit/PanelTextTest.cpp
     tests/unit/PointerTest.cpp

@@ -17,9 +17,10 @@ HINSTANCE Instance() {
 thread_local Window* windowBeingMade = nullptr;
 
 // Registering a class for the second time fails and changes nothing.
-void RegisterWindowClass(const wchar_t* name, WNDPROC procedure) {
+void RegisterWindowClass(const wchar_t* name, UINT style, WNDPROC procedure) {
     WNDCLASSEXW design{};
     design.cbSize = sizeof(design);
+    design.style = style;
     design.lpfnWndProc = procedure;
     design.hInstance = Instance();
     design.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
@@ -51,7 +52,7 @@ Window::~Window() {
 }
 
 void Window::Create(const WindowDesign& design) {
-    RegisterWindowClass(design.ClassName, &Window::Procedure);
+    RegisterWindowClass(design.ClassName, design.ClassStyle, &Window::Procedure);
     const auto id = static_cast<INT_PTR>(design.ControlId);
     windowBeingMade = this;
     const HWND made =

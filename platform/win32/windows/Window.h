@@ -7,6 +7,7 @@ namespace ambrio {
 // What a window is made of. Places are pixels: of the screen, or of the parent for a child.
 struct WindowDesign {
     const wchar_t* ClassName = nullptr;  // registered by the first window of that class
+    UINT ClassStyle = 0;                 // the same for every window of that class
     const wchar_t* Text = L"";
     DWORD Style = 0;
     DWORD ExtendedStyle = 0;
