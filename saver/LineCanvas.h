@@ -22,8 +22,9 @@ class LineCanvas {
     LineCanvas& operator=(const LineCanvas&) = delete;
 
     // Shows these lines, in the order of their keys, and no others at once; only what changed since
-    // the last call is drawn, in the palette's colours. Follows the window's size by itself. Without memory for the buffer the window is black, and
-    // every hundredth call asks for memory again. `twips` are those of the lines' places.
+    // the last call is drawn, in the palette's colours. Follows the window's size by itself.
+    // Without memory for the buffer the window is black, and every hundredth call asks for memory
+    // again. `twips` are those of the lines' places.
     void Draw(std::span<const Line> lines, const Palette& palette, const ScreenTwips& twips);
 
     // Shows this part of the picture again, at once: something that lay before it has moved.

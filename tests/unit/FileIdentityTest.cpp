@@ -1,12 +1,12 @@
 #include "platform/win32/files/FileIdentity.h"
 
 #include <gtest/gtest.h>
-#include <winternl.h>
 
 #include <cstring>
 #include <memory>
 #include <string_view>
 
+#include "platform/win32/NativeHeaders.h"
 #include "tests/conformance/win32/Win32World.h"
 #include "tests/support/win32/ReplacedImport.h"
 

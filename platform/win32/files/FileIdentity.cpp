@@ -1,9 +1,8 @@
 #include "platform/win32/files/FileIdentity.h"
 
-#include <winternl.h>
-
 #include <string_view>
 
+#include "platform/win32/NativeHeaders.h"
 #include "platform/win32/files/NameRules.h"
 #include "platform/win32/system/Handle.h"
 #include "platform/win32/system/TextOfCall.h"
