@@ -41,6 +41,7 @@ set(SAVER_WIN32_SOURCES
     saver/form/Windows9x.cpp
     saver/panel/ClipControl.cpp
     saver/panel/CopyFrame.cpp
+    saver/panel/LastDigits.cpp
     saver/panel/PanelFrame.cpp
     saver/panel/PanelLabelWindow.cpp
     saver/panel/PanelPainter.cpp

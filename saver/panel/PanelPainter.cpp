@@ -92,6 +92,15 @@ std::vector<std::wstring> SplitLines(const std::wstring& text) {
     return lines;
 }
 
+bool IsDigit(wchar_t unit) {
+    return unit >= L'0' && unit <= L'9';
+}
+
+bool IsAllButLastEqual(const std::wstring& one, const std::wstring& other) {
+    return one.size() == other.size() &&
+           one.compare(0, one.size() - 1, other, 0, one.size() - 1) == 0;
+}
+
 bool Touch(const RECT& a, const RECT& b) {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
@@ -171,17 +180,43 @@ void PanelPainter::DrawFrame(const PanelTexts& texts) {
     DrawBackground();
     for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
         inked_[i] = reach_[i];
+        lastDigits_[i].Forget();
     }
     DrawLabels({0, 0, picture_.Width(), picture_.Height()}, texts);
 }
 
 RECT PanelPainter::DrawLabel(std::size_t label, const PanelTexts& texts) {
-    const RECT place = PlaceOf(label, LinesOf(label, *texts[label]));
+    const std::wstring& text = *texts[label];
+    const std::optional<RECT> lastDigit = LastDigitOf(label, text);
+    if (lastDigit && IsAllButLastEqual(text, shown_[label]) &&
+        lastDigits_[label].Show(picture_.DC(), *lastDigit, *(text.end() - 2), text.back())) {
+        shown_[label] = text;
+        return *lastDigit;
+    }
+    const RECT place = PlaceOf(label, LinesOf(label, text));
     RECT changed = inked_[label];
     UnionRect(&changed, &changed, &place);
     inked_[label] = changed;
     DrawLabels(changed, texts);
+    if (lastDigit) {
+        lastDigits_[label].Keep(picture_.DC(), *lastDigit, *(text.end() - 2), text.back());
+    }
     return changed;
+}
+
+std::optional<RECT> PanelPainter::LastDigitOf(std::size_t label, const std::wstring& text) const {
+    if (kPanelLabels[label].Alignment != TextAlignment::Right || text.size() < 2 ||
+        !std::all_of(text.begin(), text.end(), IsDigit) || plainWidths_.empty()) {
+        return std::nullopt;
+    }
+    const RECT& reach = reach_[label];
+    const int top = textTop_[label];
+    const int width = WidthOf(text.substr(text.size() - 1));
+    if (WidthOf(text) > reach.right - reach.left) {
+        return std::nullopt;
+    }
+    return RECT{reach.right - width - lineHeight_ / kOverhangs, top, reach.right,
+                top + lineHeight_};
 }
 
 void PanelPainter::DrawBackground() {
@@ -235,6 +270,7 @@ void PanelPainter::DrawLabels(const RECT& area, const PanelTexts& texts) {
             WriteText(picture_.DC(), line.Left, line.Top, colour, line.Text, &room);
         }
         inked_[i] = PlaceOf(i, lines);
+        shown_[i] = *texts[i];
     }
 }
 

@@ -2,11 +2,13 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/win32/windows/BackBuffer.h"
 #include "saver/animation/AnimatedFrame.h"
+#include "saver/panel/LastDigits.h"
 #include "saver/panel/PanelControls.h"
 
 namespace ambrio {
@@ -58,6 +60,10 @@ class PanelPainter {
     // The part of the picture that these lines can reach.
     [[nodiscard]] RECT PlaceOf(std::size_t label, const std::vector<TextLine>& lines) const;
     [[nodiscard]] int WidthOf(const std::wstring& text) const;
+    // Where the last digit of a label is, with what it may reach of the one before; nothing where
+    // its text is no count.
+    [[nodiscard]] std::optional<RECT> LastDigitOf(std::size_t label,
+                                                  const std::wstring& text) const;
     // Of the frame's caption, when the device context has its font.
     [[nodiscard]] static int CaptionHeight(HDC dc);
     [[nodiscard]] RECT PixelsOf(const TwipsRect& place) const;
@@ -75,6 +81,8 @@ class PanelPainter {
     std::array<RECT, kPanelLabels.size()> reach_{};  // what a label's text can reach, in pixels
     std::array<RECT, kPanelLabels.size()> inked_{};  // where its text is now
     std::array<int, kPanelLabels.size()> textTop_{};
+    std::array<std::wstring, kPanelLabels.size()> shown_;
+    std::array<LastDigits, kPanelLabels.size()> lastDigits_;  // of the counts
     int lineHeight_ = 0;
     std::wstring caption_ = kPanelDesignTitle;
     Colour backColor_{24, 56, 112};

@@ -155,5 +155,41 @@ TEST(PanelText, ShortensEachLineByItself) {
               PixelsIn(pictureOf(longLine + L"\r\nsee it"), upper));
 }
 
+// What is kept of one digit must fit every number in which it is shown again.
+TEST(PanelText, CountsAsItWouldWriteEachNumberAnew) {
+    for (const int dotsPerInch : {96, 168}) {
+        const Panel counting(dotsPerInch);
+        const Panel writing(dotsPerInch);
+        const RECT box = counting.Place(PanelControl::lblChecked);
+        for (const int start : {0, 90, 1970, 19'990}) {
+            for (int i = start; i < start + 45; ++i) {
+                const std::wstring number = std::to_wstring(i);
+                counting.View->SetCaption(PanelLabel::lblChecked, number);
+                writing.View->SetCaption(PanelLabel::lblChecked, number);
+                writing.View->Redraw();
+                ASSERT_EQ(PixelsIn(counting.Picture(), box), PixelsIn(writing.Picture(), box))
+                    << number << " at " << dotsPerInch;
+            }
+        }
+    }
+}
+
+TEST(PanelText, ForgetsHowDigitsLookedInOtherColours) {
+    const Panel panel;
+    const RECT box = panel.Place(PanelControl::lblChecked);
+    const auto count = [&panel] {
+        for (int i = 100; i < 130; ++i) {
+            panel.View->SetCaption(PanelLabel::lblChecked, std::to_wstring(i));
+        }
+    };
+    count();
+    panel.View->SetLabelColours({{255, 0, 0}, {0, 255, 0}, {0, 0, 255}});
+    panel.View->Redraw();
+    count();
+    const auto counted = PixelsIn(panel.Picture(), box);
+    panel.View->Redraw();
+    EXPECT_EQ(counted, PixelsIn(panel.Picture(), box));
+}
+
 }  // namespace
 }  // namespace ambrio
