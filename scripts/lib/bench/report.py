@@ -26,7 +26,7 @@ def slope(times, small, large):
     return (median(times[large]) - median(times[small])) / (large - small) * 1e6
 
 
-def draw_chart(file, series):
+def draw_chart(file, job, series):
     """series: {program: [(files, microseconds a file), ...]}, as an SVG with logarithmic files."""
     from math import log10
     points = [point for line in series.values() for point in line]
@@ -43,8 +43,8 @@ def draw_chart(file, series):
     parts = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{WIDTH}" height="{HEIGHT}" '
              'font-family="sans-serif" font-size="12">',
              f'<rect width="{WIDTH}" height="{HEIGHT}" fill="white"/>',
-             f'<text x="{MARGIN}" y="24" font-size="14">First copy: microseconds a file, '
-             'against the number of files</text>']
+             f'<text x="{MARGIN}" y="24" font-size="14">{job.capitalize()}: microseconds a '
+             'file, start-up included, against the number of files</text>']
     for count in sorted({count for count, _ in points}):
         x, _ = place(count, 0)
         parts.append(f'<text x="{x:.0f}" y="{HEIGHT - MARGIN + 20}" text-anchor="middle">'

@@ -56,6 +56,24 @@ def copy_of(tree, folder):
     shutil.copytree(tree, folder, symlinks=True, copy_function=shutil.copy2)
 
 
+def part_of(tree, folder, share):
+    """A tree's folders with every so many of each one's files; links are left out."""
+    for place, names, files in os.walk(tree):
+        names.sort()
+        part = Path(folder) / os.path.relpath(place, tree)
+        part.mkdir(parents=True, exist_ok=True)
+        for file in sorted(files)[::share]:
+            original = Path(place) / file
+            if original.is_file() and not original.is_symlink():
+                shutil.copy2(original, part / file)
+
+
+def links_to(tree, folder):
+    """A backup of the tree, made of second names of its files, which is as good where nothing is
+    copied."""
+    shutil.copytree(tree, folder, copy_function=os.link)
+
+
 def change_some(tree, share, time):
     """Gives every so many files another time, later than any before."""
     for number, file in enumerate(sorted(path for path in Path(tree).rglob("*") if path.is_file())):
