@@ -83,7 +83,7 @@ power_cut_run() {
     before=$(ended)
     wine_do "$@" wine "$folder/disk/program/Ambrio.scr" /S >/dev/null 2>&1 &
     local saver=$!
-    for ((waited = 0; waited < 600; waited++)); do
+    for ((waited = 0; waited < 1800; waited++)); do
         [ "$(ended)" = "$before" ] || break
         sleep 0.1
     done
