@@ -5,7 +5,7 @@
 namespace ambrio {
 namespace {
 
-constexpr DWORD kYieldInterval = 50;  // ms
+constexpr DWORD kAnswerInterval = 50;  // ms
 
 }  // namespace
 
@@ -50,7 +50,7 @@ void WorkerThread::WaitUntilDone(const Yield& yield) const {
         return;
     }
     // Input that has come before counts too: nobody may have looked at it yet.
-    while (MsgWaitForMultipleObjectsEx(1, &done, kYieldInterval, QS_ALLINPUT,
+    while (MsgWaitForMultipleObjectsEx(1, &done, kAnswerInterval, QS_ALLINPUT,
                                        MWMO_INPUTAVAILABLE) != WAIT_OBJECT_0) {
         yield();
     }
