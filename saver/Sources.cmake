@@ -20,6 +20,7 @@ set(SAVER_MODEL_SOURCES
     saver/model/DesktopSettings.cpp
     saver/model/Ellipsis.cpp
     saver/model/InputRules.cpp
+    saver/model/PanelFace.cpp
     saver/model/WaitText.cpp
 )
 
@@ -42,6 +43,7 @@ set(SAVER_WIN32_SOURCES
     saver/panel/ClipControl.cpp
     saver/panel/CopyFrame.cpp
     saver/panel/LastDigits.cpp
+    saver/panel/PanelFont.cpp
     saver/panel/PanelFrame.cpp
     saver/panel/PanelLabelWindow.cpp
     saver/panel/PanelPainter.cpp

@@ -1,6 +1,7 @@
 // Draws the clip that the panel plays while files are copied, and writes it to the file that the
 // command line names: sheets of paper leave one folder, fly over and slip into another one.
 
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <fstream>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "AviFile.h"
+#include "ClipTiming.h"
 #include "Picture.h"
 
 namespace {
@@ -22,7 +24,7 @@ using clip::Shape;
 using clip::Turned;
 
 constexpr int kPictures = 30;
-constexpr std::uint32_t kMicroseconds = 50000;  // that each is shown
+constexpr std::chrono::microseconds kMicroseconds = clip::kPictureTime;  // that each is shown
 
 // The size of the copy frame at 96 dpi, which is what the shapes are drawn for, and how many pixels
 // of the clip make one of these: the clip is sharp up to 192 dpi.
@@ -156,7 +158,7 @@ int main(int argc, char** argv) {
         pictures.push_back(PictureAt(static_cast<double>(i) / kPictures));
     }
     std::ofstream file(argv[1], std::ios::binary);
-    file << clip::AviFile(pictures, kMicroseconds);
+    file << clip::AviFile(pictures, static_cast<std::uint32_t>(kMicroseconds.count()));
     file.close();
     if (!file) {
         std::cerr << "MakeClip: cannot write " << argv[1] << '\n';

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "resources/clip/ClipTiming.h"
 #include "saver/model/ClipScaling.h"
 #include "saver/panel/PanelControls.h"
 
@@ -10,7 +11,6 @@ namespace ambrio {
 namespace {
 
 constexpr UINT_PTR kPictureTimer = 1;
-constexpr std::chrono::milliseconds kPictureInterval{50};
 
 // As pixels in memory have it.
 std::uint32_t PixelOf(COLORREF colour) {
@@ -22,7 +22,7 @@ std::uint32_t PixelOf(COLORREF colour) {
 
 CopyFrame::CopyFrame(HWND parent, const RECT& place, double pixelSize, COLORREF colour)
     : pixelSize_(pixelSize),
-      pictures_(kPictureTimer, kPictureInterval),
+      pictures_(kPictureTimer, clip::kPictureTime),
       picture_(PixelBuffer::Make({place.right - place.left, place.bottom - place.top})),
       colour_(colour) {
     WindowDesign design =

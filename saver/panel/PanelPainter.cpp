@@ -2,69 +2,35 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <string_view>
 #include <vector>
 
 #include "platform/Twips.h"
 #include "saver/SystemColour.h"
 #include "saver/model/Ellipsis.h"
+#include "saver/model/PanelFace.h"
 
 namespace ambrio {
 namespace {
 
-constexpr int kTextHeight = 160;  // twips: eight points
-constexpr int kMargin = 45;       // of the plate inside the frame, twips
-constexpr int kCorner = 90;       // the plate's rounding, twips
+constexpr int kBorder = 45;     // twips, on all sides
+constexpr int kRounding = 330;  // the diameter of the corners, twips
+constexpr int kCaptionTop = 45;
 constexpr int kCaptionLeft = 120;
 constexpr int kGap = 45;      // between a fixed text and a count beside it, twips
 constexpr int kSameRow = 15;  // how far apart a fixed text and its value may have been drawn, twips
-constexpr int kTightestLine = 7;  // eighths of a line's height, where two share a box
-constexpr int kOverhangs = 4;     // how many times a glyph's part beside its room goes into a line
-constexpr wchar_t kFirstPlain = L' ';
-constexpr wchar_t kLastPlain = L'~';
+constexpr int kTightestLine = 7;   // eighths of a line's height, where two share a box
+constexpr int kOverhangs = 4;      // how many times a glyph's part beside its room goes into a line
 constexpr int kBelowCaption = 30;  // from the frame's caption to the first row, twips
+constexpr int kFirstNarrowRow = 1900;
+constexpr int kNarrowRow = 240;  // from one of them to the next
+constexpr int kWidestCount = 5;  // digits that stand beside any fixed text
 
-Colour Between(Colour a, Colour b) {
-    const auto half = [](std::uint8_t x, std::uint8_t y) {
-        return static_cast<std::uint8_t>((x + y) / 2);
-    };
-    return {half(a.Red, b.Red), half(a.Green, b.Green), half(a.Blue, b.Blue)};
-}
-
-UniqueFont MakeFont(const wchar_t* face, int pixels, int weight) {
-    return UniqueFont(CreateFontW(-pixels, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
-                                  OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY,
-                                  VARIABLE_PITCH | FF_SWISS, face));
-}
-
-// The layout was drawn for the first of these faces; the others are as narrow. A system without
-// any of them chooses by itself.
-UniqueFont MakePanelFont(HDC dc, int pixels, int weight) {
-    for (const wchar_t* face : {L"Tahoma", L"DejaVu Sans Condensed", L"Arial"}) {
-        UniqueFont font = MakeFont(face, pixels, weight);
-        const SelectedObject selected(dc, font.get());
-        wchar_t chosen[LF_FACESIZE];
-        GetTextFaceW(dc, LF_FACESIZE, chosen);
-        if (std::wstring_view(chosen) == face) {
-            return font;
-        }
-    }
-    return MakeFont(L"Tahoma", pixels, weight);
-}
-
-SIZE Extent(HDC dc, const std::wstring& text) {
-    SIZE size{};
-    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
-    return size;
-}
-
-// Nothing outside the room, where one is given.
-void WriteText(HDC dc, int left, int top, Colour colour, const std::wstring& text,
-               const RECT* room = nullptr) {
-    SetTextColor(dc, SystemColour(colour));
-    ExtTextOutW(dc, left, top, room == nullptr ? 0 : ETO_CLIPPED, room, text.c_str(),
-                static_cast<UINT>(text.size()), nullptr);
-}
+// Heights of letters, in twips: 240 are twelve points.
+constexpr int kValueHeight = 210;
+constexpr int kLargest = 195;
+constexpr int kTitleHeight = 180;
+constexpr int kSmallest = 150;
+constexpr int kFinest = 5;
 
 // The fixed text that stands before this label in its row; the label itself where there is none.
 std::size_t RowOf(std::size_t label) {
@@ -118,14 +84,16 @@ PanelPainter::PanelPainter(double twipsPerPixelX, double twipsPerPixelY, const P
       twipsPerPixelY_(twipsPerPixelY),
       background_(Across(kStatusFramePlace.Width), Down(kStatusFramePlace.Height)),
       picture_(background_.Width(), background_.Height()),
-      font_(MakePanelFont(picture_.DC(), Down(kTextHeight), FW_NORMAL)),
-      captionFont_(MakePanelFont(picture_.DC(), Down(kTextHeight), FW_BOLD)) {
+      face_(PanelFace(
+          [this](const wchar_t* name) { return PanelFont::IsThere(picture_.DC(), name); })),
+      captionFont_(MakeFont(kTitleHeight, FW_BOLD)) {
     SetBkMode(background_.DC(), TRANSPARENT);
     SetBkMode(picture_.DC(), TRANSPARENT);
+    SettleFonts(texts);
     SettleRows();
     SettleReaches(texts);
-    selectedFont_ = std::make_unique<SelectedObject>(picture_.DC(), font_.get());
-    SettleWidths();
+    selected_ = FontOf(TextKind::Value).Handle();
+    selection_ = std::make_unique<SelectedObject>(picture_.DC(), selected_);
 }
 
 int PanelPainter::Across(int twips) const {
@@ -139,39 +107,87 @@ RECT PanelPainter::PixelsOf(const TwipsRect& place) const {
     return PixelsOfTwips(place, twipsPerPixelX_, twipsPerPixelY_);
 }
 
-// A fixed text and what it explains stand on one line, whichever pixels their boxes begin at. The
-// first row keeps clear of the frame's caption.
-void PanelPainter::SettleRows() {
-    const SelectedObject captionFont(picture_.DC(), captionFont_.get());
-    const int first = CaptionHeight(picture_.DC()) + Down(kBelowCaption);
-    for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
-        textTop_[i] = std::max(Down(kPanelLabels[RowOf(i)].Place.Top), first);
+PanelPainter::TextKind PanelPainter::KindOf(const PanelLabelDesign& design) {
+    if (design.Place.Top >= kFirstNarrowRow) {
+        return TextKind::Count;
     }
-    const SelectedObject font(picture_.DC(), font_.get());
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(picture_.DC(), &metrics);
-    lineHeight_ = metrics.tmHeight;
+    return design.IsFixed ? TextKind::Caption : TextKind::Value;
+}
+
+PanelFont PanelPainter::MakeFont(int twips, int weight) const {
+    return {picture_.DC(), face_, Down(twips), weight};
+}
+
+// As large as the places allow.
+void PanelPainter::SettleFonts(const PanelTexts& texts) {
+    fonts_[static_cast<std::size_t>(TextKind::Value)] = MakeFont(kValueHeight, FW_NORMAL);
+    for (const TextKind kind : {TextKind::Caption, TextKind::Count}) {
+        int twips = kLargest;
+        do {
+            fonts_[static_cast<std::size_t>(kind)] = MakeFont(twips, FW_NORMAL);
+            twips -= kFinest;
+        } while (twips >= kSmallest && !Fits(kind, texts));
+    }
+}
+
+// Whether each fixed text of a kind leaves room for what it explains.
+bool PanelPainter::Fits(TextKind kind, const PanelTexts& texts) const {
+    const PanelFont& font = FontOf(kind);
+    if (kind == TextKind::Count && font.LineHeight() > Down(kNarrowRow)) {
+        return false;
+    }
+    const LONG count = font.WidthOf(std::wstring(kWidestCount, L'8'));
+    for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
+        const std::size_t row = RowOf(i);
+        if (row == i || KindOf(kPanelLabels[row]) != kind) {
+            continue;
+        }
+        const RECT value = PixelsOf(kPanelLabels[i].Place);
+        const LONG right = kind == TextKind::Count ? value.right - count : value.left;
+        const LONG end =
+            PixelsOf(kPanelLabels[row].Place).left + font.WidthOf(*texts[row]) + Across(kGap);
+        if (end > right) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// A fixed text and what it explains stand on one line, whichever pixels their boxes begin at and
+// however large they are. The first row keeps clear of the frame's caption, the last of the clip.
+void PanelPainter::SettleRows() {
+    const int first = Down(kCaptionTop) + captionFont_.LineHeight() + Down(kBelowCaption);
+    for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
+        const PanelLabelDesign& row = kPanelLabels[RowOf(i)];
+        const bool isNarrow = KindOf(row) == TextKind::Count;
+        const PanelFont& tallest = FontOf(isNarrow ? TextKind::Count : TextKind::Value);
+        baseline_[i] = std::max(Down(row.Place.Top), first) + tallest.Ascent();
+        if (row.Place.Top < kCopyFramePlace.Top) {
+            const int below = tallest.LineHeight() - tallest.Ascent();
+            baseline_[i] = std::min(baseline_[i], Down(kCopyFramePlace.Top) - below);
+        }
+    }
 }
 
 // A fixed text is shown whole, also where it is wider than its box; a count may also use the room
 // that the fixed text on its left leaves.
 void PanelPainter::SettleReaches(const PanelTexts& texts) {
-    const SelectedObject font(picture_.DC(), font_.get());
     for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
         const PanelLabelDesign& design = kPanelLabels[i];
+        const PanelFont& font = FontOf(KindOf(design));
+        const LONG top = baseline_[i] - font.Ascent();
         reach_[i] = PixelsOf(design.Place);
-        reach_[i].top = std::min<LONG>(reach_[i].top, textTop_[i]);
-        reach_[i].bottom = std::max<LONG>(reach_[i].bottom, textTop_[i] + lineHeight_);
-        const LONG width = Extent(picture_.DC(), *texts[i]).cx;
+        reach_[i].top = std::min(reach_[i].top, top);
+        reach_[i].bottom = std::max(reach_[i].bottom, top + font.LineHeight());
         if (design.IsFixed && design.Alignment == TextAlignment::Left) {
-            reach_[i].right = std::max(reach_[i].right, reach_[i].left + width);
+            reach_[i].right = std::max(reach_[i].right, reach_[i].left + font.WidthOf(*texts[i]));
         }
         if (design.IsFixed || design.Alignment != TextAlignment::Right) {
             continue;
         }
         if (const std::size_t row = RowOf(i); row != i) {
-            reach_[i].left = PixelsOf(kPanelLabels[row].Place).left +
-                             Extent(picture_.DC(), *texts[row]).cx + Across(kGap);
+            reach_[i].left =
+                PixelsOf(kPanelLabels[row].Place).left + font.WidthOf(*texts[row]) + Across(kGap);
         }
     }
 }
@@ -205,55 +221,70 @@ RECT PanelPainter::DrawLabel(std::size_t label, const PanelTexts& texts) {
 }
 
 std::optional<RECT> PanelPainter::LastDigitOf(std::size_t label, const std::wstring& text) const {
+    const PanelFont& font = FontOf(KindOf(kPanelLabels[label]));
     if (kPanelLabels[label].Alignment != TextAlignment::Right || text.size() < 2 ||
-        !std::all_of(text.begin(), text.end(), IsDigit) || plainWidths_.empty()) {
+        !std::all_of(text.begin(), text.end(), IsDigit) || !font.AddsWidthsUp()) {
         return std::nullopt;
     }
     const RECT& reach = reach_[label];
-    const int top = textTop_[label];
-    const int width = WidthOf(text.substr(text.size() - 1));
-    if (WidthOf(text) > reach.right - reach.left) {
+    const LONG top = baseline_[label] - font.Ascent();
+    const int width = font.WidthOf(text.substr(text.size() - 1));
+    if (font.WidthOf(text) > reach.right - reach.left) {
         return std::nullopt;
     }
-    return RECT{reach.right - width - lineHeight_ / kOverhangs, top, reach.right,
-                top + lineHeight_};
+    return RECT{reach.right - width - font.LineHeight() / kOverhangs, top, reach.right,
+                top + font.LineHeight()};
 }
 
+SIZE PanelPainter::Rounding() const {
+    return {Across(kRounding), Down(kRounding)};
+}
+
+// As wide on each side, whatever parts of pixels the border has across and down.
+RECT PanelPainter::PlateIn(const RECT& frame) const {
+    RECT plate = frame;
+    InflateRect(&plate, -Across(kBorder), -Across(kBorder));
+    return plate;
+}
+
+// The frame's own rounding is that of the window; the plate's runs beside it.
 void PanelPainter::DrawBackground() {
     const HDC dc = background_.DC();
     const UniqueBrush frame(CreateSolidBrush(SystemColour(backColor_)));
     const UniqueBrush plate(CreateSolidBrush(SystemColour(colours_.Plate)));
-    const UniquePen border(CreatePen(PS_SOLID, std::max(1, Across(15)),
-                                     SystemColour(Between(backColor_, colours_.Caption))));
+    const UniquePen edge(CreatePen(PS_SOLID, 1, SystemColour(colours_.Plate)));
     const RECT all{0, 0, background_.Width(), background_.Height()};
     FillRect(dc, &all, frame.get());
-    const SelectedObject pen(dc, border.get());
+    const SelectedObject pen(dc, edge.get());
     const SelectedObject brush(dc, plate.get());
-    RoundRect(dc, Across(kMargin), Down(kTextHeight) * 2 / 3, all.right - Across(kMargin),
-              all.bottom - Down(kMargin) / 2, Across(kCorner), Down(kCorner));
+    const RECT inner = PlateIn(all);
+    const auto [across, down] = Rounding();
+    RoundRect(dc, inner.left, inner.top, inner.right, inner.bottom, across - 2 * Across(kBorder),
+              down - 2 * Across(kBorder));
     DrawCaption(dc);
 }
 
-int PanelPainter::CaptionHeight(HDC dc) {
-    return Extent(dc, L"X").cy + 2;
+void PanelPainter::DrawCaption(HDC dc) {
+    const SelectedObject font(dc, captionFont_.Handle());
+    const int left = Across(kCaptionLeft);
+    const int room = background_.Width() - 2 * left;
+    const std::wstring text = Shortened(caption_, [this, room](const std::wstring& candidate) {
+        return captionFont_.WidthOf(candidate) <= room;
+    });
+    SetTextColor(dc, SystemColour(colours_.Text));
+    ExtTextOutW(dc, left, Down(kCaptionTop), 0, nullptr, text.c_str(),
+                static_cast<UINT>(text.size()), nullptr);
 }
 
-// The caption stands in the border, as on a group box.
-void PanelPainter::DrawCaption(HDC dc) {
-    const SelectedObject font(dc, captionFont_.get());
-    const int padding = Across(kCorner);
-    const RECT room{0, 0, background_.Width() - 2 * Across(kCaptionLeft) - 2 * padding, 0};
-    const std::wstring text = Shortened(caption_, [dc, &room](const std::wstring& candidate) {
-        return Extent(dc, candidate).cx <= room.right;
-    });
-    if (text.empty()) {
-        return;
+void PanelPainter::Write(const TextLine& line, Colour colour, const RECT& room) {
+    const HDC dc = picture_.DC();
+    if (selected_ != line.Font->Handle()) {
+        selected_ = line.Font->Handle();
+        SelectObject(dc, selected_);
     }
-    const SIZE size = Extent(dc, text);
-    const int left = Across(kCaptionLeft);
-    RoundRect(dc, left, 0, left + size.cx + 2 * padding, CaptionHeight(dc), Across(kCorner),
-              Down(kCorner));
-    WriteText(dc, left + padding, 1, colours_.Text, text);
+    SetTextColor(dc, SystemColour(colour));
+    ExtTextOutW(dc, line.Left, line.Top, ETO_CLIPPED, &room, line.Text.c_str(),
+                static_cast<UINT>(line.Text.size()), nullptr);
 }
 
 void PanelPainter::DrawLabels(const RECT& area, const PanelTexts& texts) {
@@ -267,43 +298,47 @@ void PanelPainter::DrawLabels(const RECT& area, const PanelTexts& texts) {
         RECT room = reach_[i];
         IntersectRect(&room, &room, &area);
         for (const TextLine& line : lines) {
-            WriteText(picture_.DC(), line.Left, line.Top, colour, line.Text, &room);
+            Write(line, colour, room);
         }
         inked_[i] = PlaceOf(i, lines);
         shown_[i] = *texts[i];
     }
 }
 
-// Each line of a text is shortened by itself. Lines move together where the box is low, and those
-// that it has no room for even so are left out.
+// Each line of a text is shortened by itself. Several are written smaller; they move together where
+// the box is low, and those that it has no room for even so are left out.
 std::vector<PanelPainter::TextLine> PanelPainter::LinesOf(std::size_t label,
                                                           const std::wstring& text) const {
     if (text.find(L'\n') == std::wstring::npos) {
-        return {LineOf(label, textTop_[label], text)};
+        const PanelFont& font = FontOf(KindOf(kPanelLabels[label]));
+        return {LineOf(label, font, baseline_[label] - font.Ascent(), text)};
     }
+    const PanelFont& font = FontOf(TextKind::Count);
     const std::vector<std::wstring> texts = SplitLines(text);
-    const int room = reach_[label].bottom - textTop_[label];
-    const int most = std::max(1, room / std::max(lineHeight_ * kTightestLine / 8, 1));
+    const int room = reach_[label].bottom - reach_[label].top;
+    const int most = std::max(1, room / std::max(font.LineHeight() * kTightestLine / 8, 1));
     const int count = std::min(static_cast<int>(texts.size()), most);
-    const int pitch = std::min(lineHeight_, room / count);
+    const int pitch = std::min(font.LineHeight(), room / count);
     std::vector<TextLine> lines;
     for (int line = 0; line < count; ++line) {
-        lines.push_back(
-            LineOf(label, textTop_[label] + line * pitch, texts[static_cast<std::size_t>(line)]));
+        lines.push_back(LineOf(label, font, reach_[label].top + line * pitch,
+                               texts[static_cast<std::size_t>(line)]));
     }
     return lines;
 }
 
-PanelPainter::TextLine PanelPainter::LineOf(std::size_t label, int top,
+PanelPainter::TextLine PanelPainter::LineOf(std::size_t label, const PanelFont& font, int top,
                                             const std::wstring& text) const {
     const RECT& reach = reach_[label];
     const int room = reach.right - reach.left;
     TextLine line;
-    line.Text = Shortened(
-        text, [this, room](const std::wstring& candidate) { return WidthOf(candidate) <= room; });
+    line.Text = Shortened(text, [&font, room](const std::wstring& candidate) {
+        return font.WidthOf(candidate) <= room;
+    });
+    line.Font = &font;
     line.Top = top;
     line.Left = reach.left;
-    line.Width = WidthOf(line.Text);
+    line.Width = font.WidthOf(line.Text);
     const TextAlignment alignment = kPanelLabels[label].Alignment;
     if (alignment != TextAlignment::Left) {
         const int spare = room - line.Width;
@@ -313,38 +348,17 @@ PanelPainter::TextLine PanelPainter::LineOf(std::size_t label, int top,
 }
 
 RECT PanelPainter::PlaceOf(std::size_t label, const std::vector<TextLine>& lines) const {
-    const int overhang = lineHeight_ / kOverhangs;
     RECT place{};
     for (const TextLine& line : lines) {
+        const int overhang = line.Font->LineHeight() / kOverhangs;
         const RECT box{line.Left - overhang, line.Top, line.Left + line.Width + overhang,
-                       line.Top + lineHeight_};
+                       line.Top + line.Font->LineHeight()};
         if (!line.Text.empty()) {
             UnionRect(&place, &place, &box);
         }
     }
     IntersectRect(&place, &place, &reach_[label]);
     return place;
-}
-
-void PanelPainter::SettleWidths() {
-    plainWidths_.resize(kLastPlain - kFirstPlain + 1);
-    if (GetCharWidth32W(picture_.DC(), kFirstPlain, kLastPlain, plainWidths_.data()) == FALSE) {
-        plainWidths_.clear();
-    }
-}
-
-// Plain characters stand beside each other without regard to what they are, so that their widths
-// add up; the system is asked for all else.
-int PanelPainter::WidthOf(const std::wstring& text) const {
-    int width = 0;
-    for (const wchar_t unit : text) {
-        const auto place = static_cast<std::size_t>(unit - kFirstPlain);
-        if (unit < kFirstPlain || place >= plainWidths_.size()) {
-            return Extent(picture_.DC(), text).cx;
-        }
-        width += plainWidths_[place];
-    }
-    return width;
 }
 
 }  // namespace ambrio

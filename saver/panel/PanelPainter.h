@@ -10,6 +10,7 @@
 #include "saver/animation/AnimatedFrame.h"
 #include "saver/panel/LastDigits.h"
 #include "saver/panel/PanelControls.h"
+#include "saver/panel/PanelFont.h"
 
 namespace ambrio {
 
@@ -32,6 +33,10 @@ class PanelPainter {
     void SetBackColor(Colour colour) { backColor_ = colour; }
     void SetLabelColours(const LabelColours& colours) { colours_ = colours; }
     [[nodiscard]] Colour BackColor() const { return backColor_; }
+    // What the labels stand on.
+    [[nodiscard]] Colour PlateColor() const { return colours_.Plate; }
+    // The diameter of the circles that round the frame's corners, in pixels across and down.
+    [[nodiscard]] SIZE Rounding() const;
 
     // Draws everything anew.
     void DrawFrame(const PanelTexts& texts);
@@ -42,8 +47,18 @@ class PanelPainter {
     [[nodiscard]] const BackBuffer& Picture() const { return picture_; }
 
   private:
+    // What the labels are written in, by what they are: a name or a path; what explains one; a
+    // count, the status and the slogan, whose rows are narrow.
+    enum class TextKind { Value, Caption, Count };
+
+    [[nodiscard]] static TextKind KindOf(const PanelLabelDesign& design);
+    [[nodiscard]] const PanelFont& FontOf(TextKind kind) const {
+        return fonts_[static_cast<std::size_t>(kind)];
+    }
+    void SettleFonts(const PanelTexts& texts);
+    [[nodiscard]] PanelFont MakeFont(int twips, int weight) const;
+    [[nodiscard]] bool Fits(TextKind kind, const PanelTexts& texts) const;
     void SettleRows();
-    void SettleWidths();
     void SettleReaches(const PanelTexts& texts);
     void DrawBackground();
     void DrawCaption(HDC dc);
@@ -51,21 +66,22 @@ class PanelPainter {
     // The lines of a text as they are shown in a label, and where.
     struct TextLine {
         std::wstring Text;
+        const PanelFont* Font = nullptr;
         int Left = 0;
         int Top = 0;
         int Width = 0;
     };
     [[nodiscard]] std::vector<TextLine> LinesOf(std::size_t label, const std::wstring& text) const;
-    [[nodiscard]] TextLine LineOf(std::size_t label, int top, const std::wstring& text) const;
+    [[nodiscard]] TextLine LineOf(std::size_t label, const PanelFont& font, int top,
+                                  const std::wstring& text) const;
     // The part of the picture that these lines can reach.
     [[nodiscard]] RECT PlaceOf(std::size_t label, const std::vector<TextLine>& lines) const;
-    [[nodiscard]] int WidthOf(const std::wstring& text) const;
     // Where the last digit of a label is, with what it may reach of the one before; nothing where
     // its text is no count.
     [[nodiscard]] std::optional<RECT> LastDigitOf(std::size_t label,
                                                   const std::wstring& text) const;
-    // Of the frame's caption, when the device context has its font.
-    [[nodiscard]] static int CaptionHeight(HDC dc);
+    void Write(const TextLine& line, Colour colour, const RECT& room);
+    [[nodiscard]] RECT PlateIn(const RECT& frame) const;
     [[nodiscard]] RECT PixelsOf(const TwipsRect& place) const;
     [[nodiscard]] int Across(int twips) const;
     [[nodiscard]] int Down(int twips) const;
@@ -74,16 +90,17 @@ class PanelPainter {
     double twipsPerPixelY_;
     BackBuffer background_;  // everything but the labels
     BackBuffer picture_;
-    UniqueFont font_;
-    UniqueFont captionFont_;
-    std::unique_ptr<SelectedObject> selectedFont_;   // the labels', in the picture
-    std::vector<int> plainWidths_;                   // empty where the system does not tell them
+    const wchar_t* face_;
+    PanelFont captionFont_;
+    std::array<PanelFont, 3> fonts_;  // by TextKind
+    // One of them, in the picture: selecting it anew for each text would cost as much as writing.
+    std::unique_ptr<SelectedObject> selection_;
+    HFONT selected_ = nullptr;
     std::array<RECT, kPanelLabels.size()> reach_{};  // what a label's text can reach, in pixels
     std::array<RECT, kPanelLabels.size()> inked_{};  // where its text is now
-    std::array<int, kPanelLabels.size()> textTop_{};
+    std::array<int, kPanelLabels.size()> baseline_{};
     std::array<std::wstring, kPanelLabels.size()> shown_;
     std::array<LastDigits, kPanelLabels.size()> lastDigits_;  // of the counts
-    int lineHeight_ = 0;
     std::wstring caption_ = kPanelDesignTitle;
     Colour backColor_{24, 56, 112};
     LabelColours colours_{{255, 255, 255}, {200, 212, 232}, {14, 34, 70}};

@@ -48,8 +48,9 @@ StatusPanelView::StatusPanelView(HWND form, double twipsPerPixelX, double twipsP
     painter_ = std::make_unique<PanelPainter>(twipsPerPixelX_, twipsPerPixelY_, texts_);
     copyFrame_ = std::make_unique<CopyFrame>(Handle(), PixelsOf(kCopyFramePlace),
                                              TwipsPerPixel(kDesignResolution) / twipsPerPixelX_,
-                                             SystemColour(painter_->BackColor()));
+                                             SystemColour(painter_->PlateColor()));
     painter_->DrawFrame(texts_);
+    RoundCorners();
     ShowWindow(Handle(), SW_SHOWNA);
 }
 
@@ -63,6 +64,15 @@ RECT StatusPanelView::PixelsOf(const TwipsRect& place) const {
 
 RECT StatusPanelView::WholePicture() const {
     return {0, 0, painter_->Picture().Width(), painter_->Picture().Height()};
+}
+
+// What lies behind the panel is seen around its corners.
+void StatusPanelView::RoundCorners() {
+    const RECT whole = WholePicture();
+    const auto [across, down] = painter_->Rounding();
+    // The region is a pixel smaller than it is told to be, and the window owns it from then on.
+    SetWindowRgn(Handle(),
+                 CreateRoundRectRgn(0, 0, whole.right + 1, whole.bottom + 1, across, down), FALSE);
 }
 
 void StatusPanelView::MakeLabels(const std::wstring& slogan) {
@@ -124,7 +134,7 @@ void StatusPanelView::ShowCopyFrame(bool visible) {
 }
 
 void StatusPanelView::MatchCopyFrameColour() {
-    copyFrame_->SetBackColor(SystemColour(painter_->BackColor()));
+    copyFrame_->SetBackColor(SystemColour(painter_->PlateColor()));
 }
 
 void StatusPanelView::Move(int left, int top) {

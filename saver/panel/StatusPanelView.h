@@ -52,6 +52,7 @@ class StatusPanelView : public Window, public StatusPanel {
 
   private:
     void MakeLabels(const std::wstring& slogan);
+    void RoundCorners();
     [[nodiscard]] RECT PixelsOf(const TwipsRect& place) const;
     [[nodiscard]] RECT WholePicture() const;
     void RedrawLabel(std::size_t label);

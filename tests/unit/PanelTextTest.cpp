@@ -65,13 +65,56 @@ TEST(PanelText, WritesAFixedTextAndItsValueOnOneLineAtEveryResolution) {
             const Rows ofFixed = RowsWithText(picture, {fixed.left, top, value.left, bottom});
             const Rows ofValue = RowsWithText(picture, {value.left, top, value.right, bottom});
             EXPECT_LT(ofFixed.First, ofFixed.Last);
-            EXPECT_EQ(ofFixed.First, ofValue.First);
-            EXPECT_EQ(ofFixed.Last, ofValue.Last);
+            EXPECT_LT(ofValue.First, ofValue.Last);
+            EXPECT_EQ(ofFixed.Last, ofValue.Last) << "the line that letters stand on";
         }
     }
 }
 
-// The title stands on a plate of its own that hangs into the panel.
+// To be read across a room: the height of a capital letter, in pixels of 96 dpi.
+TEST(PanelText, IsAsLargeAsThePlacesAllow) {
+    for (const int dotsPerInch : {96, 120, 144, 192}) {
+        const Panel panel(dotsPerInch);
+        panel.View->SetTitle(L"");
+        for (const Row& row : kRows) {
+            SCOPED_TRACE(testing::Message()
+                         << static_cast<int>(row.Value) << " at " << dotsPerInch);
+            SendMessageW(panel.Control(row.Value), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"H"));
+            RECT value = panel.Place(row.Value);
+            value.top -= 2;
+            value.bottom = value.top + (value.bottom - value.top) * 3 / 4;
+            const Rows letter = RowsWithText(panel.Picture(), value);
+            const bool isPath = row.Value <= PanelControl::lblFile;
+            const double height = (letter.Last - letter.First + 1) * 96.0 / dotsPerInch;
+            EXPECT_GE(height, isPath ? 9.5 : 7.5);
+            if (!isPath) {
+                continue;
+            }
+            // Where the fixed text ends, its value can begin.
+            SendMessageW(panel.Control(row.Value), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L""));
+            const RECT fixed = panel.Place(row.Fixed);
+            const RECT between{panel.Place(row.Value).left - 1, fixed.top, value.right,
+                               value.bottom};
+            EXPECT_EQ(RowsWithText(panel.Picture(), between).First, LONG_MAX);
+        }
+    }
+}
+
+// The clip lies over the last of the four rows while it plays.
+TEST(PanelText, KeepsTheNameOfTheFileClearOfTheClip) {
+    for (const int dotsPerInch : {96, 120, 144, 192}) {
+        const Panel panel(dotsPerInch);
+        const RECT name = panel.Place(PanelControl::lblFile);
+        const RECT clip = panel.Place(PanelControl::fraAni);
+        panel.View->SetCaption(PanelLabel::lblFile, L"Hgjpq");
+        const RECT around{name.left, name.top - 4, name.right, name.bottom};
+        const Rows text = RowsWithText(panel.Picture(), around);
+        EXPECT_LT(text.First, text.Last) << dotsPerInch;
+        EXPECT_LT(text.Last, clip.top) << dotsPerInch;
+    }
+}
+
+// The title stands right above the first row.
 TEST(PanelText, KeepsTheFirstRowClearOfTheTitle) {
     for (const int dotsPerInch : {96, 120, 144, 192}) {
         const Panel panel(dotsPerInch);
@@ -144,15 +187,16 @@ TEST(PanelText, ShortensEachLineByItself) {
         return panel.Picture();
     };
     const std::wstring longLine(200, L'm');
-    const Rows first = RowsWithText(pictureOf(L"see it"), upper);
+    const Rows first = RowsWithText(pictureOf(L"see it\r\n"), upper);
     upper.top = first.First - 1;
     upper.bottom = first.Last + 1;
-    const auto whole = PixelsIn(pictureOf(L"<All sets processed><ERRORS reported>"), upper);
+    const auto whole = PixelsIn(pictureOf(L"<All sets processed><ERRORS reported>\r\n"), upper);
     EXPECT_EQ(whole, PixelsIn(pictureOf(kTwoLines), upper)) << "no ellipsis where none is needed";
     EXPECT_EQ(whole,
               PixelsIn(pictureOf(L"<All sets processed><ERRORS reported>\r\n" + longLine), upper));
-    EXPECT_EQ(PixelsIn(pictureOf(longLine), upper),
+    EXPECT_EQ(PixelsIn(pictureOf(longLine + L"\r\n"), upper),
               PixelsIn(pictureOf(longLine + L"\r\nsee it"), upper));
+    EXPECT_NE(whole, PixelsIn(pictureOf(longLine + L"\r\nsee it"), upper));
 }
 
 // What is kept of one digit must fit every number in which it is shown again.

@@ -47,6 +47,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/ModeDispatchTest.cpp
     tests/unit/NameHazardTest.cpp
     tests/unit/NativeSystemPathTest.cpp
+    tests/unit/PanelFaceTest.cpp
     tests/unit/PlainNameTest.cpp
     tests/unit/PreviewCaptionTest.cpp
     tests/unit/ProgramQuotesTest.cpp

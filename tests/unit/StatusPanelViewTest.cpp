@@ -195,14 +195,72 @@ TEST(StatusPanelView, TakesItsColours) {
     EXPECT_EQ(RGB(40, 2, 6), GetPixel(picture.DC(), box.right - 1, box.top));
 }
 
+// How far a colour goes from a place on, in one direction.
+int RunOf(const BackBuffer& picture, POINT at, POINT step) {
+    const COLORREF colour = GetPixel(picture.DC(), at.x, at.y);
+    int run = 0;
+    while (GetPixel(picture.DC(), at.x + run * step.x, at.y + run * step.y) == colour) {
+        ++run;
+    }
+    return run;
+}
+
+TEST(StatusPanelView, HasABorderAsWideOnEverySideAtEveryResolution) {
+    for (const int dotsPerInch : {96, 120, 144, 168, 192}) {
+        const Panel panel(dotsPerInch);
+        panel.View->SetBackColor({200, 10, 30});
+        panel.View->SetLabelColours({{255, 255, 255}, {240, 240, 240}, {40, 2, 6}});
+        panel.View->Redraw();
+        const BackBuffer picture = panel.Picture();
+        const int right = picture.Width() - 1;
+        const int bottom = picture.Height() - 1;
+        const int middle = right / 2 + 1;
+        const int wanted = RunOf(picture, {0, bottom / 2}, {1, 0});
+        EXPECT_NEAR(wanted, 3 * dotsPerInch / 96.0, 0.6) << dotsPerInch;
+        EXPECT_EQ(RunOf(picture, {right, bottom / 2}, {-1, 0}), wanted) << dotsPerInch;
+        EXPECT_EQ(RunOf(picture, {middle, 0}, {0, 1}), wanted) << dotsPerInch;
+        EXPECT_EQ(RunOf(picture, {middle, bottom}, {0, -1}), wanted) << dotsPerInch;
+        // On the diagonal into a corner it is as wide too, give and take the steps of pixels.
+        const int corner = static_cast<int>(11 * dotsPerInch / 96.0 * (1 - std::sqrt(0.5)));
+        const int across = RunOf(picture, {corner, corner}, {1, 1});
+        EXPECT_NEAR(across * std::sqrt(2.0), wanted, 2.2) << dotsPerInch;
+    }
+}
+
+TEST(StatusPanelView, HasRoundCornersThroughWhichTheFormIsSeen) {
+    for (const int dotsPerInch : {96, 192}) {
+        const Panel panel(dotsPerInch);
+        const UniqueRegion region(CreateRectRgn(0, 0, 0, 0));
+        ASSERT_EQ(GetWindowRgn(panel.View->Handle(), region.get()), COMPLEXREGION);
+        const BackBuffer picture = panel.Picture();
+        const int right = picture.Width() - 1;
+        const int bottom = picture.Height() - 1;
+        const int clear = 2 * dotsPerInch / 96;
+        for (const POINT corner :
+             {POINT{clear, clear}, POINT{right - clear, clear}, POINT{clear, bottom - clear},
+              POINT{right - clear, bottom - clear}}) {
+            EXPECT_FALSE(PtInRegion(region.get(), corner.x, corner.y)) << corner.x;
+        }
+        for (const POINT side : {POINT{0, bottom / 2}, POINT{right, bottom / 2},
+                                 POINT{right / 2, 0}, POINT{right / 2, bottom}}) {
+            EXPECT_TRUE(PtInRegion(region.get(), side.x, side.y)) << side.x << ", " << side.y;
+        }
+    }
+}
+
 TEST(StatusPanelView, ShowsTheCopyFrameInTheColourItWasMatchedWith) {
     const Panel panel;
     const HWND frame = panel.Control(PanelControl::fraAni);
     const auto isVisible = [frame] { return (GetWindowLongW(frame, GWL_STYLE) & WS_VISIBLE) != 0; };
     EXPECT_FALSE(isVisible());
-    panel.View->SetBackColor({1, 2, 3});
+    const LabelColours light{{255, 255, 255}, {240, 240, 240}, {}};
+    const auto onPlate = [light](Colour plate) {
+        return LabelColours{light.Text, light.Caption, plate};
+    };
+    panel.View->SetBackColor({7, 8, 9});
+    panel.View->SetLabelColours(onPlate({1, 2, 3}));
     panel.View->MatchCopyFrameColour();
-    panel.View->SetBackColor({4, 5, 6});
+    panel.View->SetLabelColours(onPlate({4, 5, 6}));
     panel.View->ShowCopyFrame(true);
     EXPECT_TRUE(isVisible());
     BackBuffer picture(1, 1);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <thread>
 #include <utility>
@@ -149,6 +150,69 @@ TEST_F(frmScreenSaverTest, GoesWithoutUnloadingWhenItsObjectDoes) {
     form_.reset();
     EXPECT_FALSE(IsWindow(window));
     EXPECT_EQ(0, unloads_);
+}
+
+// A clock that is asked in the middle of the run.
+class ClockInARun : public ManualClock {
+  public:
+    ClockInARun() : ManualClock(DateTime{2026, 11, 22, 10, 0, 0}) {}
+
+    DateTime Now() override {
+        if (const auto call = std::exchange(FirstAsked, nullptr)) {
+            call();
+        }
+        return ManualClock::Now();
+    }
+
+    std::function<void()> FirstAsked;
+};
+
+struct WindowDestroyer {
+    void operator()(HWND window) const { DestroyWindow(window); }
+};
+
+bool LiesBefore(HWND one, HWND other) {
+    HWND above = other;
+    while (above != nullptr && above != one) {
+        above = GetWindow(above, GW_HWNDPREV);
+    }
+    return above == one;
+}
+
+// When the keys are taken, the window that gets them may not be known yet.
+TEST(frmScreenSaverBehindOthers, StepsBehindTheWindowThatHasTheKeysWithTheNextStepOfTheAnimation) {
+    constexpr WPARAM kStepTick = 2;
+    Application application;
+    application.CommandLine = L"/S";
+    MemoryFileSystem files;
+    CopyWatch copyWatch;
+    MemorySettingsStore settings;
+    ClockInARun clock;
+    CountingSaver form(application, files, copyWatch, settings, clock, [] {});
+    form.Show();
+    const std::unique_ptr<HWND__, WindowDestroyer> other(
+        CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50,
+                        nullptr, nullptr, nullptr, nullptr));
+    bool wasKnown = false;
+    bool layBefore = false;
+    bool liesBehind = false;
+    clock.FirstAsked = [&] {
+        SetForegroundWindow(form.Handle());
+        SendMessageW(form.Handle(), WM_ACTIVATEAPP, FALSE, 0);
+        SetForegroundWindow(other.get());
+        wasKnown = GetForegroundWindow() == other.get();
+        SetWindowPos(form.Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        layBefore = LiesBefore(form.Handle(), other.get());
+        SendMessageW(form.Handle(), WM_TIMER, kStepTick, 0);
+        liesBehind = LiesBefore(other.get(), form.Handle());
+    };
+    SendMessageW(form.Handle(), WM_TIMER, kRunTimer, 0);
+    if (!wasKnown) {
+        GTEST_SKIP() << "this system does not give the keys to another window of a program";
+    }
+    EXPECT_TRUE(layBefore);
+    EXPECT_TRUE(liesBehind);
+    form.UnloadForm();
 }
 
 // Shows a full-screen form on a desktop of that name and touches it; true when it can still be
