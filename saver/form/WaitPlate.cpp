@@ -5,9 +5,9 @@
 namespace ambrio {
 namespace {
 
-constexpr COLORREF kBack = RGB(26, 28, 38);
-constexpr COLORREF kBorder = RGB(120, 126, 150);
-constexpr COLORREF kText = RGB(242, 243, 248);
+constexpr COLORREF kBackColour = RGB(26, 28, 38);
+constexpr COLORREF kBorderColour = RGB(120, 126, 150);
+constexpr COLORREF kTextColour = RGB(242, 243, 248);
 constexpr UINT kLines = DT_CENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
 
 // The face of the system's own messages, half as large again.
@@ -74,12 +74,12 @@ void WaitPlate::Place() {
 void WaitPlate::Draw(HDC target) const {
     RECT area{};
     GetClientRect(Handle(), &area);
-    const UniqueBrush back(CreateSolidBrush(kBack));
-    const UniqueBrush border(CreateSolidBrush(kBorder));
+    const UniqueBrush back(CreateSolidBrush(kBackColour));
+    const UniqueBrush border(CreateSolidBrush(kBorderColour));
     FillRect(target, &area, back.get());
     FrameRect(target, &area, border.get());
     const SelectedObject font(target, font_.get());
-    SetTextColor(target, kText);
+    SetTextColor(target, kTextColour);
     SetBkMode(target, TRANSPARENT);
     TEXTMETRICW metrics{};
     GetTextMetricsW(target, &metrics);
