@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "platform/win32/WindowsHeaders.h"
-
 namespace ambrio {
 
 LatencyFileSystem::LatencyFileSystem(FileSystem& target, std::wstring folder, unsigned latency)
@@ -15,7 +13,6 @@ bool LatencyFileSystem::Before(const FileCall& call) {
     if (concernsFolder && call.Operation != FileOperation::Next) {
         ++calls_;
         listings_ += call.Operation == FileOperation::GetFolder ? 1 : 0;
-        Sleep(latency_);
     }
     return true;
 }

@@ -1,14 +1,15 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 
 #include "tests/support/ObservedFileSystem.h"
 
 namespace ambrio {
 
-// Lets every call on something in one folder take longer, as a server does, and counts these calls.
-// The calls on the entries of a listing that is open cost nothing: a server sends them in one
-// piece.
+// Counts the calls on something in one folder, and how much longer they would have taken on a
+// server. Nothing waits for that: a busy machine sleeps far longer than it is told. The calls on
+// the entries of a listing that is open cost nothing: a server sends them in one piece.
 class LatencyFileSystem : public ObservedFileSystem {
   public:
     // `target` is not owned. The latency in milliseconds.
@@ -16,6 +17,10 @@ class LatencyFileSystem : public ObservedFileSystem {
 
     [[nodiscard]] int Calls() const { return calls_; }
     [[nodiscard]] int Listings() const { return listings_; }
+
+    [[nodiscard]] std::chrono::milliseconds Latency() const {
+        return std::chrono::milliseconds(latency_) * calls_;
+    }
 
     bool Before(const FileCall& call) override;
 
