@@ -107,9 +107,9 @@ TEST_P(HardenedFileTest, HasNoSectionThatCanBeWrittenAndRun) {
 
 // Those that every system takes from its own folder, whatever lies beside the program.
 TEST_P(HardenedFileTest, NeedsOnlyLibrariesThatNobodyCanReplace) {
-    const std::vector<std::string> known = {"advapi32.dll", "gdi32.dll", "kernel32.dll",
-                                            "msvcrt.dll",   "ole32.dll", "oleaut32.dll",
-                                            "shell32.dll",  "user32.dll"};
+    const std::vector<std::string> known = {"advapi32.dll", "gdi32.dll",   "kernel32.dll",
+                                            "msvcrt.dll",   "ntdll.dll",   "ole32.dll",
+                                            "oleaut32.dll", "shell32.dll", "user32.dll"};
     const ExecutableFile file(Path);
     EXPECT_GE(file.Imports().size(), 5U);
     for (const std::string& name : file.Imports()) {
