@@ -51,7 +51,7 @@ Colour Rich(double hue) {
     const double brightness = 0.3 * red + 0.6 * green + 0.1 * blue;
     const double least = std::max(kPalest, (kDarkest - brightness) / (1 - brightness));
     const auto component = [=](double share) {
-        return static_cast<std::uint8_t>(255 * (least + (1 - least) * share) + 0.5);
+        return static_cast<std::uint8_t>(std::lround(255 * (least + (1 - least) * share)));
     };
     return {component(red), component(green), component(blue)};
 }

@@ -131,7 +131,9 @@ void LightBuffer::Draw(const Walk& walk, std::span<const Sum> changes) {
         Sum* sum = sums_.data() + place;
         std::uint32_t* pixel = pixels_ + place;
         const std::int32_t apart = (from << kWalkShift) + kOne / 2 - middle;
-        std::int32_t distance = (apart >> kRasterShift) * walk.Cosine >> kRasterShift;
+        // A line beside the screen is farther away than 32 bits hold, and then has no pixel here.
+        auto distance = static_cast<std::int32_t>(
+            (std::int64_t{apart >> kRasterShift} * walk.Cosine) >> kRasterShift);
         for (std::int32_t across = from; across <= to; ++across) {
             const std::int32_t light = (walk.HalfWidth - std::abs(distance)) >> kLightShift;
             if (light > 0) {
@@ -173,7 +175,8 @@ LightBuffer::Walk LightBuffer::WalkAlong(std::int32_t along, std::int32_t across
     // Without the runtime's calls for length and rounding, which cost as much as a short line.
     const double length =
         std::sqrt(double{1} * alongLength * alongLength + double{1} * acrossLength * acrossLength);
-    walk.Cosine = static_cast<std::int32_t>(alongLength * (kOne / length) + 0.5);
+    constexpr double kToNearest = 0.5;
+    walk.Cosine = static_cast<std::int32_t>(alongLength * (kOne / length) + kToNearest);
     walk.HalfWidth = (thickness_ << (kRasterShift - 1)) + kOne / 2;
     walk.Reach = static_cast<std::int32_t>(std::int64_t{walk.HalfWidth} * kOne / walk.Cosine);
     return walk;

@@ -33,7 +33,8 @@ StringFigures::StringFigures(std::int32_t width, std::int32_t height, Random& ra
 
 std::size_t StringFigures::SlotCount() const {
     const double aspect = std::max(width_ / height_, height_ / width_);
-    return std::min(static_cast<std::size_t>(aspect * kSlotsPerAspect + 0.5) + 1, kMostSlots);
+    return std::min(static_cast<std::size_t>(std::lround(aspect * kSlotsPerAspect)) + 1,
+                    kMostSlots);
 }
 
 void StringFigures::Resize(std::int32_t width, std::int32_t height) {
