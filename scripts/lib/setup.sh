@@ -4,7 +4,8 @@
 # it. AMBRIO_SIGN is the command that signs, if there is one.
 make_setup() {
     local content=$2
-    makensis -V2 -WX -NOCONFIG "-DNAME=$PRODUCT_NAME" "-DVERSION=$3" \
+    # It reads its arguments by the locale, which has to know the copyright sign.
+    LC_ALL=C.UTF-8 makensis -V2 -WX -NOCONFIG "-DNAME=$PRODUCT_NAME" "-DVERSION=$3" \
         "-DPUBLISHER=$PRODUCT_PUBLISHER" "-DCOPYRIGHT=$PRODUCT_COPYRIGHT" \
         "-DDESCRIPTION=$PRODUCT_DESCRIPTION" "-DCONTENT=$content" \
         "-DKILOBYTES_32=$(kilobytes "$content" win32)" "-DKILOBYTES_64=$(kilobytes "$content" win64)" \
