@@ -1,7 +1,5 @@
 // frmScreenSaver: what it reaches of the monitors, and what it does not.
 
-#include <algorithm>
-
 #include "platform/win32/windows/Monitors.h"
 #include "saver/form/frmScreenSaver.h"
 
@@ -14,10 +12,10 @@ std::vector<RECT> frmScreenSaver::Monitors() const {
 void frmScreenSaver::CoverMonitors() {
     const std::vector<RECT> monitors = Monitors();
     std::vector<Area> places;
-    std::transform(monitors.begin(), monitors.end(), std::back_inserter(places),
-                   [](const RECT& place) {
-                       return Area{place.left, place.top, place.right, place.bottom};
-                   });
+    places.reserve(monitors.size());
+    for (const RECT& place : monitors) {
+        places.push_back({place.left, place.top, place.right, place.bottom});
+    }
     RECT form{};
     GetWindowRect(Handle(), &form);
     const Area frame{form.left, form.top, form.right, form.bottom};
