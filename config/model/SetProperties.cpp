@@ -77,7 +77,7 @@ std::optional<std::wstring> SaveSetProperties(SettingsStore& settings,
     if (properties.Name.empty()) {
         return std::nullopt;
     }
-    const std::wstring section = Trim(properties.Name);
+    std::wstring section = Trim(properties.Name);
     const CopyRulesFrame& rules = properties.Rules;
     settings.SaveSetting(section, kSourceKey, Trim(properties.Source));
     settings.SaveSetting(section, kDestinationKey, Trim(properties.Destination));
