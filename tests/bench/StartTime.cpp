@@ -15,17 +15,59 @@ namespace {
 
 constexpr std::chrono::seconds kPatience{30};
 
-// Nothing of the screen is as blue as the panel before it is there.
-bool IsPainted(HWND window) {
+class ScreenContext {
+  public:
+    ScreenContext() : dc_(GetDC(nullptr)) {}
+    ~ScreenContext() { ReleaseDC(nullptr, dc_); }
+    ScreenContext(const ScreenContext&) = delete;
+    ScreenContext& operator=(const ScreenContext&) = delete;
+    [[nodiscard]] HDC Handle() const { return dc_; }
+
+  private:
+    HDC dc_;
+};
+
+// What the screen shows before the program is started.
+class EmptyScreen {
+  public:
+    EmptyScreen()
+        : dc_(CreateCompatibleDC(screen_.Handle())),
+          bitmap_(CreateCompatibleBitmap(screen_.Handle(), GetSystemMetrics(SM_CXSCREEN),
+                                         GetSystemMetrics(SM_CYSCREEN))),
+          before_(SelectObject(dc_, bitmap_)) {
+        BitBlt(dc_, 0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN),
+               screen_.Handle(), 0, 0, SRCCOPY);
+    }
+    ~EmptyScreen() {
+        SelectObject(dc_, before_);
+        DeleteObject(bitmap_);
+        DeleteDC(dc_);
+    }
+    EmptyScreen(const EmptyScreen&) = delete;
+    EmptyScreen& operator=(const EmptyScreen&) = delete;
+    [[nodiscard]] COLORREF At(int x, int y) const { return GetPixel(dc_, x, y); }
+
+  private:
+    ScreenContext screen_;
+    HDC dc_;
+    HBITMAP bitmap_;
+    HGDIOBJ before_;
+};
+
+// The form behind the panel is black, and may be there first. Looked at where the panel has
+// neither a corner, which is round, nor a text.
+bool IsPainted(HWND window, const EmptyScreen& before) {
+    constexpr int kAboveBottom = 10;
     RECT place;
     GetWindowRect(window, &place);
-    const HDC screen = GetDC(nullptr);
-    const COLORREF pixel = GetPixel(screen, place.left + 1, place.bottom - 2);
-    ReleaseDC(nullptr, screen);
-    return pixel != CLR_INVALID && pixel != RGB(0, 0, 0);
+    const int x = (place.left + place.right) / 2;
+    const int y = place.bottom - kAboveBottom;
+    const ScreenContext screen;
+    const COLORREF pixel = GetPixel(screen.Handle(), x, y);
+    return pixel != CLR_INVALID && pixel != RGB(0, 0, 0) && pixel != before.At(x, y);
 }
 
-bool IsThere(const std::wstring& title, const std::wstring& child) {
+bool IsThere(const std::wstring& title, const std::wstring& child, const EmptyScreen& before) {
     const HWND window = FindWindowW(nullptr, title.c_str());
     if (window == nullptr || IsWindowVisible(window) == FALSE) {
         return false;
@@ -34,10 +76,11 @@ bool IsThere(const std::wstring& title, const std::wstring& child) {
         return true;
     }
     const HWND panel = FindWindowExW(window, nullptr, child.c_str(), nullptr);
-    return panel != nullptr && IsWindowVisible(panel) != FALSE && IsPainted(panel);
+    return panel != nullptr && IsWindowVisible(panel) != FALSE && IsPainted(panel, before);
 }
 
 int Run(const std::wstring& title, const std::wstring& child, std::wstring commandLine) {
+    const EmptyScreen before;
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION process;
@@ -52,7 +95,7 @@ int Run(const std::wstring& title, const std::wstring& child, std::wstring comma
     bool isThere = false;
     while (!isThere && lasted < kPatience) {
         Sleep(1);
-        isThere = IsThere(title, child);
+        isThere = IsThere(title, child, before);
         lasted = std::chrono::steady_clock::now() - start;
     }
     TerminateProcess(program.get(), 0);

@@ -1,10 +1,12 @@
 """The programs that are compared: each copies a folder with its subfolders to another one."""
 
+import contextlib
 import os
 import re
 import signal
 import subprocess
 import time
+from math import inf
 from pathlib import Path
 
 LIMIT_SECONDS = 1800
@@ -40,9 +42,10 @@ def engine_alone(source, destination, latency=0):
 class Timed:
     """A command that ends when its work is done."""
 
-    def __init__(self, name, command):
+    def __init__(self, name, command, most_repetitions=inf):
         self.name = name
         self.command = command
+        self.most_repetitions = most_repetitions
 
     def time(self, source, destination):
         """The seconds from start to end."""
@@ -58,6 +61,7 @@ class Ambrio:
     """The real program with its panel; it is done when its log says so."""
 
     name = "Ambrio /S"
+    most_repetitions = inf
     TREE = r"HKEY_CURRENT_USER\Software\VB and VBA Program Settings\Ambrio"
 
     def __init__(self):
@@ -109,13 +113,54 @@ def peak_memory(pid):
     return int(found[1]) * 1024 if found else 0
 
 
+class Requests:
+    """What has been asked of the Wine server, from the trace that it writes."""
+
+    def __init__(self, trace):
+        self.trace = trace
+        self.start = 0
+
+    def forget(self):
+        """Counts from here on."""
+        self.start = self.trace.stat().st_size
+
+    def counted(self):
+        """The requests, and how many of them open something."""
+        with open(self.trace, "rb") as stream:
+            stream.seek(self.start)
+            asked = stream.read()
+        return [len(re.findall(pattern, asked, re.MULTILINE))
+                for pattern in (rb"^[0-9a-f]{4}: [a-z_]+\((?!\) =)",
+                                rb"^[0-9a-f]{4}: create_file\((?!\) =)")]
+
+
+@contextlib.contextmanager
+def traced_server():
+    """A Wine server that writes every request down, in the place of the usual one meanwhile."""
+    trace = Path("requests.txt")
+    run(["wineserver", "-k"], check=False)
+    run(["wineserver", "-w"], check=False)
+    with open(trace, "wb") as output:
+        with subprocess.Popen(["wineserver", "-f", "-p", "-d1"], stdin=subprocess.DEVNULL,
+                              stdout=subprocess.DEVNULL, stderr=output) as server:
+            try:
+                run(["wine", "EmptyProgram.exe"])  # starts Wine's services
+                yield Requests(trace)
+            finally:
+                run(["wineserver", "-k"], check=False)
+                server.wait()
+                trace.unlink()
+    run(["wineserver", "-p"], check=False)
+
+
 AMBRIO = Ambrio()
 ENGINE = Timed("engine alone", ["wine", "EngineAlone.exe", "{wsource}", "{wdestination}"])
 LOOP = Timed("bare loop", ["wine", "BareLoop.exe", "{wsource}", "{wdestination}"])
 POLLING_LOOP = Timed("bare loop that polls",
                      ["wine", "BareLoop.exe", "{wsource}", "{wdestination}", "poll"])
 XCOPY = Timed("xcopy", ["wine", "xcopy", "/D", "/S", "/E", "/I", "/Y", "/Q", "/H", "/R", "/K",
-                        "{wsource}", "{wdestination}"])
-RSYNC = Timed("rsync -a (native)", ["rsync", "-a", "{source}/", "{destination}"])
-CP = Timed("cp -au (native)", ["cp", "-auT", "{source}", "{destination}"])
+                        "{wsource}", "{wdestination}"], 3)
+# For the record alone.
+RSYNC = Timed("rsync -a (native)", ["rsync", "-a", "{source}/", "{destination}"], 1)
+CP = Timed("cp -au (native)", ["cp", "-auT", "{source}", "{destination}"], 1)
 ALL = [AMBRIO, ENGINE, LOOP, POLLING_LOOP, XCOPY, RSYNC, CP]

@@ -40,11 +40,12 @@ def large_files(folder, count=LARGE_FILES):
 
 
 def deep_folders(folder, count=DEEP_FOLDERS):
-    """Chains of folders forty deep, a file in each."""
+    """Chains of folders forty deep, a file in each. Their names are short, as xcopy knows no paths
+    of more than 260 characters."""
     for chain in range(max(1, count // DEPTH)):
-        place = Path(folder) / f"chain {chain:03}"
+        place = Path(folder) / f"c{chain:02}"
         for level in range(DEPTH):
-            place = place / f"level {level:02}"
+            place = place / f"{level:02}"
             place.mkdir(parents=True)
             (place / "file.dat").write_bytes(b"x" * 1000)
             os.utime(place / "file.dat", (MODIFIED, MODIFIED))
