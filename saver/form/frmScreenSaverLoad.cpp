@@ -26,6 +26,7 @@ void frmScreenSaver::MakeWindow() {
     design.ClassName = L"AmbrioScreenSaver";
     design.Text = kScreenSaverCaption;
     design.Style = (isOrdinary ? WS_OVERLAPPEDWINDOW : WS_POPUP) | WS_CLIPCHILDREN;
+    design.ClassStyle = CS_OWNDC;  // to fetch another one for each picture costs more than the copy
     RECT area{0, 0, PixelsFromTwips(kDesignWidth, twips_.X),
               PixelsFromTwips(kDesignHeight, twips_.Y)};
     AdjustWindowRectEx(&area, design.Style, FALSE, 0);
