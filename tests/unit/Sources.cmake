@@ -112,6 +112,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/PanelOnlookersTest.cpp
     tests/unit/PanelTextTest.cpp
     tests/unit/PointerTest.cpp
+    tests/unit/PreviewFrameTest.cpp
     tests/unit/PreviewPictureTest.cpp
     tests/unit/RegistrySettingsStoreTest.cpp
     tests/unit/StatusPanelViewTest.cpp
