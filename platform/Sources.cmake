@@ -36,6 +36,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/files/NameRules.cpp
     platform/win32/files/NetworkLibrary.cpp
     platform/win32/files/Patience.cpp
+    platform/win32/files/RenameOpenFile.cpp
     platform/win32/files/Win32Error.cpp
     platform/win32/files/Win32FileSystem.cpp
     platform/win32/files/Win32FolderReader.cpp

@@ -2,7 +2,7 @@
 
 # Loaded into test programs and into the program under test, under Wine only.
 add_library(WindowsFiles MODULE ${WINDOWS_FILES_SOURCES})
-target_link_libraries(WindowsFiles PRIVATE ambrio_compiler_settings)
+target_link_libraries(WindowsFiles PRIVATE ambrio_compiler_settings ntdll)
 set_target_properties(WindowsFiles PROPERTIES PREFIX "")
 ambrio_use_precompiled(WindowsFiles windows)
 

@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "platform/win32/files/RenameOpenFile.h"
 #include "platform/win32/system/Handle.h"
 #include "tests/e2e/support/Files.h"
 #include "tests/e2e/support/NameOf.h"
@@ -150,6 +151,17 @@ BOOL Renames(const wchar_t* file, const wchar_t* other) {
     return MoveFileExW(other, file, MOVEFILE_REPLACE_EXISTING);
 }
 
+BOOL RenamesWhatIsOpen(const wchar_t* file, const wchar_t* other, bool overwrite) {
+    const auto open = OpenFile(other, DELETE, FILE_SHARE_READ, OPEN_EXISTING);
+    const DWORD code = RenameOpenFile(open.get(), L"\\\\?\\" + std::wstring(file), overwrite);
+    SetLastError(code);
+    return code == ERROR_SUCCESS ? TRUE : FALSE;
+}
+
+BOOL RenamesOpenFile(const wchar_t* file, const wchar_t* other) {
+    return RenamesWhatIsOpen(file, other, true);
+}
+
 BOOL Replaces(const wchar_t* file, const wchar_t*) {
     return Opens(file, GENERIC_WRITE, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL);
 }
@@ -179,6 +191,16 @@ const CallCase kCalls[] = {
     {"RenamingAReadOnlyFileGoes", 0, kAll, &Renames, 0, kAll},
     {"RenamingWithoutReplacingIsRefused", 0, kArchive,
      [](const wchar_t* file, const wchar_t* other) { return MoveFileExW(other, file, 0); },
+     ERROR_ALREADY_EXISTS, 0},
+    {"RenamingAnOpenFileOverAReadOnlyOneIsRefused", kReadOnly | kArchive, kArchive,
+     &RenamesOpenFile, ERROR_ACCESS_DENIED, kReadOnly | kArchive},
+    {"RenamingAnOpenFileOverAHiddenSystemFileGoes", kHidden | kSystem, kArchive, &RenamesOpenFile,
+     0, kArchive},
+    {"RenamingAnOpenReadOnlyFileGoes", 0, kAll, &RenamesOpenFile, 0, kAll},
+    {"RenamingAnOpenFileWithoutReplacingIsRefused", 0, kArchive,
+     [](const wchar_t* file, const wchar_t* other) {
+         return RenamesWhatIsOpen(file, other, false);
+     },
      ERROR_ALREADY_EXISTS, 0},
     {"RemovingAReadOnlyFileIsRefused", kReadOnly, 0,
      [](const wchar_t* file, const wchar_t*) { return DeleteFileW(file); }, ERROR_ACCESS_DENIED,

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/TemporaryName.h"
+#include "platform/win32/NativeHeaders.h"
 #include "platform/win32/files/FlushToDisk.h"
 #include "platform/win32/system/Handle.h"
 #include "tests/conformance/win32/Win32World.h"
@@ -21,9 +22,9 @@ using Events = std::vector<std::wstring>;
 
 // The function of the system, which the program's imports may have been turned away from.
 template <typename Function>
-Function* SystemFunction(Function*, const char* name) {
+Function* SystemFunction(Function*, const char* name, const wchar_t* library = L"kernel32.dll") {
     return reinterpret_cast<Function*>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), name)));
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(library), name)));
 }
 
 std::wstring PathOf(HANDLE file) {
@@ -73,6 +74,7 @@ class FlushToDiskTest : public testing::Test {
     Events Seen;
     DWORD FailFlushWith = 0;
     UINT DriveType = DRIVE_FIXED;
+    NTSTATUS OpenRenameAnswers = 0;  // 0 for what the system answers
     // What the flush of newer systems answers; nothing where there is none.
     std::optional<LONG> NewFlushAnswers;
 
@@ -88,6 +90,19 @@ class FlushToDiskTest : public testing::Test {
     static BOOL WINAPI Move(LPCWSTR from, LPCWSTR to, DWORD flags) {
         current_->Seen.push_back(L"rename " + Shown(from) + L" to " + Shown(to));
         return SystemFunction(&MoveFileExW, "MoveFileExW")(from, to, flags);
+    }
+    static NTSTATUS NTAPI SetInformation(HANDLE file, PIO_STATUS_BLOCK result, PVOID data,
+                                         ULONG size, FILE_INFORMATION_CLASS what) {
+        constexpr int kRename = 10;
+        if (static_cast<int>(what) == kRename) {
+            const auto& rename = *static_cast<const FILE_RENAME_INFORMATION*>(data);
+            const std::wstring to(&rename.FileName[0], rename.FileNameLength / sizeof(wchar_t));
+            current_->Seen.push_back(L"rename open " + Shown(PathOf(file)) + L" to " + Shown(to));
+        }
+        return current_->OpenRenameAnswers != 0
+                   ? current_->OpenRenameAnswers
+                   : SystemFunction(&NtSetInformationFile, "NtSetInformationFile", L"ntdll.dll")(
+                         file, result, data, size, what);
     }
     static LONG NTAPI NewFlush(HANDLE file, ULONG flags, PVOID, ULONG, PVOID) {
         current_->Seen.push_back(L"flush data of " + Shown(PathOf(file)) + L", flags " +
@@ -108,17 +123,28 @@ class FlushToDiskTest : public testing::Test {
     // Asked of itself, before its import leads elsewhere.
     static inline const auto getProcAddress_ = SystemFunction(&GetProcAddress, "GetProcAddress");
     ReplacedImport flush_{L"kernel32.dll", "FlushFileBuffers", reinterpret_cast<void*>(&Flush)};
+    ReplacedImport setInformation_{L"ntdll.dll", "NtSetInformationFile",
+                                   reinterpret_cast<void*>(&SetInformation)};
     ReplacedImport move_{L"kernel32.dll", "MoveFileExW", reinterpret_cast<void*>(&Move)};
     ReplacedImport address_{L"kernel32.dll", "GetProcAddress", reinterpret_cast<void*>(&AddressOf)};
     ReplacedImport type_{L"kernel32.dll", "GetDriveTypeW", reinterpret_cast<void*>(&TypeOf)};
 };
 
-const Events kFlushedAndRenamed{L"flush temporary", L"rename temporary to copy"};
+const Events kFlushedAndRenamed{L"flush temporary", L"rename open temporary to copy"};
 
 TEST_F(FlushToDiskTest, ACopyIsFlushedBeforeItGetsItsName) {
     EXPECT_EQ(Copying(), std::nullopt);
     EXPECT_EQ(Seen, kFlushedAndRenamed);
     EXPECT_EQ(World.Read(Copy), "new");
+}
+
+TEST_F(FlushToDiskTest, AFileSystemThatRenamesNothingOpenIsAskedByName) {
+    OpenRenameAnswers = static_cast<NTSTATUS>(0xC000000D);
+    EXPECT_EQ(Copying(), std::nullopt);
+    EXPECT_EQ(Seen, (Events{L"flush temporary", L"rename open temporary to copy",
+                            L"rename temporary to copy"}));
+    EXPECT_EQ(World.Read(Copy), "new");
+    EXPECT_EQ(FilesInDestination(), 1U);
 }
 
 TEST_F(FlushToDiskTest, ALargeOneIsToo) {
@@ -144,7 +170,8 @@ TEST_F(FlushToDiskTest, AReadOnlyOneIsTooAndStaysReadOnly) {
 TEST_F(FlushToDiskTest, NewerSystemsFlushTheDataAlone) {
     NewFlushAnswers = 0;
     EXPECT_EQ(Copying(), std::nullopt);
-    EXPECT_EQ(Seen, (Events{L"flush data of temporary, flags 4", L"rename temporary to copy"}));
+    EXPECT_EQ(Seen,
+              (Events{L"flush data of temporary, flags 4", L"rename open temporary to copy"}));
 }
 
 TEST_F(FlushToDiskTest, AFileSystemThatCannotFlushDataAloneFlushesAll) {
@@ -153,7 +180,7 @@ TEST_F(FlushToDiskTest, AFileSystemThatCannotFlushDataAloneFlushesAll) {
         NewFlushAnswers = static_cast<LONG>(status);
         EXPECT_EQ(Copying(), std::nullopt);
         EXPECT_EQ(Seen, (Events{L"flush data of temporary, flags 4", L"flush temporary",
-                                L"rename temporary to copy"}));
+                                L"rename open temporary to copy"}));
     }
 }
 

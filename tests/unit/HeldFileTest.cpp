@@ -11,8 +11,9 @@
 namespace ambrio {
 namespace {
 
-// A copy whose temporary another program, such as a virus scanner, opens just before it is renamed,
-// without letting it be renamed or removed meanwhile. It lets go when `yields` waits have passed.
+// A copy whose temporary another program, such as a virus scanner, opens when it has just been
+// made, on a disk of this machine, or is about to be renamed, on a server, without letting it be
+// renamed or removed meanwhile. It lets go when so many waits have passed.
 class HeldFileTest : public testing::Test {
   protected:
     HeldFileTest() {
@@ -55,15 +56,30 @@ class HeldFileTest : public testing::Test {
     DWORD FailRenameWith = 0;
     std::vector<std::wstring> Renamed;  // each try
     UniqueHandle Held;
+    // Where nothing is flushed nothing is open that could be renamed.
+    UINT DriveType = DRIVE_REMOTE;
+    bool HoldsWhatWasCopied = false;
 
   private:
+    static UINT WINAPI TypeOf(LPCWSTR) { return current_->DriveType; }
+    static BOOL WINAPI Make(LPCWSTR from, LPCWSTR to, LPPROGRESS_ROUTINE progress, LPVOID data,
+                            LPBOOL cancel, DWORD flags) {
+        const BOOL done = copyFile_(from, to, progress, data, cancel, flags);
+        if (current_->HoldsWhatWasCopied) {
+            current_->Held = Holding(to);
+        }
+        return done;
+    }
+    static UniqueHandle Holding(LPCWSTR path) {
+        return MakeHandle<UniqueHandle>(CreateFileW(path, GENERIC_READ,
+                                                    FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                                    OPEN_EXISTING, 0, nullptr));
+    }
     // Called in place of the system's for every rename of the copy.
     static BOOL WINAPI Move(LPCWSTR from, LPCWSTR to, DWORD flags) {
         HeldFileTest& test = *current_;
         if (test.Renamed.empty()) {
-            test.Held = MakeHandle<UniqueHandle>(CreateFileW(from, GENERIC_READ,
-                                                             FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                                             nullptr, OPEN_EXISTING, 0, nullptr));
+            test.Held = Holding(from);
         }
         test.Renamed.emplace_back(from);
         if (test.FailRenameWith != 0) {
@@ -77,6 +93,10 @@ class HeldFileTest : public testing::Test {
     }
 
     static inline HeldFileTest* current_ = nullptr;
+    static inline const auto copyFile_ = reinterpret_cast<decltype(&CopyFileExW)>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "CopyFileExW")));
+    ReplacedImport type_{L"kernel32.dll", "GetDriveTypeW", reinterpret_cast<void*>(&TypeOf)};
+    ReplacedImport copy_{L"kernel32.dll", "CopyFileExW", reinterpret_cast<void*>(&Make)};
     ReplacedImport import_{L"kernel32.dll", "MoveFileExW", reinterpret_cast<void*>(&Move)};
 };
 
@@ -87,6 +107,28 @@ TEST_F(HeldFileTest, AShortLookAtTheNewCopyDelaysItsRename) {
     EXPECT_TRUE(Temporaries().empty());
     EXPECT_EQ(3, Yields);
     EXPECT_EQ(4U, Renamed.size());
+}
+
+TEST_F(HeldFileTest, OnADiskOfThisMachineItDelaysTheFlush) {
+    DriveType = DRIVE_FIXED;
+    HoldsWhatWasCopied = true;
+    YieldsUntilRelease = 3;
+    EXPECT_EQ(std::nullopt, Copying());
+    EXPECT_EQ("new", World.Read(Copy));
+    EXPECT_TRUE(Temporaries().empty());
+    EXPECT_EQ(3, Yields);
+    EXPECT_TRUE(Renamed.empty()) << "it was renamed as it was flushed";
+}
+
+TEST_F(HeldFileTest, AnOldCopyOnADiskOfThisMachineIsWaitedForToo) {
+    DriveType = DRIVE_FIXED;
+    YieldsUntilRelease = 2;
+    Renamed.emplace_back();  // the new one is left alone
+    Held = MakeHandle<UniqueHandle>(CreateFileW(Copy.c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                                nullptr, OPEN_EXISTING, 0, nullptr));
+    EXPECT_EQ(std::nullopt, Copying());
+    EXPECT_EQ("new", World.Read(Copy));
+    EXPECT_EQ(2, Yields);
 }
 
 TEST_F(HeldFileTest, AShortLookDelaysTheRemovalOfACopyThatFailed) {

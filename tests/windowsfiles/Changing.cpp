@@ -1,5 +1,7 @@
 #include "tests/windowsfiles/Changing.h"
 
+#include <string>
+
 #include "tests/windowsfiles/FileFacts.h"
 
 namespace ambrio::windowsfiles {
@@ -13,6 +15,17 @@ constexpr DWORD kCarriedByCopies =
 bool AreOneFile(const Information& a, const Information& b) {
     return a && b && a->dwVolumeSerialNumber == b->dwVolumeSerialNumber &&
            a->nFileIndexHigh == b->nFileIndexHigh && a->nFileIndexLow == b->nFileIndexLow;
+}
+
+// The file that another one takes the name of; nothing where that is its own or nobody's.
+Information ReplacedBy(const Information& source, const wchar_t* target) {
+    const Information old = InformationOf(target);
+    return old && !AreOneFile(source, old) ? old : std::nullopt;
+}
+
+bool IsReadOnly(const Information& file) {
+    return file && IsFile(file->dwFileAttributes) &&
+           HasAny(file->dwFileAttributes, FILE_ATTRIBUTE_READONLY);
 }
 
 bool ReplacesContent(DWORD disposition) {
@@ -147,24 +160,41 @@ BOOL WINAPI CopyFileExAsOnWindows(LPCWSTR source, LPCWSTR target, LPPROGRESS_ROU
 }
 
 BOOL WINAPI MoveFileExAsOnWindows(LPCWSTR source, LPCWSTR target, DWORD flags) {
-    const Information replaced = InformationOf(target);
-    const bool isOther = replaced && !AreOneFile(InformationOf(source), replaced);
-    if (isOther && HasAny(flags, MOVEFILE_REPLACE_EXISTING) && IsFile(replaced->dwFileAttributes) &&
-        HasAny(replaced->dwFileAttributes, FILE_ATTRIBUTE_READONLY)) {
+    const Information replaced = ReplacedBy(InformationOf(source), target);
+    if (HasAny(flags, MOVEFILE_REPLACE_EXISTING) && IsReadOnly(replaced)) {
         return Refuse();
     }
     const BOOL done = MoveFileExW(source, target, flags);
-    if (done != FALSE && isOther) {
-        // Another file may get its number.
-        SetArchiveBit(replaced);
+    if (done != FALSE) {
+        SetArchiveBit(replaced);  // another file may get its number
     }
     return done;
 }
 
+NTSTATUS NTAPI NtSetInformationFileAsOnWindows(HANDLE file, PIO_STATUS_BLOCK result, PVOID data,
+                                               ULONG size, FILE_INFORMATION_CLASS what) {
+    constexpr int kRename = 10;
+    constexpr auto kAccessDenied = static_cast<NTSTATUS>(0xC0000022);
+    Information replaced;
+    if (static_cast<int>(what) == kRename) {
+        const auto& rename = *static_cast<const FILE_RENAME_INFORMATION*>(data);
+        std::wstring target(&rename.FileName[0], rename.FileNameLength / sizeof(wchar_t));
+        target[1] = L'\\';  // of "\??\", which no program's call knows
+        replaced = ReplacedBy(InformationOf(file), target.c_str());
+        if (rename.ReplaceIfExists != FALSE && IsReadOnly(replaced)) {
+            return kAccessDenied;
+        }
+    }
+    const NTSTATUS status = NtSetInformationFile(file, result, data, size, what);
+    if (status >= 0) {
+        SetArchiveBit(replaced);  // as above
+    }
+    return status;
+}
+
 BOOL WINAPI DeleteFileAsOnWindows(LPCWSTR path) {
     const Information file = InformationOf(path);
-    if (file && IsFile(file->dwFileAttributes) &&
-        HasAny(file->dwFileAttributes, FILE_ATTRIBUTE_READONLY)) {
+    if (IsReadOnly(file)) {
         return Refuse();
     }
     const BOOL done = DeleteFileW(path);

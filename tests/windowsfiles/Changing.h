@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/win32/WindowsHeaders.h"
+#include "platform/win32/NativeHeaders.h"
 
 // The replaced calls that change files: every write sets the archive bit, it can be cleared, and
 // what Windows refuses is refused.
@@ -19,6 +19,9 @@ BOOL WINAPI CopyFileAsOnWindows(LPCWSTR source, LPCWSTR target, BOOL failsIfTher
 BOOL WINAPI CopyFileExAsOnWindows(LPCWSTR source, LPCWSTR target, LPPROGRESS_ROUTINE progress,
                                   LPVOID data, LPBOOL cancel, DWORD flags);
 BOOL WINAPI MoveFileExAsOnWindows(LPCWSTR source, LPCWSTR target, DWORD flags);
+// As above, where it renames.
+NTSTATUS NTAPI NtSetInformationFileAsOnWindows(HANDLE file, PIO_STATUS_BLOCK result, PVOID data,
+                                               ULONG size, FILE_INFORMATION_CLASS what);
 BOOL WINAPI DeleteFileAsOnWindows(LPCWSTR path);
 
 }  // namespace ambrio::windowsfiles

@@ -34,9 +34,10 @@ DWORD FlushWhole(HANDLE file) {
 }
 
 DWORD Open(const std::wstring& extended, UniqueHandle& file) {
-    file = MakeHandle<UniqueHandle>(CreateFileW(
-        extended.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-        nullptr, OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    file = MakeHandle<UniqueHandle>(
+        CreateFileW(extended.c_str(), GENERIC_WRITE | DELETE,
+                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                    FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
     return file ? ERROR_SUCCESS : GetLastError();
 }
 

@@ -23,8 +23,9 @@ class FlushedDrives {
     std::array<std::atomic<Kind>, kLetters> kinds_{};
 };
 
-// Opens a new file so that it can be flushed, a read-only one too, and waits for programs that just
-// look into it. Gives the Win32 error code, 0 for success; the file has its attributes either way.
+// Opens a new file so that it can be flushed and renamed, a read-only one too, and waits for
+// programs that just look into it. Nobody can keep it from being renamed while it is open. Gives
+// the Win32 error code, 0 for success; the file has its attributes either way.
 [[nodiscard]] DWORD OpenToFlush(const std::wstring& extended, Patience& patience,
                                 UniqueHandle& file);
 
