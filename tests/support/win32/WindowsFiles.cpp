@@ -1,5 +1,6 @@
 #include "tests/support/win32/WindowsFiles.h"
 
+#include <cstdlib>
 #include <system_error>
 
 #include "platform/win32/WindowsHeaders.h"
@@ -7,7 +8,14 @@
 namespace ambrio {
 
 bool RunsOnWine() {
-    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+    return WineVersion() != 0;
+}
+
+int WineVersion() {
+    using GetVersion = const char* (*)();
+    const auto version = reinterpret_cast<GetVersion>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version")));
+    return version == nullptr ? 0 : std::atoi(version());
 }
 
 std::wstring LoadWindowsFiles() {
