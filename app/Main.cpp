@@ -8,6 +8,7 @@
 #include "config/ConfigurationMode.h"
 #include "engine/LogPath.h"
 #include "platform/AnsweringFileSystem.h"
+#include "platform/CopyAhead.h"
 #include "platform/CopyWatch.h"
 #include "platform/Rounding.h"
 #include "platform/win32/files/Win32FileSystem.h"
@@ -15,6 +16,7 @@
 #include "platform/win32/registry/RegistrySettingsStore.h"
 #include "platform/win32/system/SystemFolders.h"
 #include "platform/win32/system/Win32Clock.h"
+#include "platform/win32/system/Win32WorkerPool.h"
 #include "platform/win32/system/WorkerThread.h"
 #include "platform/win32/windows/MessageLoop.h"
 #include "platform/win32/windows/ScreenTwips.h"
@@ -94,7 +96,9 @@ void Main(HINSTANCE instance, const std::wstring& commandLine) {
     Win32FileSystem disks(copyWatch);
     Win32SlowRoots slowRoots;
     WorkerThread worker;
-    AnsweringFileSystem fileSystem(disks, slowRoots, worker);
+    Win32WorkerPool pool;
+    CopyAhead copyAhead(disks, pool);
+    AnsweringFileSystem fileSystem(copyAhead, slowRoots, worker);
     Application application = ReadApplication(commandLine);
     RegistrySettingsStore settings(application.Title);
     Win32Clock clock;

@@ -31,6 +31,11 @@ if(AMBRIO_SANITIZE)
   target_link_options(ambrio_compiler_settings INTERFACE ${sanitizers})
 endif()
 
+if(AMBRIO_WATCH_THREADS)
+  target_compile_options(ambrio_compiler_settings INTERFACE -fsanitize=thread)
+  target_link_options(ambrio_compiler_settings INTERFACE -fsanitize=thread)
+endif()
+
 find_program(AMBRIO_CCACHE ccache)
 if(AMBRIO_CCACHE)
   # Without this it keeps nothing that was compiled with precompiled headers.

@@ -1,7 +1,5 @@
 #include "engine/DestinationListing.h"
 
-#include <utility>
-
 #include "engine/ListingYield.h"
 #include "platform/RuntimeError.h"
 #include "platform/TemporaryName.h"
@@ -18,7 +16,7 @@ void DestinationListing::Fetch(RunHost& host, const RunSignals& signals) {
         ListingYield yield(host);
         FileEntry entry;
         while (reader->Next(entry)) {
-            Add(std::move(entry));
+            Add(entry);
             yield.CountEntry();
             if (signals.Interrupted) {
                 ForgetAll();
@@ -31,34 +29,22 @@ void DestinationListing::Fetch(RunHost& host, const RunSignals& signals) {
     }
 }
 
-void DestinationListing::Add(FileEntry&& entry) {
+void DestinationListing::Add(const FileEntry& entry) {
     if (entry.IsFolder()) {
         return;
+    }
+    Copy copy{entry.Name, entry.Attributes, entry.DateLastModified, true};
+    const auto [place, isFirst] =
+        copies_.try_emplace(fileSystem_.FoldedName(entry.Name), std::move(copy));
+    if (!isFirst) {
+        place->second.IsCertain = false;
     }
     if (IsTemporaryName(entry.Name)) {
         leftovers_.push_back(entry.Name);
     }
-    ForgetFound();
-    std::wstring folded = fileSystem_.FoldedName(entry.Name);
-    Copy copy{std::move(entry.Name), entry.Attributes, entry.DateLastModified, true};
-    const auto [place, isFirst] = copies_.try_emplace(std::move(folded), std::move(copy));
-    if (!isFirst) {
-        place->second.IsCertain = false;
-    }
-}
-
-const DestinationListing::Copy* DestinationListing::Find(const std::wstring& name) const {
-    if (!isFound_ || foundName_ != name) {
-        const auto copy = copies_.find(fileSystem_.FoldedName(name));
-        found_ = copy == copies_.end() ? nullptr : &copy->second;
-        foundName_ = name;
-        isFound_ = true;
-    }
-    return found_;
 }
 
 void DestinationListing::ForgetAll() {
-    ForgetFound();
     copies_.clear();
     leftovers_.clear();
 }
@@ -68,40 +54,47 @@ std::wstring DestinationListing::PathOf(const std::wstring& name) const {
 }
 
 std::optional<FileEntry> DestinationListing::Listed(const std::wstring& name) const {
-    const Copy* const copy = Find(name);
-    if (copy == nullptr || !copy->IsCertain || (copy->Name != name && !FindsFoldedNames())) {
+    const auto copy = copies_.find(fileSystem_.FoldedName(name));
+    if (copy == copies_.end() || !copy->second.IsCertain ||
+        (copy->second.Name != name && !FindsFoldedNames())) {
         return std::nullopt;
     }
     FileEntry entry;
-    entry.Attributes = copy->Attributes;
-    entry.DateLastModified = copy->DateLastModified;
+    entry.Name = name;
+    entry.Attributes = copy->second.Attributes;
+    entry.DateLastModified = copy->second.DateLastModified;
     return entry;
 }
 
+bool DestinationListing::IsProbablyBehind(const FileEntry& source) const {
+    if (!isListed_ || source.IsFolder() || source.IsLink() ||
+        !folder_.Set().Rule.Qualifies(source.Attributes)) {
+        return false;
+    }
+    const auto copy = copies_.find(fileSystem_.FoldedName(source.Name));
+    return copy == copies_.end() || (copy->second.Name == source.Name &&
+                                     (copy->second.Attributes & kAttributeReadOnly) == 0 &&
+                                     source.DateLastModified > copy->second.DateLastModified);
+}
+
 std::optional<std::wstring> DestinationListing::OtherSpelling(const std::wstring& name) const {
-    const Copy* const copy = Find(name);
-    if (copy == nullptr || copy->Name == name) {
+    const auto copy = copies_.find(fileSystem_.FoldedName(name));
+    if (copy == copies_.end() || copy->second.Name == name) {
         return std::nullopt;
     }
-    return copy->Name;
+    return copy->second.Name;
 }
 
 bool DestinationListing::MayHold(const std::wstring& name) const {
-    return !isListed_ || Find(name) != nullptr || !FindsFoldedNames();
-}
-
-void DestinationListing::Forget(const std::wstring& name) {
-    ForgetFound();
-    copies_.erase(fileSystem_.FoldedName(name));
+    return !isListed_ || copies_.contains(fileSystem_.FoldedName(name)) || !FindsFoldedNames();
 }
 
 void DestinationListing::Note(const std::wstring& name) {
-    ForgetFound();
     copies_.insert_or_assign(fileSystem_.FoldedName(name), Copy{name});
 }
 
 std::optional<FileEntry> DestinationListing::Ask(const std::wstring& name) const {
-    if (isNew_ && Find(name) == nullptr) {
+    if (isNew_ && !copies_.contains(fileSystem_.FoldedName(name))) {
         return std::nullopt;
     }
     return fileSystem_.FindFile(PathOf(name));

@@ -8,6 +8,7 @@
 #include "engine/FolderGuard.h"
 #include "engine/LeftoverSweep.h"
 #include "engine/ListingYield.h"
+#include "engine/LookAhead.h"
 #include "engine/WalkedSet.h"
 #include "platform/DecimalText.h"
 #include "platform/PlainName.h"
@@ -109,8 +110,8 @@ bool FolderWalk::CopyContents(const WalkedFolder& folder, bool isNew) {
     return true;
 }
 
-// Each file is handed over as the listing yields it, so that little time passes in which it can
-// vanish; the subfolders wait until the listing is closed.
+// Each file is handed over soon after the listing yields it, so that little time passes in which it
+// can vanish; the subfolders wait until the listing is closed.
 bool FolderWalk::CopyListedFiles(const WalkedFolder& folder, bool isNew,
                                  std::vector<FileEntry>& subFolders) {
     const std::unique_ptr<FolderReader> listing = run_.Files.GetFolder(folder.Source().Path());
@@ -122,8 +123,9 @@ bool FolderWalk::CopyListedFiles(const WalkedFolder& folder, bool isNew,
         SweepLeftovers(run_.Files, destination);
     }
     ListingYield yield(run_.Host);
+    LookAhead ahead(run_, *listing, destination);
     FileEntry entry;
-    while (listing->Next(entry)) {
+    while (ahead.Next(entry)) {
         if (!IsPlainName(entry.Name)) {
             ReportFolder(RuntimeError(ErrorNumber::BadFileNameOrNumber), FolderAction::Accessing,
                          FileSystem::BuildPath(folder.Source().Path(), entry.Name));

@@ -36,6 +36,7 @@ RunDriver::RunDriver(const Application& application, FileSystem& fileSystem,
 
 void RunDriver::DoTheBiz() {
     RunUntilSetsEnd();
+    fileSystem_.EndExpecting();
     TryWriteClosingBlock();
     CloseDisplay();
     if (HandOverToSecondarySaver() == HandOver::Ended) {

@@ -9,6 +9,7 @@ set(ENGINE_SOURCES
     engine/KnownFolder.cpp
     engine/LeftoverSweep.cpp
     engine/LogPath.cpp
+    engine/LookAhead.cpp
     engine/RunDriver.cpp
     engine/RunLog.cpp
     engine/SameFile.cpp

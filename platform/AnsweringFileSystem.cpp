@@ -274,6 +274,17 @@ void AnsweringFileSystem::CopyFile(const std::wstring& source, const std::wstrin
     Work({from, to}, copy, yield ? yield : yield_);
 }
 
+void AnsweringFileSystem::ExpectCopies(const std::vector<ExpectedCopy>& copies) {
+    const auto isSilent = [this](const std::wstring& path) {
+        const std::wstring root = roots_.RootOf(path);
+        return !root.empty() && IsSilent(root);
+    };
+    if (!copies.empty() && !isSilent(copies.front().Source) &&
+        !isSilent(copies.front().Destination)) {
+        files_.ExpectCopies(copies);
+    }
+}
+
 std::unique_ptr<TextStream> AnsweringFileSystem::OpenForAppending(const std::wstring& path) {
     const std::wstring root = roots_.RootOf(path);
     auto stream =

@@ -41,6 +41,10 @@ class AnsweringFileSystem : public FileSystem {
     void DeleteFile(const std::wstring& path, bool force) override;
     void CopyFile(const std::wstring& source, const std::wstring& destination, bool overwrite,
                   const Yield& yield) override;
+    // Hints are passed on at once; a slow root that is silent gets none.
+    void ExpectCopies(const std::vector<ExpectedCopy>& copies) override;
+    void ExpectNothing() override { files_.ExpectNothing(); }
+    void EndExpecting() override { files_.EndExpecting(); }
     std::unique_ptr<TextStream> OpenForAppending(const std::wstring& path) override;
     bool IsWritableFolder(const std::wstring& path, const std::wstring& file) override;
     bool MayFollow(const std::wstring& folder) override;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/FileAttributes.h"
 
@@ -92,8 +93,28 @@ class TextStream {
     virtual void Flush() = 0;
 };
 
+// A copy that has everything but its name. When it goes without that, its temporary file goes too,
+// as far as that can be done. It may go on another thread than the one that it was made on.
+class PreparedCopy {
+  public:
+    virtual ~PreparedCopy() = default;
+    // Gives the copy its name where source and destination are what they were when it was made.
+    // Otherwise, where that fails, and without `overwrite` where the name is taken, it gives false
+    // and nothing has changed.
+    [[nodiscard]] virtual bool Finish(bool overwrite) = 0;
+};
+
+// A file that will probably be copied soon.
+struct ExpectedCopy {
+    std::wstring Source;
+    std::wstring Destination;
+    std::uint64_t Size = 0;  // of the source, in bytes
+    // No copy is known. Nobody looks for one either: the name is taken or not when it is given.
+    bool SeemsNew = false;
+};
+
 // Called now and then while an operation takes long, so that the caller can let pending events
-// run. Must not throw and must not call the file system.
+// run. Must not throw and must not call the file system, but to expect nothing any more.
 using Yield = std::function<void()>;
 
 // The one file-system object of the process. Paths are plain ("C:\Data\x.txt", "\\server\share"),
@@ -147,6 +168,26 @@ class FileSystem {
     // be empty.
     virtual void CopyFile(const std::wstring& source, const std::wstring& destination,
                           bool overwrite, const Yield& yield) = 0;
+
+    // Makes the first part of such a copy, without anybody seeing it, on any thread. Nothing where
+    // that fails, where CopyFile had better decide, where the source is larger than said, or where
+    // `isWanted` has become false meanwhile.
+    virtual std::unique_ptr<PreparedCopy> PrepareCopy(const ExpectedCopy& copy,
+                                                      const std::function<bool()>& isWanted);
+
+    // The bytes that are free for this user in a folder; nothing where nobody can tell. On any
+    // thread.
+    virtual std::optional<std::uint64_t> FreeBytes(const std::wstring& folder);
+
+    // Hints, which need no answer, never fail and may be wrong. The copies that the caller is about
+    // to ask for, all into one folder:
+    virtual void ExpectCopies(const std::vector<ExpectedCopy>& copies);
+    // None of those that were named and not asked for yet is to be expected any more. Returns at
+    // once; on any thread, as long as it is not at the same time as one of the other two hints.
+    virtual void ExpectNothing();
+    // The same, and no hint follows for a while. What was begun because of one has ended, or was
+    // given a tenth of a second for it.
+    virtual void EndExpecting();
 
     // Opens a text file for appending, creating it when it does not exist.
     virtual std::unique_ptr<TextStream> OpenForAppending(const std::wstring& path) = 0;

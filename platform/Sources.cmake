@@ -1,11 +1,13 @@
 # What every build has, then what only one of the two worlds has.
 set(PLATFORM_SOURCES
     platform/AnsweringFileSystem.cpp
+    platform/CopyAhead.cpp
     platform/DateTime.cpp
     platform/DecimalText.cpp
     platform/DriveLetter.cpp
     platform/DriveReconnection.cpp
     platform/FileSystem.cpp
+    platform/ForwardingFileSystem.cpp
     platform/KeyValueText.cpp
     platform/NativeSystemPath.cpp
     platform/PlainName.cpp
@@ -57,6 +59,7 @@ set(PLATFORM_WIN32_SOURCES
     platform/win32/system/SystemLibrary.cpp
     platform/win32/system/SystemRedirection.cpp
     platform/win32/system/Win32Clock.cpp
+    platform/win32/system/Win32WorkerPool.cpp
     platform/win32/system/WorkWithYield.cpp
     platform/win32/system/WorkerThread.cpp
     platform/win32/text/Automation.cpp

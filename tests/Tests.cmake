@@ -37,6 +37,9 @@ set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${copy_rules})
 file(READ ${copy_rules} COPY_RULE_TABLE)
 configure_file(tests/unit/CopyRuleTable.h.in generated/CopyRuleTable.h @ONLY)
 
+if(NOT WIN32)
+  list(APPEND TEST_SUPPORT_SOURCES ${TEST_SUPPORT_HOST_SOURCES})
+endif()
 # The doubles are optimised a little, where the rest is: whole backups run on them by the hundred.
 ambrio_room(test_support PRECOMPILED standard SOURCES ${TEST_SUPPORT_SOURCES} ${REFERENCE_MODEL_SOURCES}
             LINKS ambrio_engine)
@@ -54,6 +57,9 @@ if(WIN32)
   include(tests/bench/Bench.cmake)
 else()
   include(tests/fuzz/Fuzz.cmake)
-  add_executable(unit_tests ${FUZZ_SEED_TEST_SOURCES})
+  add_executable(unit_tests ${FUZZ_SEED_TEST_SOURCES} ${UNIT_TEST_HOST_SOURCES})
   target_link_libraries(unit_tests PRIVATE ${PORTABLE_TESTS} ambrio_fuzz gtest_main)
+  # By itself, for the sanitizer that watches threads.
+  add_executable(thread_tests EXCLUDE_FROM_ALL ${UNIT_TEST_HOST_SOURCES})
+  target_link_libraries(thread_tests PRIVATE ambrio_test_settings ambrio_test_support gtest_main)
 endif()

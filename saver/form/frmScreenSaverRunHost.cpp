@@ -13,6 +13,9 @@ namespace ambrio {
 void frmScreenSaver::DoEvents() {
     HandleWaitingMessages();
     pace_.Note(std::chrono::steady_clock::now());
+    if (signals_.Interrupted) {
+        fileSystem_.ExpectNothing();
+    }
 }
 
 void frmScreenSaver::DoEventsSoon() {

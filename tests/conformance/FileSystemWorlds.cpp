@@ -1,7 +1,10 @@
+#include "tests/conformance/AheadWorld.h"
 #include "tests/conformance/AnsweringWorld.h"
 #include "tests/conformance/FileSystemWorld.h"
 #include "tests/conformance/MemoryWorld.h"
+#include "tests/support/AtOncePool.h"
 #ifdef _WIN32
+#include "platform/win32/system/Win32WorkerPool.h"
 #include "platform/win32/system/WorkerThread.h"
 #include "tests/conformance/win32/Win32World.h"
 #endif
@@ -27,12 +30,27 @@ std::vector<FileSystemWorldMaker> FileSystemWorlds() {
          [] { return std::unique_ptr<FileSystemWorld>(std::make_unique<MemoryWorld>()); }},
 #ifdef _WIN32
         {"Win32", [] { return std::unique_ptr<FileSystemWorld>(std::make_unique<Win32World>()); }},
+        {"Win32Ahead",
+         [] {
+             return std::unique_ptr<FileSystemWorld>(
+                 std::make_unique<AheadWorld<AtOncePool>>(std::make_unique<Win32World>()));
+         }},
+        {"Win32AheadByThreads",
+         [] {
+             return std::unique_ptr<FileSystemWorld>(
+                 std::make_unique<AheadWorld<Win32WorkerPool>>(std::make_unique<Win32World>()));
+         }},
         {"Win32Answering",
          [] {
              return std::unique_ptr<FileSystemWorld>(
                  std::make_unique<Win32Answering>(std::make_unique<Win32World>()));
          }},
 #else
+        {"MemoryAhead",
+         [] {
+             return std::unique_ptr<FileSystemWorld>(
+                 std::make_unique<AheadWorld<AtOncePool>>(std::make_unique<MemoryWorld>()));
+         }},
         {"MemoryAnswering",
          [] {
              return std::unique_ptr<FileSystemWorld>(

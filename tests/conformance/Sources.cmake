@@ -8,6 +8,7 @@ set(CONFORMANCE_TEST_SOURCES
     tests/conformance/LogConformance.cpp
     tests/conformance/MemoryWorld.cpp
     tests/conformance/NameConformance.cpp
+    tests/conformance/PreparedCopyConformance.cpp
 )
 
 set(CONFORMANCE_TEST_WIN32_SOURCES

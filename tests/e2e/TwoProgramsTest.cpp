@@ -55,6 +55,19 @@ class TwoProgramsTest : public SaverTest {
         return ended;
     }
 
+    // What the log says, plain characters alone.
+    [[nodiscard]] std::string LogForPeople() const {
+        std::string text;
+        const LogText log = Log();
+        for (const std::wstring& line : log.AllLines()) {
+            for (const wchar_t character : line) {
+                text += character < 127 ? static_cast<char>(character) : '?';
+            }
+            text += '\n';
+        }
+        return text;
+    }
+
     std::unique_ptr<HDESK__, DesktopCloser> desktop_;
 };
 
@@ -68,7 +81,8 @@ TEST_F(TwoProgramsTest, RunTheSameSetAtOnceAndLeaveWholeFilesOnly) {
     Start(L"/S");
     const RunningProgram second(Folder.Program(), L"/S", {}, kOtherDesktop);
     WaitForTheEndOfTheRun();
-    EXPECT_TRUE(WaitUntil([this] { return EndedRuns() == 2; })) << "the second run does not end";
+    EXPECT_TRUE(WaitUntil([this] { return EndedRuns() == 2; }))
+        << "the second run does not end: " << LogForPeople();
     EXPECT_TRUE(second.IsRunning());
     EXPECT_TRUE(SameTree(ReadTree(Source.Root()), ReadTree(Destination())));
     EndOnOtherDesktop(second);

@@ -40,8 +40,9 @@ constexpr std::array<ErrorClass, 10> kErrorClasses{{
 // stage.
 class FaultyServices : public ObservedFileSystem, public ForwardingSettingsStore {
   public:
-    FaultyServices(EngineBench& bench, Stage stage, int occurrence, ErrorNumber number)
-        : ObservedFileSystem(bench.Files), ForwardingSettingsStore(bench.Settings) {
+    FaultyServices(EngineBench& bench, FileSystem& files, Stage stage, int occurrence,
+                   ErrorNumber number)
+        : ObservedFileSystem(files), ForwardingSettingsStore(bench.Settings) {
         fault_.At = stage;
         fault_.Occurrence = occurrence;
         fault_.Number = number;
@@ -100,9 +101,10 @@ class FaultyServices : public ObservedFileSystem, public ForwardingSettingsStore
 };
 
 // True when a run with this fault is exactly what it must be, and leaves nothing open.
-bool CellPasses(Stage stage, int occurrence, const ErrorClass& error) {
+bool CellPasses(Stage stage, int occurrence, const ErrorClass& error, bool ahead) {
     FaultScene scene;
-    FaultyServices services(scene.Bench, stage, occurrence, NumberOfWin32Code(error.Win32Code));
+    FaultyServices services(scene.Bench, ahead ? scene.Bench.FilesAhead() : scene.Bench.Files,
+                            stage, occurrence, NumberOfWin32Code(error.Win32Code));
     const WatchedRun run(scene.Bench);
     scene.Bench.Run(services, services);
     std::string trouble = run.Trouble(PlanOf(services.Fault()));
@@ -110,8 +112,8 @@ bool CellPasses(Stage stage, int occurrence, const ErrorClass& error) {
         trouble += "the call was not made\n";
     }
     if (!trouble.empty()) {
-        ADD_FAILURE() << NameOf(stage) << ", call " << occurrence << ", " << error.Name << ":\n"
-                      << trouble;
+        ADD_FAILURE() << NameOf(stage) << ", call " << occurrence << ", " << error.Name
+                      << (ahead ? ", with copies made ahead:\n" : ":\n") << trouble;
     }
     return trouble.empty();
 }
@@ -124,7 +126,8 @@ std::string Cell(std::string text, std::size_t width) {
 // The calls of each stage in a run without a fault.
 std::map<Stage, int> CallsOfAWholeRun() {
     FaultScene scene;
-    FaultyServices services(scene.Bench, Stage::End, 0, ErrorNumber::PermissionDenied);
+    FaultyServices services(scene.Bench, scene.Bench.Files, Stage::End, 0,
+                            ErrorNumber::PermissionDenied);
     scene.Bench.Run(services, services);
     return services.Calls();
 }
@@ -147,8 +150,8 @@ TEST(FaultMatrix, TheRunWithoutAFaultIsAsPlanned) {
     EXPECT_EQ(state.FilesCopied, state.FilesChecked - state.CopiesRemoved - CountOf(Plan::Leave));
 }
 
-// Every stage of a run, each class of error, at the first, a middle and the last call. The table
-// shows passed cells of all cells.
+// Every stage of a run, each class of error, at the first, a middle and the last call, and all that
+// again with copies made ahead. The table shows passed cells of all cells.
 TEST(FaultMatrix, EveryFaultHasExactlyItsConsequences) {
     const std::map<Stage, int> calls = CallsOfAWholeRun();
     int all = 0;
@@ -165,8 +168,10 @@ TEST(FaultMatrix, EveryFaultHasExactlyItsConsequences) {
         table += "|\n" + Cell(NameOf(stage), 37);
         for (const ErrorClass& error : kErrorClasses) {
             const auto good =
-                std::count_if(occurrences.begin(), occurrences.end(),
-                              [&](int occurrence) { return CellPasses(stage, occurrence, error); });
+                std::count_if(occurrences.begin(), occurrences.end(), [&](int occurrence) {
+                    return CellPasses(stage, occurrence, error, false) &&
+                           CellPasses(stage, occurrence, error, true);
+                });
             table += Cell(std::to_string(good) + "/" + std::to_string(occurrences.size()), 9);
             all += static_cast<int>(occurrences.size());
             passed += static_cast<int>(good);

@@ -25,8 +25,8 @@ bool IsOneOf(const std::wstring& text, const Lines& starts) {
 // One run of the scene in which one operation fails, or that one and all after it.
 class FaultyRun {
   public:
-    void Run(const FileFault& fault) {
-        FailingFileSystem failing(bench_.Files, fault);
+    void Run(const FileFault& fault, bool ahead = false) {
+        FailingFileSystem failing(ahead ? bench_.FilesAhead() : bench_.Files, fault);
         const Contents before = Copies();
         ASSERT_NO_THROW(bench_.Run(failing, bench_.Settings));
         failed_ = failing.FailedCall();
@@ -182,11 +182,11 @@ class FaultyRun {
 };
 
 // One run for each operation that it meets, until a run meets no fault any more.
-void FailEachOperationOnce(ErrorNumber number) {
+void FailEachOperationOnce(ErrorNumber number, bool ahead = false) {
     int operation = 1;
     for (;; ++operation) {
         FaultyRun run;
-        run.Run({.At = operation, .Number = number});
+        run.Run({.At = operation, .Number = number}, ahead);
         if (!run.MetAFault()) {
             break;
         }
@@ -215,6 +215,10 @@ TEST(RunFault, TheRunWithoutAFaultIsWhatItShouldBe) {
 
 TEST(RunFault, EachOperationMayBeRefusedOnce) {
     FailEachOperationOnce(ErrorNumber::PermissionDenied);
+}
+
+TEST(RunFault, EachOperationMayBeRefusedOnceWithCopiesMadeAhead) {
+    FailEachOperationOnce(ErrorNumber::PermissionDenied, true);
 }
 
 TEST(RunFault, EachOperationMayMeetAFullDiskOnce) {

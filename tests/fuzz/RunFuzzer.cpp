@@ -38,8 +38,8 @@ Contents ContentsOf(EngineBench& bench) {
 // Fails what the faults name, whenever it is called, and lets input come while a file is copied.
 class Failing : public ObservedFileSystem {
   public:
-    Failing(EngineBench& bench, const RunFaults& faults)
-        : ObservedFileSystem(bench.Files), bench_(bench), faults_(faults) {}
+    Failing(EngineBench& bench, FileSystem& files, const RunFaults& faults)
+        : ObservedFileSystem(files), bench_(bench), faults_(faults) {}
 
     bool Before(const FileCall& call) override {
         if (call.Operation == FileOperation::CopyFile && faults_.InputAtCopyOf == call.Path) {
@@ -70,14 +70,14 @@ class Failing : public ObservedFileSystem {
     const RunFaults& faults_;
 };
 
-// A run with these faults comes to exactly what the model says.
-void RunAsForetold(RunScene& scene, const RunFaults& faults) {
+// A run with these faults comes to exactly what the model says, also with copies made ahead.
+void RunAsForetold(RunScene& scene, const RunFaults& faults, bool ahead) {
     EngineBench& bench = scene.Bench;
     bench.Signals = {};
     bench.Signals.Interrupted = faults.InputBeforeTheRun;
     WatchedRun run(bench);
     run.World().InputAtCopyOf.insert(faults.InputAtCopyOf);
-    Failing failing(bench, faults);
+    Failing failing(bench, ahead ? bench.FilesAhead() : bench.Files, faults);
     bench.Run(failing, bench.Settings);
     const Stage ofTheOtherLook =
         faults.CopiesAreOverlooked ? Stage::ReadCopy : Stage::TestCopyToReplace;
@@ -126,23 +126,28 @@ void ExpectNoTemporaries(RunScene& scene) {
             "no temporary stays");
 }
 
-}  // namespace
-
-void FuzzRun(FuzzInput input) {
+void FuzzRunOnce(FuzzInput input, bool ahead) {
     RunScene scene(input);
     if (input.Bool()) {
-        RunAsForetold(scene, scene.MakeFaults());
+        RunAsForetold(scene, scene.MakeFaults(), ahead);
     } else {
         RunAndKill(scene, 1 + static_cast<int>(input.Below(6)));
     }
-    RunAsForetold(scene, {});
+    RunAsForetold(scene, {}, ahead);
     const RunState& state = scene.Bench.State;
     if (scene.RunsAllSets() && !state.HasFailures() && state.FatalErrorText.empty()) {
         ExpectNoTemporaries(scene);
     }
-    RunAsForetold(scene, {});
+    RunAsForetold(scene, {}, ahead);
     // What stays to be done is what the rules forbid to do.
     Require(state.FilesCopied == state.CopyErrors, "the work is done");
+}
+
+}  // namespace
+
+void FuzzRun(FuzzInput input) {
+    FuzzRunOnce(input, false);
+    FuzzRunOnce(input, true);
 }
 
 }  // namespace ambrio

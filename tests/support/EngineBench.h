@@ -7,6 +7,8 @@
 #include "engine/RunSignals.h"
 #include "engine/RunState.h"
 #include "platform/Application.h"
+#include "platform/CopyAhead.h"
+#include "tests/support/AtOncePool.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/MemorySettingsStore.h"
@@ -30,6 +32,9 @@ class EngineBench {
     void Run() { Run(Files, Settings); }
     void Run(FileSystem& fileSystem, SettingsStore& settings);
 
+    // The files with copies made ahead of their turn, for each folder that has any to copy.
+    [[nodiscard]] FileSystem& FilesAhead() { return ahead_; }
+
     // The lines of the log, wherever it lies, without their line ends; none when there is no log.
     [[nodiscard]] std::vector<std::wstring> Log();
     // Whether it holds the lines, one after the other.
@@ -47,6 +52,10 @@ class EngineBench {
     RunSignals Signals;
     RunState State;               // of the last run, once it is over
     std::wstring FailureSummary;  // what the form would show after the last run
+
+  private:
+    AtOncePool pool_;
+    CopyAhead ahead_{Files, pool_, 0};
 };
 
 }  // namespace ambrio

@@ -6,6 +6,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/TemporaryName.h"
 #include "tests/support/MemoryHandles.h"
+#include "tests/support/MemoryPreparedCopy.h"
 #include "tests/support/NameFolding.h"
 
 namespace ambrio {
@@ -175,6 +176,37 @@ void MemoryFileSystem::CopyFile(const std::wstring& source, const std::wstring& 
         throw;
     }
     place.Folder->Rename(copy, place.Name);
+}
+
+std::unique_ptr<PreparedCopy> MemoryFileSystem::PrepareCopy(const ExpectedCopy& what,
+                                                            const std::function<bool()>& isWanted) {
+    try {
+        const MemoryNode::Pointer from = RequireFile(what.Source);
+        const Place place = PlaceOf(what.Destination);
+        const MemoryNode::Pointer old = place.Folder->Child(place.Name);
+        if (from->IsLink() || from->Locked || from->Size() > what.Size || (old && old->IsLink()) ||
+            !isWanted()) {
+            return nullptr;
+        }
+        if (!what.SeemsNew) {
+            RequireReplaceable(old, from, true);
+        }
+        RequireWritable(*place.Folder);
+        MemoryNode::Pointer copy =
+            CopyUnder(from, {place.Folder, TemporaryName(nextId_, ProcessId)}, {});
+        return std::make_unique<MemoryPreparedCopy>(*this, what, place.Folder, std::move(copy));
+    } catch (const RuntimeError&) {
+        return nullptr;
+    }
+}
+
+std::optional<std::uint64_t> MemoryFileSystem::FreeBytes(const std::wstring& folder) {
+    try {
+        const MemoryVolume& volume = RequireFolder(folder)->Volume;
+        return volume.Quota ? std::optional(*volume.Quota - volume.Used) : std::nullopt;
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
 }
 
 MemoryNode::Pointer MemoryFileSystem::CopyUnder(const MemoryNode::Pointer& source,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/ForwardingFileSystem.h"
+#include "platform/ForwardingFileSystem.h"
 
 namespace ambrio {
 

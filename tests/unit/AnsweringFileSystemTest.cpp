@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+#include "platform/ForwardingFileSystem.h"
 #include "tests/support/CountingFileSystem.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/RuntimeErrorOf.h"
@@ -235,6 +236,28 @@ TEST_F(SilentRootTest, IsNotAskedAgainForTenSeconds) {
     EXPECT_EQ(0, worker_.Works);
     drives_.Time += 1ms;
     EXPECT_TRUE(files_.FileExists(L"Q:\\Data\\file.txt"));
+}
+
+TEST_F(SilentRootTest, IsNotToldWhatToExpect) {
+    class Hinted : public ForwardingFileSystem {
+      public:
+        using ForwardingFileSystem::ForwardingFileSystem;
+        void ExpectCopies(const std::vector<ExpectedCopy>& copies) override {
+            Sources.push_back(copies.front().Source);
+        }
+        std::vector<std::wstring> Sources;
+    };
+    Hinted hinted(slow_);
+    AnsweringFileSystem files(hinted, drives_, worker_);
+    EXPECT_FALSE(files.FileExists(L"Q:\\Data\\missing.txt"));
+    worker_.Works = 0;
+    files.ExpectCopies({{L"C:\\Data\\1", L"Q:\\Data\\1"}});
+    files.ExpectCopies({{L"Q:\\Data\\2", L"C:\\Data\\2"}});
+    EXPECT_TRUE(hinted.Sources.empty());
+    files.ExpectCopies({{L"C:\\Data\\3", L"R:\\Data\\3"}});
+    files.ExpectCopies({{L"R:\\Data\\4", L"C:\\Data\\4"}});
+    EXPECT_EQ(hinted.Sources, (std::vector<std::wstring>{L"C:\\Data\\3", L"R:\\Data\\4"}));
+    EXPECT_EQ(0, worker_.Works) << "a hint waits for nobody";
 }
 
 TEST_F(SilentRootTest, KeepsNoOtherFromBeingAsked) {

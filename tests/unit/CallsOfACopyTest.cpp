@@ -3,10 +3,10 @@
 #include <functional>
 #include <utility>
 
+#include "platform/ForwardingFileSystem.h"
 #include "settings/SettingKeys.h"
 #include "tests/support/CountingFileSystem.h"
 #include "tests/support/EngineBench.h"
-#include "tests/support/ForwardingFileSystem.h"
 
 namespace ambrio {
 namespace {

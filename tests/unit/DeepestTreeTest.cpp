@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/ForwardingFileSystem.h"
 #include "tests/support/EngineBench.h"
-#include "tests/support/ForwardingFileSystem.h"
 
 namespace ambrio {
 namespace {

@@ -1,7 +1,7 @@
 #include "tests/unit/HazardFixture.h"
 
 #include <utility>
-#include "tests/support/ForwardingFileSystem.h"
+#include "platform/ForwardingFileSystem.h"
 
 namespace ambrio {
 namespace {

@@ -147,6 +147,22 @@ TEST_F(FlushToDiskTest, AFileSystemThatRenamesNothingOpenIsAskedByName) {
     EXPECT_EQ(FilesInDestination(), 1U);
 }
 
+TEST_F(FlushToDiskTest, ACopyMadeAheadIsFlushedWhenItIsMade) {
+    const auto copy = World.Files().PrepareCopy({Source, Copy, 3}, [] { return true; });
+    ASSERT_NE(copy, nullptr);
+    EXPECT_EQ(Seen, Events{L"flush temporary"});
+    EXPECT_TRUE(copy->Finish(true));
+    EXPECT_EQ(Seen, (Events{L"flush temporary", L"rename temporary to copy"}));
+    EXPECT_EQ(World.Read(Copy), "new");
+}
+
+TEST_F(FlushToDiskTest, ACopyMadeAheadThatCannotBeFlushedIsNone) {
+    FailFlushWith = ERROR_DISK_FULL;
+    EXPECT_EQ(World.Files().PrepareCopy({Source, Copy, 3}, [] { return true; }), nullptr);
+    EXPECT_EQ(World.Read(Copy), "old");
+    EXPECT_EQ(FilesInDestination(), 1U);
+}
+
 TEST_F(FlushToDiskTest, ALargeOneIsToo) {
     World.Write(Source, std::string(3U << 20U, 'x'));
     int yields = 0;

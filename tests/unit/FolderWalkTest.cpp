@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/ListingYield.h"
+#include "engine/LookAhead.h"
 #include "platform/TemporaryName.h"
 #include "settings/SettingKeys.h"
 #include "tests/support/CountingFileSystem.h"
@@ -270,16 +271,21 @@ TEST_F(FolderWalkTest, LongListingsLetEventsRun) {
 
 // Only what vanishes after it was listed stops a run, and little is listed ahead.
 TEST_F(FolderWalkTest, AFileThatVanishesBeforeItIsListedStopsNothing) {
-    Files({L"1", L"2", L"3"});
+    // As many are read ahead while there are files to copy.
+    constexpr int kListed = static_cast<int>(LookAhead::kMostEntries);
+    for (int i = 1; i <= kListed; ++i) {
+        Files({std::to_wstring(i)});
+    }
+    Files({L"late", L"last"});
     Bench.Host.OnDoEvents = [this](int) {
         if (Bench.Panel.Caption(PanelLabel::lblcopied) == L"1" &&
-            Bench.Files.FileExists(L"C:\\From\\2")) {
-            Bench.Files.Remove(L"C:\\From\\2");
+            Bench.Files.FileExists(L"C:\\From\\late")) {
+            Bench.Files.Remove(L"C:\\From\\late");
         }
     };
     Bench.Run();
-    EXPECT_TRUE(IsCopied(L"1") && IsCopied(L"3"));
-    EXPECT_EQ(Bench.State.FilesChecked, 2);
+    EXPECT_TRUE(IsCopied(L"1") && IsCopied(L"last"));
+    EXPECT_EQ(Bench.State.FilesChecked, kListed + 1);
     EXPECT_FALSE(Bench.Signals.Interrupted);
 }
 

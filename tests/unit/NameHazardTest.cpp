@@ -2,7 +2,7 @@
 
 #include <array>
 #include <utility>
-#include "tests/support/ForwardingFileSystem.h"
+#include "platform/ForwardingFileSystem.h"
 
 namespace ambrio {
 namespace {

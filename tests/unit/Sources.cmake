@@ -1,5 +1,6 @@
 # What runs natively and as a Windows program, then what only one of them has.
 set(UNIT_TEST_SOURCES
+    tests/unit/AheadRunTest.cpp
     tests/unit/AudienceTest.cpp
     tests/unit/AnsweringFileSystemTest.cpp
     tests/unit/AreaTest.cpp
@@ -15,6 +16,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/CopyFilesTest.cpp
     tests/unit/CopyRulesFrameTest.cpp
     tests/unit/CopyWatchTest.cpp
+    tests/unit/CopyAheadTest.cpp
     tests/unit/CopyRuleTableTest.cpp
     tests/unit/DateTimeTest.cpp
     tests/unit/DecimalTextTest.cpp
@@ -101,6 +103,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/frmConfigurationTest.cpp
     tests/unit/frmPropertiesTest.cpp
     tests/unit/frmScreenSaverAudienceTest.cpp
+    tests/unit/frmScreenSaverInterruptionTest.cpp
     tests/unit/frmScreenSaverTest.cpp
     tests/unit/GetKeyValueTest.cpp
     tests/unit/HeldFileTest.cpp
@@ -121,7 +124,13 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/Win32ClockTest.cpp
     tests/unit/Win32RememberedDrivesTest.cpp
     tests/unit/Win32SlowRootsTest.cpp
+    tests/unit/Win32CopyAheadTest.cpp
     tests/unit/WindowTest.cpp
     tests/unit/WorkWithYieldTest.cpp
     tests/unit/WorkerThreadTest.cpp
+)
+
+# What runs natively only, where there are threads that a sanitizer can watch.
+set(UNIT_TEST_HOST_SOURCES
+    tests/unit/CopyAheadThreadsTest.cpp
 )

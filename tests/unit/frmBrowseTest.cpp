@@ -3,9 +3,9 @@
 #include <memory>
 #include <vector>
 
+#include "platform/ForwardingFileSystem.h"
 #include "platform/win32/files/FullPath.h"
 #include "resources/DialogIds.h"
-#include "tests/support/ForwardingFileSystem.h"
 #include "tests/unit/FormFixture.h"
 
 namespace ambrio {

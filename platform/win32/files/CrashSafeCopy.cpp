@@ -1,5 +1,6 @@
 #include "platform/win32/files/CrashSafeCopy.h"
 
+#include <optional>
 #include <utility>
 
 #include "platform/RuntimeError.h"
@@ -101,7 +102,142 @@ void RequireReplaceable(const std::wstring& source, const WIN32_FILE_ATTRIBUTE_D
     }
 }
 
+std::uint64_t SizeOf(const WIN32_FILE_ATTRIBUTE_DATA& data) {
+    return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
+}
+
+// What a file looks like, links not followed; nothing for one that is not there.
+using Looks = std::optional<WIN32_FILE_ATTRIBUTE_DATA>;
+
+bool AreAlike(const Looks& one, const Looks& other) {
+    if (!one || !other) {
+        return !one && !other;
+    }
+    return one->dwFileAttributes == other->dwFileAttributes &&
+           CompareFileTime(&one->ftLastWriteTime, &other->ftLastWriteTime) == 0 &&
+           CompareFileTime(&one->ftCreationTime, &other->ftCreationTime) == 0 &&
+           SizeOf(*one) == SizeOf(*other);
+}
+
+// Gives false where nobody can tell.
+bool Look(const std::wstring& extended, Looks& looks) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    const DWORD code = ReadFileData(extended, data);
+    looks = code == ERROR_SUCCESS ? Looks(data) : std::nullopt;
+    return code == ERROR_SUCCESS || code == ERROR_FILE_NOT_FOUND;
+}
+
+// A disk that keeps times in steps (of two seconds, one, a hundredth) may give a file that has just
+// been written and is written once more the same time.
+bool MayChangeUnseen(const FILETIME& lastWrite) {
+    constexpr std::uint64_t kSecond = 10'000'000;
+    constexpr std::uint64_t kLongest = 3 * kSecond;
+    const auto ticksOf = [](const FILETIME& time) {
+        return (static_cast<std::uint64_t>(time.dwHighDateTime) << 32U) | time.dwLowDateTime;
+    };
+    FILETIME now;
+    GetSystemTimeAsFileTime(&now);
+    return ticksOf(lastWrite) % (kSecond / 100) == 0 &&
+           ticksOf(lastWrite) + kLongest > ticksOf(now);
+}
+
+bool HasAny(const WIN32_FILE_ATTRIBUTE_DATA& data, DWORD attributes) {
+    return (data.dwFileAttributes & attributes) != 0;
+}
+
+// The first part of a copy, held until its turn. Whatever is out of the ordinary is CopyFile's.
+class TemporaryCopy : public PreparedCopy {
+  public:
+    TemporaryCopy(ExpectedCopy what, const std::wstring& temporaryName)
+        : what_(std::move(what)), temporary_(FolderOfExtended(what_.Destination) + temporaryName) {}
+    ~TemporaryCopy() override {
+        if (isThere_) {
+            const Yield nobody;
+            Patience patience(nobody);
+            RemoveTemporary(temporary_, patience);
+        }
+    }
+    TemporaryCopy(const TemporaryCopy&) = delete;
+    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
+
+    [[nodiscard]] bool Make(FlushedDrives& flushed, const std::function<bool()>& isWanted) {
+        if (!MayBeCopied() || !MayBeReplaced() || !isWanted()) {
+            return false;
+        }
+        CopyWatch unseen;
+        const DWORD code =
+            CopyWithYield(what_.Source, temporary_, SizeOf(*sourceLooks_), unseen, Yield());
+        isThere_ = !NameIsTaken(code);  // part of it, at least
+        return code == ERROR_SUCCESS && isWanted() && IsSafe(flushed, unseen);
+    }
+
+    [[nodiscard]] bool Finish(bool overwrite) override {
+        Looks source;
+        if (!Look(what_.Source, source) || !AreAlike(source, sourceLooks_)) {
+            return false;
+        }
+        DWORD flags = 0;  // the rename itself finds a destination that has come meanwhile
+        if (destinationLooks_) {
+            Looks destination;
+            if (!overwrite || !Look(what_.Destination, destination) ||
+                !AreAlike(destination, destinationLooks_)) {
+                return false;
+            }
+            flags = MOVEFILE_REPLACE_EXISTING;
+        }
+        if (MoveFileExW(temporary_.c_str(), what_.Destination.c_str(), flags) == 0) {
+            return false;
+        }
+        isThere_ = false;
+        return true;
+    }
+
+  private:
+    static constexpr DWORD kOdd = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+
+    [[nodiscard]] bool MayBeCopied() {
+        return Look(what_.Source, sourceLooks_) && sourceLooks_ && !HasAny(*sourceLooks_, kOdd) &&
+               SizeOf(*sourceLooks_) < kSmallFile && SizeOf(*sourceLooks_) <= what_.Size &&
+               !MayChangeUnseen(sourceLooks_->ftLastWriteTime);
+    }
+    [[nodiscard]] bool MayBeReplaced() {
+        if (what_.SeemsNew) {
+            return true;
+        }
+        return Look(what_.Destination, destinationLooks_) &&
+               (!destinationLooks_ ||
+                (!HasAny(*destinationLooks_, kOdd | FILE_ATTRIBUTE_READONLY) &&
+                 !AreOneFile(what_.Source, *sourceLooks_, what_.Destination, *destinationLooks_)));
+    }
+    // It does not stay open: another program that takes it for a leftover and removes it would only
+    // be put off until it has its name.
+    [[nodiscard]] bool IsSafe(FlushedDrives& flushed, const CopyWatch& unseen) const {
+        const Yield nobody;
+        Patience patience(nobody);
+        UniqueHandle file;
+        return !flushed.Hold(temporary_) ||
+               Flush(temporary_, 0, unseen, patience, nobody, file) == ERROR_SUCCESS;
+    }
+
+    const ExpectedCopy what_;
+    const std::wstring temporary_;
+    Looks sourceLooks_;       // before the copy was begun
+    Looks destinationLooks_;  // the same
+    bool isThere_ = false;    // the temporary
+};
+
 }  // namespace
+
+std::unique_ptr<PreparedCopy> PrepareCrashSafeCopy(const ExpectedCopy& what,
+                                                   const std::wstring& temporaryName,
+                                                   FlushedDrives& flushed,
+                                                   const std::function<bool()>& isWanted) {
+    auto copy = std::make_unique<TemporaryCopy>(what, temporaryName);
+    if (!copy->Make(flushed, isWanted)) {
+        return nullptr;
+    }
+    return copy;
+}
 
 void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
                    const std::wstring& temporaryName, bool overwrite, FlushedDrives& flushed,
@@ -117,8 +253,7 @@ void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
         IsLinkOfAnotherUser(source)) {
         throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
-    const std::uint64_t size =
-        (static_cast<std::uint64_t>(sourceData.nFileSizeHigh) << 32U) | sourceData.nFileSizeLow;
+    const std::uint64_t size = SizeOf(sourceData);
     // Nothing is to be overwritten: the rename finds out by itself. A long copy is not made for it.
     if (overwrite || size >= kLongCopy) {
         RequireReplaceable(source, sourceData, destination, overwrite);

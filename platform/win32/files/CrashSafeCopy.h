@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 
 #include "platform/CopyWatch.h"
@@ -13,5 +15,10 @@ namespace ambrio {
 void CrashSafeCopy(const std::wstring& source, const std::wstring& destination,
                    const std::wstring& temporaryName, bool overwrite, FlushedDrives& flushed,
                    CopyWatch& watch, const Yield& yield);
+
+// FileSystem::PrepareCopy between two extended paths.
+[[nodiscard]] std::unique_ptr<PreparedCopy> PrepareCrashSafeCopy(
+    const ExpectedCopy& what, const std::wstring& temporaryName, FlushedDrives& flushed,
+    const std::function<bool()>& isWanted);
 
 }  // namespace ambrio

@@ -12,7 +12,7 @@
 namespace ambrio {
 namespace {
 
-constexpr std::wstring_view kLocalPrefix = L"\\\\?\\";
+constexpr const wchar_t* kLocalPrefix = L"\\\\?\\";
 constexpr std::wstring_view kNetworkPrefix = L"\\\\?\\UNC\\";
 constexpr std::wstring_view kDevicePrefix = L"\\\\.\\";
 constexpr std::wstring_view kNetworkStart = L"\\\\";
@@ -62,12 +62,6 @@ void RequirePlace(const std::wstring& path) {
     }
 }
 
-std::wstring Joined(std::wstring_view start, std::wstring_view end) {
-    std::wstring text;
-    text.reserve(start.size() + end.size());
-    return text.append(start).append(end);
-}
-
 }  // namespace
 
 std::wstring ExtendedPath(const std::wstring& path) {
@@ -76,18 +70,17 @@ std::wstring ExtendedPath(const std::wstring& path) {
     }
     RequirePlace(path);
     const bool odd = !IsFull(path) || path.find(L'/') != std::wstring::npos || HasOddPart(path);
-    const std::wstring completed = odd ? Completed(path) : std::wstring();
-    std::wstring_view full = odd ? completed : path;
+    std::wstring full = odd ? Completed(path) : path;
     if (full.starts_with(kDevicePrefix)) {
         throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
     }
     while (full.size() > kDriveRoot && full.back() == L'\\') {
-        full.remove_suffix(1);
+        full.pop_back();
     }
     if (IsNetworkPath(full)) {
-        return Joined(kNetworkPrefix, full.substr(kNetworkStart.size()));
+        return std::wstring(kNetworkPrefix) + full.substr(kNetworkStart.size());
     }
-    return WithoutRedirection(Joined(kLocalPrefix, full));
+    return kLocalPrefix + WithoutRedirection(full);
 }
 
 std::wstring FolderOfExtended(const std::wstring& extended) {

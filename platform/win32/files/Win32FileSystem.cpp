@@ -164,6 +164,26 @@ void Win32FileSystem::CopyFile(const std::wstring& source, const std::wstring& d
                   flushedDrives_, copyWatch_, yield);
 }
 
+std::unique_ptr<PreparedCopy> Win32FileSystem::PrepareCopy(const ExpectedCopy& copy,
+                                                           const std::function<bool()>& isWanted) {
+    return PrepareCrashSafeCopy(
+        {ExtendedPath(copy.Source), ExtendedPath(copy.Destination), copy.Size, copy.SeemsNew},
+        NewTemporaryName(), flushedDrives_, isWanted);
+}
+
+std::optional<std::uint64_t> Win32FileSystem::FreeBytes(const std::wstring& folder) {
+    try {
+        ULARGE_INTEGER free;
+        if (GetDiskFreeSpaceExW(BuildPath(ExtendedPath(folder), {}).c_str(), &free, nullptr,
+                                nullptr) != 0) {
+            return free.QuadPart;
+        }
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+    return std::nullopt;
+}
+
 std::unique_ptr<TextStream> Win32FileSystem::OpenForAppending(const std::wstring& path) {
     const std::wstring extended = ExtendedPath(path);
     return std::make_unique<Win32TextStream>(extended, flushedDrives_.Hold(extended));

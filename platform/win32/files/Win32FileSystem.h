@@ -26,6 +26,9 @@ class Win32FileSystem : public FileSystem {
     void DeleteFile(const std::wstring& path, bool force) override;
     void CopyFile(const std::wstring& source, const std::wstring& destination, bool overwrite,
                   const Yield& yield) override;
+    std::unique_ptr<PreparedCopy> PrepareCopy(const ExpectedCopy& copy,
+                                              const std::function<bool()>& isWanted) override;
+    std::optional<std::uint64_t> FreeBytes(const std::wstring& folder) override;
     std::unique_ptr<TextStream> OpenForAppending(const std::wstring& path) override;
     bool IsWritableFolder(const std::wstring& path, const std::wstring& file) override;
     bool MayFollow(const std::wstring& folder) override;

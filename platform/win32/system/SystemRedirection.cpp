@@ -1,7 +1,5 @@
 #include "platform/win32/system/SystemRedirection.h"
 
-#include <utility>
-
 #include "platform/NativeSystemPath.h"
 #include "platform/win32/WindowsHeaders.h"
 #include "platform/win32/system/SystemFolders.h"
@@ -18,9 +16,9 @@ std::wstring FolderWithRedirection() {
 
 }  // namespace
 
-std::wstring WithoutRedirection(std::wstring path) {
+std::wstring WithoutRedirection(const std::wstring& path) {
     static const std::wstring folder = FolderWithRedirection();
-    return NativeSystemPath(std::move(path), folder);
+    return NativeSystemPath(path, folder);
 }
 
 }  // namespace ambrio

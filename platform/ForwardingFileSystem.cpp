@@ -1,4 +1,4 @@
-#include "tests/support/ForwardingFileSystem.h"
+#include "platform/ForwardingFileSystem.h"
 
 #include <utility>
 
@@ -47,6 +47,27 @@ void ForwardingFileSystem::DeleteFile(const std::wstring& path, bool force) {
 void ForwardingFileSystem::CopyFile(const std::wstring& source, const std::wstring& destination,
                                     bool overwrite, const Yield& yield) {
     target_.CopyFile(source, destination, overwrite, yield);
+}
+
+std::unique_ptr<PreparedCopy> ForwardingFileSystem::PrepareCopy(
+    const ExpectedCopy& copy, const std::function<bool()>& isWanted) {
+    return target_.PrepareCopy(copy, isWanted);
+}
+
+std::optional<std::uint64_t> ForwardingFileSystem::FreeBytes(const std::wstring& folder) {
+    return target_.FreeBytes(folder);
+}
+
+void ForwardingFileSystem::ExpectCopies(const std::vector<ExpectedCopy>& copies) {
+    target_.ExpectCopies(copies);
+}
+
+void ForwardingFileSystem::ExpectNothing() {
+    target_.ExpectNothing();
+}
+
+void ForwardingFileSystem::EndExpecting() {
+    target_.EndExpecting();
 }
 
 std::unique_ptr<TextStream> ForwardingFileSystem::OpenForAppending(const std::wstring& path) {

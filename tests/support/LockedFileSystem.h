@@ -1,14 +1,15 @@
 #pragma once
 
-#include "platform/FileSystem.h"
+#include <mutex>
+
+#include "platform/ForwardingFileSystem.h"
 
 namespace ambrio {
 
-// Passes every operation on to another file system. Derive from it and override what is to differ.
-// The other one is not owned and must live longer.
-class ForwardingFileSystem : public FileSystem {
+// Lets one thread at a time use another file system that is made for one.
+class LockedFileSystem : public ForwardingFileSystem {
   public:
-    explicit ForwardingFileSystem(FileSystem& target) : target_(target) {}
+    using ForwardingFileSystem::ForwardingFileSystem;
 
     bool FileExists(const std::wstring& path) override;
     bool FolderExists(const std::wstring& path) override;
@@ -22,37 +23,26 @@ class ForwardingFileSystem : public FileSystem {
     void DeleteFile(const std::wstring& path, bool force) override;
     void CopyFile(const std::wstring& source, const std::wstring& destination, bool overwrite,
                   const Yield& yield) override;
+    std::unique_ptr<PreparedCopy> PrepareCopy(const ExpectedCopy& copy,
+                                              const std::function<bool()>& isWanted) override;
+    std::optional<std::uint64_t> FreeBytes(const std::wstring& folder) override;
     std::unique_ptr<TextStream> OpenForAppending(const std::wstring& path) override;
     bool IsWritableFolder(const std::wstring& path, const std::wstring& file) override;
     bool MayFollow(const std::wstring& folder) override;
-    [[nodiscard]] std::wstring FoldedName(const std::wstring& name) const override;
-
-  protected:
-    [[nodiscard]] FileSystem& Target() const { return target_; }
 
   private:
-    FileSystem& target_;
-};
+    class Reader;
+    class Stream;
+    class Prepared;
 
-// The same for the listing of one folder; it owns the other reader.
-class ForwardingFolderReader : public FolderReader {
-  public:
-    explicit ForwardingFolderReader(std::unique_ptr<FolderReader> target);
-    bool Next(FileEntry& entry) override;
+    // Makes a call with the lock held.
+    template <typename Call>
+    auto Do(const Call& call) {
+        const std::lock_guard lock(mutex_);
+        return call();
+    }
 
-  private:
-    std::unique_ptr<FolderReader> target_;
-};
-
-// The same for a text stream; it owns the other stream.
-class ForwardingTextStream : public TextStream {
-  public:
-    explicit ForwardingTextStream(std::unique_ptr<TextStream> target);
-    void WriteLine(const std::wstring& text) override;
-    void Flush() override;
-
-  private:
-    std::unique_ptr<TextStream> target_;
+    std::recursive_mutex mutex_;  // a yield may come back
 };
 
 }  // namespace ambrio
