@@ -127,7 +127,6 @@ TEST_P(FileSystemConformance, AFolderThatCannotBeReachedHasNoIdentityButAReason)
 }
 
 TEST_P(FileSystemConformance, ALinkThatLeadsNowhereSaysSo) {
-    const std::wstring target = NewFolder(L"target");
     if (!World().MakeLink(At(L"lost"), At(L"nowhere"), FileSystemWorld::LinkKind::ToFolder) ||
         !World().MakeLink(At(L"far"), At(L"no\\where"), FileSystemWorld::LinkKind::ToFolder)) {
         GTEST_SKIP() << "this user may not make links";
