@@ -15,6 +15,7 @@ namespace {
 struct PanelCalls {
     int Fetched = 0;   // device contexts
     int Messages = 0;  // sent, or asked for
+    int Written = 0;   // texts, by the system
     int Shown = 0;     // parts of the panel that were copied to the screen
 };
 
@@ -47,6 +48,15 @@ BOOL WINAPI CountedBitBlt(HDC target, int left, int top, int width, int height, 
                       height, operation);
 }
 
+BOOL WINAPI CountedTextOut(HDC target, int left, int top, UINT options, const RECT* room,
+                           LPCWSTR text, UINT units, const INT* distances) {
+    using TextOutFunction = decltype(ExtTextOutW);
+    static const auto system = reinterpret_cast<TextOutFunction*>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"gdi32.dll"), "ExtTextOutW")));
+    ++panelCalls.Written;
+    return system(target, left, top, options, room, text, units, distances);
+}
+
 // Every message that one of the panel's windows receives, whoever sends it.
 LRESULT CALLBACK CountMessages(int code, WPARAM wParam, LPARAM lParam) {
     ++panelCalls.Messages;
@@ -64,6 +74,7 @@ class PanelCallsTest : public testing::Test {
         replace(L"user32.dll", "SendMessageW", reinterpret_cast<void*>(&CountedSendMessage));
         replace(L"user32.dll", "InvalidateRect", reinterpret_cast<void*>(&CountedInvalidateRect));
         replace(L"gdi32.dll", "BitBlt", reinterpret_cast<void*>(&CountedBitBlt));
+        replace(L"gdi32.dll", "ExtTextOutW", reinterpret_cast<void*>(&CountedTextOut));
         hook_ = SetWindowsHookExW(WH_CALLWNDPROC, &CountMessages, nullptr, GetCurrentThreadId());
         panelCalls = PanelCalls{};
     }
@@ -94,6 +105,25 @@ TEST_F(PanelCallsTest, ACaptionThatStaysTheSameIsNotDrawnAgain) {
     panel_.View->SetCaption(PanelLabel::lblFile, L"the same");
     panel_.View->SetCaption(PanelLabel::lblFile, L"the same");
     EXPECT_EQ(panelCalls.Shown, 1);
+}
+
+TEST_F(PanelCallsTest, ACountWhoseLastDigitsWereShownBeforeIsNotWrittenAgain) {
+    const auto show = [this](int count) {
+        panel_.View->SetCaption(PanelLabel::lblChecked, std::to_wstring(count));
+    };
+    for (int count = 10; count < 20; ++count) {
+        show(count);
+    }
+    show(110);
+    EXPECT_GE(panelCalls.Written, 11);
+    panelCalls = PanelCalls{};
+    for (int count = 111; count < 120; ++count) {
+        show(count);
+    }
+    EXPECT_EQ(panelCalls.Shown, 9);
+    EXPECT_EQ(panelCalls.Written, 0);
+    show(120);
+    EXPECT_GE(panelCalls.Written, 1);
 }
 
 // The counts above would be worth nothing if they could not rise.

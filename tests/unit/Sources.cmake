@@ -22,6 +22,7 @@ set(UNIT_TEST_SOURCES
     tests/unit/DecimalTextTest.cpp
     tests/unit/DesktopSettingsTest.cpp
     tests/unit/DestinationFolderTest.cpp
+    tests/unit/DestinationListingTest.cpp
     tests/unit/DialogOptionsTest.cpp
     tests/unit/DialogTextsTest.cpp
     tests/unit/DirectoryTreeTest.cpp
@@ -103,6 +104,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/frmConfigurationTest.cpp
     tests/unit/frmPropertiesTest.cpp
     tests/unit/frmScreenSaverAudienceTest.cpp
+    tests/unit/frmScreenSaverEventsTest.cpp
     tests/unit/frmScreenSaverInterruptionTest.cpp
     tests/unit/frmScreenSaverTest.cpp
     tests/unit/GetKeyValueTest.cpp
@@ -111,6 +113,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/LinkOwnerTest.cpp
     tests/unit/LineCanvasTest.cpp
     tests/unit/MessageLoopTest.cpp
+    tests/unit/NameRulesTest.cpp
     tests/unit/PanelCallsTest.cpp
     tests/unit/PanelOnlookersTest.cpp
     tests/unit/PanelTextTest.cpp
