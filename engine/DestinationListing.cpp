@@ -1,5 +1,7 @@
 #include "engine/DestinationListing.h"
 
+#include <utility>
+
 #include "engine/ListingYield.h"
 #include "platform/RuntimeError.h"
 #include "platform/TemporaryName.h"
@@ -16,7 +18,7 @@ void DestinationListing::Fetch(RunHost& host, const RunSignals& signals) {
         ListingYield yield(host);
         FileEntry entry;
         while (reader->Next(entry)) {
-            Add(entry);
+            Add(std::move(entry));
             yield.CountEntry();
             if (signals.Interrupted) {
                 ForgetAll();
@@ -29,22 +31,34 @@ void DestinationListing::Fetch(RunHost& host, const RunSignals& signals) {
     }
 }
 
-void DestinationListing::Add(const FileEntry& entry) {
+void DestinationListing::Add(FileEntry&& entry) {
     if (entry.IsFolder()) {
         return;
-    }
-    Copy copy{entry.Name, entry.Attributes, entry.DateLastModified, true};
-    const auto [place, isFirst] =
-        copies_.try_emplace(fileSystem_.FoldedName(entry.Name), std::move(copy));
-    if (!isFirst) {
-        place->second.IsCertain = false;
     }
     if (IsTemporaryName(entry.Name)) {
         leftovers_.push_back(entry.Name);
     }
+    ForgetFound();
+    std::wstring folded = fileSystem_.FoldedName(entry.Name);
+    Copy copy{std::move(entry.Name), entry.Attributes, entry.DateLastModified, true};
+    const auto [place, isFirst] = copies_.try_emplace(std::move(folded), std::move(copy));
+    if (!isFirst) {
+        place->second.IsCertain = false;
+    }
+}
+
+const DestinationListing::Copy* DestinationListing::Find(const std::wstring& name) const {
+    if (!isFound_ || foundName_ != name) {
+        const auto copy = copies_.find(fileSystem_.FoldedName(name));
+        found_ = copy == copies_.end() ? nullptr : &copy->second;
+        foundName_ = name;
+        isFound_ = true;
+    }
+    return found_;
 }
 
 void DestinationListing::ForgetAll() {
+    ForgetFound();
     copies_.clear();
     leftovers_.clear();
 }
@@ -54,15 +68,13 @@ std::wstring DestinationListing::PathOf(const std::wstring& name) const {
 }
 
 std::optional<FileEntry> DestinationListing::Listed(const std::wstring& name) const {
-    const auto copy = copies_.find(fileSystem_.FoldedName(name));
-    if (copy == copies_.end() || !copy->second.IsCertain ||
-        (copy->second.Name != name && !FindsFoldedNames())) {
+    const Copy* const copy = Find(name);
+    if (copy == nullptr || !copy->IsCertain || (copy->Name != name && !FindsFoldedNames())) {
         return std::nullopt;
     }
     FileEntry entry;
-    entry.Name = name;
-    entry.Attributes = copy->second.Attributes;
-    entry.DateLastModified = copy->second.DateLastModified;
+    entry.Attributes = copy->Attributes;
+    entry.DateLastModified = copy->DateLastModified;
     return entry;
 }
 
@@ -71,30 +83,36 @@ bool DestinationListing::IsProbablyBehind(const FileEntry& source) const {
         !folder_.Set().Rule.Qualifies(source.Attributes)) {
         return false;
     }
-    const auto copy = copies_.find(fileSystem_.FoldedName(source.Name));
-    return copy == copies_.end() || (copy->second.Name == source.Name &&
-                                     (copy->second.Attributes & kAttributeReadOnly) == 0 &&
-                                     source.DateLastModified > copy->second.DateLastModified);
+    const Copy* const copy = Find(source.Name);
+    return copy == nullptr ||
+           (copy->Name == source.Name && (copy->Attributes & kAttributeReadOnly) == 0 &&
+            source.DateLastModified > copy->DateLastModified);
 }
 
 std::optional<std::wstring> DestinationListing::OtherSpelling(const std::wstring& name) const {
-    const auto copy = copies_.find(fileSystem_.FoldedName(name));
-    if (copy == copies_.end() || copy->second.Name == name) {
+    const Copy* const copy = Find(name);
+    if (copy == nullptr || copy->Name == name) {
         return std::nullopt;
     }
-    return copy->second.Name;
+    return copy->Name;
 }
 
 bool DestinationListing::MayHold(const std::wstring& name) const {
-    return !isListed_ || copies_.contains(fileSystem_.FoldedName(name)) || !FindsFoldedNames();
+    return !isListed_ || Find(name) != nullptr || !FindsFoldedNames();
+}
+
+void DestinationListing::Forget(const std::wstring& name) {
+    ForgetFound();
+    copies_.erase(fileSystem_.FoldedName(name));
 }
 
 void DestinationListing::Note(const std::wstring& name) {
+    ForgetFound();
     copies_.insert_or_assign(fileSystem_.FoldedName(name), Copy{name});
 }
 
 std::optional<FileEntry> DestinationListing::Ask(const std::wstring& name) const {
-    if (isNew_ && !copies_.contains(fileSystem_.FoldedName(name))) {
+    if (isNew_ && Find(name) == nullptr) {
         return std::nullopt;
     }
     return fileSystem_.FindFile(PathOf(name));

@@ -30,8 +30,8 @@ class DestinationListing {
 
     [[nodiscard]] const WalkedFolder& Folder() const { return folder_; }
     [[nodiscard]] std::wstring PathOf(const std::wstring& name) const;
-    // The copy as it was when the folder was listed; nothing when the listing cannot tell: there
-    // was none, it had no such name, or one that may belong to another file.
+    // The copy as it was when the folder was listed, without its name; nothing when the listing
+    // cannot tell: there was none, it had no such name, or one that may belong to another file.
     [[nodiscard]] std::optional<FileEntry> Listed(const std::wstring& name) const;
     // Whether a file of the source folder, as listed, will be copied by all that the listing says.
     // Nothing is said for sure.
@@ -40,7 +40,7 @@ class DestinationListing {
     // another file, perhaps, whose name differs in nothing but its case.
     [[nodiscard]] std::optional<std::wstring> OtherSpelling(const std::wstring& name) const;
     // What the listing said of the copy holds no longer.
-    void Forget(const std::wstring& name) { copies_.erase(fileSystem_.FoldedName(name)); }
+    void Forget(const std::wstring& name);
     // A copy is being made.
     void Note(const std::wstring& name);
     // False when the folder was listed without it and a listing can be trusted in that.
@@ -48,7 +48,7 @@ class DestinationListing {
     // True when the folder was listed, or is new, and nothing is known of a copy of that name.
     // There may be one even so, which somebody else has made since.
     [[nodiscard]] bool SeemsMissing(const std::wstring& name) const {
-        return isListed_ && !copies_.contains(fileSystem_.FoldedName(name));
+        return isListed_ && Find(name) == nullptr;
     }
     // The copy as it is now; nothing when there is none. Asks the file system unless the folder was
     // just made and no copy of that name since. Throws RuntimeError.
@@ -64,7 +64,11 @@ class DestinationListing {
         bool IsCertain = false;  // it is as the listing said, and the only one of its folded name
     };
 
-    void Add(const FileEntry& entry);
+    void Add(FileEntry&& entry);
+    // The copy of that folded name; null when nothing is known of one. Whoever changes the copies
+    // calls ForgetFound.
+    [[nodiscard]] const Copy* Find(const std::wstring& name) const;
+    void ForgetFound() const { isFound_ = false; }
     bool FindsFoldedNames() const;
     void ForgetAll();
 
@@ -74,6 +78,10 @@ class DestinationListing {
     bool isNew_ = false;
     mutable std::optional<bool> findsFoldedNames_;   // asked when it first matters
     std::unordered_map<std::wstring, Copy> copies_;  // by folded name
+    // What was looked for last, as several questions come about each file.
+    mutable bool isFound_ = false;
+    mutable std::wstring foundName_;
+    mutable const Copy* found_ = nullptr;
     std::vector<std::wstring> leftovers_;
 };
 

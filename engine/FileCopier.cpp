@@ -29,7 +29,7 @@ bool IsReadOnly(const FileEntry& entry) {
 FileCopier::Outcome FileCopier::CopyFile(const std::wstring& name,
                                          DestinationListing& destination) {
     const File file{name, FileSystem::BuildPath(destination.Folder().Source().Path(), name),
-                    destination.PathOf(name), destination, IsWithoutPlace(name, destination)};
+                    destination, IsWithoutPlace(name, destination)};
     bool isToBeRemoved = false;
     bool isToBeCopied = false;
     try {
@@ -75,8 +75,9 @@ bool FileCopier::IsWithoutPlace(const std::wstring& name, const DestinationListi
 // anew, as a folder may have been put in the place of another meanwhile.
 bool FileCopier::HasCopyToRemove(const File& file) {
     return !file.IsWithoutPlace && file.Copies.MayHold(file.Name) &&
-           run_.Files.FileExists(file.CopyPath) &&
-           !AreOneFile(run_.Files, file.Path, file.CopyPath).value_or(file.Copies.IsSourceItself());
+           run_.Files.FileExists(file.CopyPath()) &&
+           !AreOneFile(run_.Files, file.Path, file.CopyPath())
+                .value_or(file.Copies.IsSourceItself());
 }
 
 bool FileCopier::IsToBeCopied(const File& file, const FileEntry& source) {
@@ -105,7 +106,7 @@ bool FileCopier::IsToBeCopied(const File& file, const FileEntry& source) {
     }
     // Wanted: the copy loses its read-only bit also when it is new enough and not copied to.
     if (losesReadOnly(*copy)) {
-        run_.Files.SetAttributes(file.CopyPath, copy->Attributes & ~kAttributeReadOnly);
+        run_.Files.SetAttributes(file.CopyPath(), copy->Attributes & ~kAttributeReadOnly);
     }
     return isOlder(*copy);
 }
@@ -117,10 +118,10 @@ void FileCopier::RemoveCopy(const File& file) {
         const Counted attempt(run_.State.CopiesRemoved);
         file.Copies.Forget(file.Name);
         try {
-            run_.Files.DeleteFile(file.CopyPath, true);
+            run_.Files.DeleteFile(file.CopyPath(), true);
         } catch (const RuntimeError& failure) {
             const Counted error(run_.State.RemoveErrors);
-            run_.Log.WriteLog(CopyNotRemoved(failure, file.CopyPath), false);
+            run_.Log.WriteLog(CopyNotRemoved(failure, file.CopyPath()), false);
         }
     }
     run_.Panel.SetCaption(PanelLabel::lblRemoved,
@@ -159,7 +160,7 @@ void FileCopier::CopyContent(const File& file, bool seemsNew) {
         Replace(file, !seemsNew);
     } catch (const RuntimeError& failure) {
         const Counted error(run_.State.CopyErrors);
-        run_.Log.WriteLog(FileNotCopied(failure, file.Path, file.CopyPath), false);
+        run_.Log.WriteLog(FileNotCopied(failure, file.Path, file.CopyPath()), false);
     }
 }
 
@@ -170,7 +171,7 @@ void FileCopier::Replace(const File& file, bool overwrite) {
     const Yield yield = [this] { run_.Host.DoEvents(); };
     if (!overwrite) {
         try {
-            run_.Files.CopyFile(file.Path, file.CopyPath, false, yield);
+            run_.Files.CopyFile(file.Path, file.CopyPath(), false, yield);
             return;
         } catch (const RuntimeError& failure) {
             if (failure.Number() != ErrorNumber::FileAlreadyExists || !IsNameTaken(file)) {
@@ -178,11 +179,11 @@ void FileCopier::Replace(const File& file, bool overwrite) {
             }
         }
     }
-    run_.Files.CopyFile(file.Path, file.CopyPath, true, yield);
+    run_.Files.CopyFile(file.Path, file.CopyPath(), true, yield);
 }
 
 bool FileCopier::IsNameTaken(const File& file) {
-    return run_.Files.FileExists(file.CopyPath) || run_.Files.FolderExists(file.CopyPath);
+    return run_.Files.FileExists(file.CopyPath()) || run_.Files.FolderExists(file.CopyPath());
 }
 
 void FileCopier::ClearArchiveBit(const File& file) {
@@ -196,7 +197,7 @@ void FileCopier::ClearArchiveBit(const File& file) {
 }
 
 void FileCopier::InterruptRun(const RuntimeError& failure, const File& file) {
-    const std::wstring text = FileNotDecided(failure, file.Path, file.CopyPath);
+    const std::wstring text = FileNotDecided(failure, file.Path, file.CopyPath());
     run_.State.FatalErrorText = text;
     run_.Signals.Interrupted = true;
     run_.Log.WriteLog(text, false);

@@ -32,12 +32,12 @@ class FileCopier {
     struct File {
         const std::wstring& Name;
         std::wstring Path;
-        std::wstring CopyPath;
         DestinationListing& Copies;
         // The destination has only one place for this file and another one, whose copy lies there.
         bool IsWithoutPlace;
 
         [[nodiscard]] const WalkedSet& Set() const { return Copies.Folder().Set(); }
+        [[nodiscard]] std::wstring CopyPath() const { return Copies.PathOf(Name); }
     };
 
     // Two files whose names differ in nothing but their case, and a destination that does not keep

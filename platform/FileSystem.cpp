@@ -20,7 +20,13 @@ std::wstring FileSystem::BuildPath(const std::wstring& folder, const std::wstrin
         return name;
     }
     const wchar_t last = folder.back();
-    return last == L'\\' || last == L'/' ? folder + name : folder + L'\\' + name;
+    std::wstring path;
+    path.reserve(folder.size() + 1 + name.size());
+    path = folder;
+    if (last != L'\\' && last != L'/') {
+        path += L'\\';
+    }
+    return path += name;
 }
 
 }  // namespace ambrio

@@ -21,7 +21,7 @@ bool StartsWith(std::wstring_view text, std::wstring_view start) {
 
 }  // namespace
 
-std::wstring NativeSystemPath(const std::wstring& path, const std::wstring& windowsFolder) {
+std::wstring NativeSystemPath(std::wstring path, const std::wstring& windowsFolder) {
     const std::size_t start = path.starts_with(kPrefix) ? kPrefix.size() : 0;
     const std::size_t end = start + windowsFolder.size();
     const std::wstring_view rest = std::wstring_view(path).substr(std::min(end, path.size()));

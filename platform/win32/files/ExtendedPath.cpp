@@ -12,7 +12,7 @@
 namespace ambrio {
 namespace {
 
-constexpr const wchar_t* kLocalPrefix = L"\\\\?\\";
+constexpr std::wstring_view kLocalPrefix = L"\\\\?\\";
 constexpr std::wstring_view kNetworkPrefix = L"\\\\?\\UNC\\";
 constexpr std::wstring_view kDevicePrefix = L"\\\\.\\";
 constexpr std::wstring_view kNetworkStart = L"\\\\";
@@ -62,6 +62,12 @@ void RequirePlace(const std::wstring& path) {
     }
 }
 
+std::wstring Joined(std::wstring_view start, std::wstring_view end) {
+    std::wstring text;
+    text.reserve(start.size() + end.size());
+    return text.append(start).append(end);
+}
+
 }  // namespace
 
 std::wstring ExtendedPath(const std::wstring& path) {
@@ -70,17 +76,18 @@ std::wstring ExtendedPath(const std::wstring& path) {
     }
     RequirePlace(path);
     const bool odd = !IsFull(path) || path.find(L'/') != std::wstring::npos || HasOddPart(path);
-    std::wstring full = odd ? Completed(path) : path;
+    const std::wstring completed = odd ? Completed(path) : std::wstring();
+    std::wstring_view full = odd ? completed : path;
     if (full.starts_with(kDevicePrefix)) {
         throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
     }
     while (full.size() > kDriveRoot && full.back() == L'\\') {
-        full.pop_back();
+        full.remove_suffix(1);
     }
     if (IsNetworkPath(full)) {
-        return std::wstring(kNetworkPrefix) + full.substr(kNetworkStart.size());
+        return Joined(kNetworkPrefix, full.substr(kNetworkStart.size()));
     }
-    return kLocalPrefix + WithoutRedirection(full);
+    return WithoutRedirection(Joined(kLocalPrefix, full));
 }
 
 std::wstring FolderOfExtended(const std::wstring& extended) {

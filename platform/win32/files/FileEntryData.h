@@ -20,16 +20,22 @@ namespace ambrio {
 
 [[nodiscard]] FileSeconds SecondsFrom(const FILETIME& time);
 
-// One of the structures that carry dwFileAttributes, nFileSizeHigh, ftLastWriteTime and so on.
+// From one of the structures that carry dwFileAttributes, nFileSizeHigh, ftLastWriteTime and so on.
+// The name stays as it is.
+template <typename Data>
+void Describe(FileEntry& entry, const Data& data) {
+    entry.Attributes = AttributesFrom(data.dwFileAttributes);
+    entry.DateLastModified = SecondsFrom(data.ftLastWriteTime);
+    entry.Size = entry.IsFolder()
+                     ? 0
+                     : (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
+}
+
 template <typename Data>
 [[nodiscard]] FileEntry EntryFrom(const Data& data, std::wstring name) {
     FileEntry entry;
     entry.Name = std::move(name);
-    entry.Attributes = AttributesFrom(data.dwFileAttributes);
-    entry.DateLastModified = SecondsFrom(data.ftLastWriteTime);
-    if (!entry.IsFolder()) {
-        entry.Size = (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
-    }
+    Describe(entry, data);
     return entry;
 }
 

@@ -68,7 +68,9 @@ bool Win32FolderReader::Next(FileEntry& entry) {
         if (name == L"." || name == L"..") {
             continue;
         }
-        entry = EntryFrom(data_, std::wstring(name));
+        entry.Name = name;  // in the room that the one before has left
+        Describe(entry, data_);
+        entry.IsOfAnotherUser = false;
         entry.IsMountPoint = entry.IsLink() && data_.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT;
         return true;
     }

@@ -1,5 +1,7 @@
 #include "platform/win32/system/SystemRedirection.h"
 
+#include <utility>
+
 #include "platform/NativeSystemPath.h"
 #include "platform/win32/WindowsHeaders.h"
 #include "platform/win32/system/SystemFolders.h"
@@ -16,9 +18,9 @@ std::wstring FolderWithRedirection() {
 
 }  // namespace
 
-std::wstring WithoutRedirection(const std::wstring& path) {
+std::wstring WithoutRedirection(std::wstring path) {
     static const std::wstring folder = FolderWithRedirection();
-    return NativeSystemPath(path, folder);
+    return NativeSystemPath(std::move(path), folder);
 }
 
 }  // namespace ambrio
