@@ -10,6 +10,7 @@ endfunction()
 
 add_custom_target(bench_programs DEPENDS Ambrio)
 ambrio_bench_program(EngineAlone SOURCES ${BENCH_ENGINE_SOURCES} LINKS ambrio_test_support ambrio_engine)
+ambrio_bench_program(AheadCost SOURCES ${BENCH_AHEAD_SOURCES} LINKS ambrio_test_support ambrio_engine psapi)
 ambrio_bench_program(BareLoop SOURCES ${BENCH_LOOP_SOURCES})
 ambrio_bench_program(CaptionCost SOURCES ${BENCH_CAPTION_SOURCES} LINKS ambrio_saver)
 ambrio_bench_program(EmptyProgram SOURCES ${BENCH_EMPTY_SOURCES})

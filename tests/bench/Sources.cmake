@@ -3,6 +3,12 @@ set(BENCH_ENGINE_SOURCES
     tests/bench/LatencyFileSystem.cpp
 )
 
+set(BENCH_AHEAD_SOURCES
+    tests/bench/AheadCost.cpp
+    tests/bench/SlowCalls.cpp
+    tests/support/win32/ImportTable.cpp
+)
+
 set(BENCH_LOOP_SOURCES
     tests/bench/BareLoop.cpp
 )

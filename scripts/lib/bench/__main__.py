@@ -11,6 +11,7 @@ import time
 from pathlib import Path
 from statistics import median
 
+import ahead
 import trees
 from programs import (ALL, AMBRIO, CP, ENGINE, LOOP, POLLING_LOOP, RSYNC, XCOPY, BenchError,
                       engine_alone, run, traced_server)
@@ -267,7 +268,7 @@ class Bench:
 ROWS = {row.__name__: row for row in (
     Bench.size, Bench.start, Bench.captions, Bench.idle, Bench.latency, Bench.unchanged,
     Bench.changed, Bench.first, Bench.deep, Bench.large, Bench.growth, Bench.real,
-    Bench.requests)}
+    Bench.requests)} | {"ahead": ahead.ahead}
 NAMED = {"whole": Bench.whole}  # rows that are run only when they are named
 
 
