@@ -29,7 +29,7 @@ class CopyAhead : public ForwardingFileSystem {
 
     // The bounds: files that are large have nothing to gain; threads; what waits for its turn.
     static constexpr std::uint64_t kLarge = 1 << 20;            // bytes
-    static constexpr std::size_t kMostUnderWay = 8;             // files
+    static constexpr std::size_t kMostUnderWay = 3;             // files; more gain little
     static constexpr std::uint64_t kMostWaiting = 32ULL << 20;  // bytes
     static constexpr std::uint64_t kShareOfFreeSpace = 4;  // the waiting take a quarter at most
     static constexpr std::size_t kFew = 2;
