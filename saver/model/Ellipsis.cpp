@@ -5,7 +5,6 @@
 namespace ambrio {
 namespace {
 
-constexpr wchar_t kEllipsis = L'\x2026';
 // More than any label can show; measuring a text costs by its length.
 constexpr std::size_t kLongest = 512;
 

@@ -5,6 +5,9 @@
 
 namespace ambrio {
 
+// What stands for the part of a text that there is no room for.
+constexpr wchar_t kEllipsis = L'\x2026';
+
 // Tells whether a text fits where it is to be shown.
 using TextFits = std::function<bool(const std::wstring& text)>;
 

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "saver/model/Ellipsis.h"
+
 namespace ambrio {
 namespace {
 
@@ -24,16 +26,22 @@ PanelFont::PanelFont(HDC dc, const wchar_t* face, int height, int weight)
     ascent_ = metrics.tmAscent;
     lineHeight_ = metrics.tmHeight;
     plainWidths_.resize(kLastPlain - kFirstPlain + 1);
-    if (GetCharWidth32W(dc, kFirstPlain, kLastPlain, plainWidths_.data()) == FALSE) {
+    if (GetCharWidth32W(dc, kFirstPlain, kLastPlain, plainWidths_.data()) == FALSE ||
+        GetCharWidth32W(dc, kEllipsis, kEllipsis, &ellipsisWidth_) == FALSE) {
         plainWidths_.clear();
     }
 }
 
 // Plain characters stand beside each other without regard to what they are, so that their widths
-// add up; the system is asked for all else.
+// add up; the system is asked for all else. The ellipsis counts as plain: a path that is too long
+// is measured some ten times with it, and a long text takes the system a millisecond.
 int PanelFont::WidthOf(const std::wstring& text) const {
     int width = 0;
     for (const wchar_t unit : text) {
+        if (unit == kEllipsis && AddsWidthsUp()) {
+            width += ellipsisWidth_;
+            continue;
+        }
         const auto place = static_cast<std::size_t>(unit - kFirstPlain);
         if (unit < kFirstPlain || place >= plainWidths_.size()) {
             const SelectedObject selected(dc_, font_.get());

@@ -33,6 +33,7 @@ class PanelFont {
     int ascent_ = 0;
     int lineHeight_ = 0;
     std::vector<int> plainWidths_;  // empty where the system does not tell them
+    int ellipsisWidth_ = 0;
 };
 
 }  // namespace ambrio

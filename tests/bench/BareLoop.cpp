@@ -1,12 +1,14 @@
 // The least that a backup can do, to measure the program against:
-//   BareLoop SOURCE DESTINATION [poll]
+//   BareLoop SOURCE DESTINATION [poll|flush]
 // lists each folder, asks for the attributes of each file once, and where the copy is missing or
 // older lets the system copy the file to another name and renames that. With "poll" it looks into
-// its empty message queue after each file. It checks nothing and reports nothing but its counts.
+// its empty message queue after each file, with "flush" it has each copy written to the disk before
+// the renaming, as the program has. It checks nothing and reports nothing but its counts.
 
 #include <iostream>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/win32/WindowsHeaders.h"
@@ -15,6 +17,7 @@ namespace {
 
 struct Loop {
     bool Polls = false;
+    bool Flushes = false;
     int Checked = 0;
     int Copied = 0;
     int Failed = 0;
@@ -39,12 +42,21 @@ void List(const std::wstring& folder, Take take) {
     FindClose(search);
 }
 
+bool Flush(const std::wstring& path) {
+    const HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    const bool isFlushed = FlushFileBuffers(file) != FALSE;
+    CloseHandle(file);
+    return isFlushed;
+}
+
 void Copy(Loop& loop, const std::wstring& source, const std::wstring& destination,
           const std::wstring& folder) {
     const std::wstring temporary = folder + L"\\BareLoop.tmp";
     const bool isCopied =
         CopyFileExW(source.c_str(), temporary.c_str(), nullptr, nullptr, nullptr,
                     COPY_FILE_FAIL_IF_EXISTS) != FALSE &&
+        (!loop.Flushes || Flush(temporary)) &&
         MoveFileExW(temporary.c_str(), destination.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE;
     ++(isCopied ? loop.Copied : loop.Failed);
 }
@@ -89,7 +101,9 @@ int wmain(int count, wchar_t** arguments) {
         return 2;
     }
     Loop loop;
-    loop.Polls = count > 3;
+    const std::wstring_view manner = count > 3 ? arguments[3] : L"";
+    loop.Polls = manner == L"poll";
+    loop.Flushes = manner == L"flush";
     Walk(loop, arguments[1], arguments[2]);
     std::wcout << loop.Checked << L' ' << loop.Copied << L' ' << loop.Failed << std::endl;
     return loop.Failed > 0 ? 1 : 0;

@@ -115,6 +115,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/MessageLoopTest.cpp
     tests/unit/NameRulesTest.cpp
     tests/unit/PanelCallsTest.cpp
+    tests/unit/PanelFontTest.cpp
     tests/unit/PanelOnlookersTest.cpp
     tests/unit/PanelTextTest.cpp
     tests/unit/PointerTest.cpp

@@ -13,8 +13,8 @@ from statistics import median
 
 import ahead
 import trees
-from programs import (ALL, AMBRIO, CP, ENGINE, LOOP, POLLING_LOOP, RSYNC, XCOPY, BenchError,
-                      engine_alone, run, traced_server)
+from programs import (ALL, AMBRIO, CP, ENGINE, FLUSHING_LOOP, LOOP, POLLING_LOOP, RSYNC, XCOPY,
+                      BenchError, engine_alone, run, traced_server)
 from report import Table, draw_chart, slope
 
 REPETITIONS = 5
@@ -81,7 +81,8 @@ class Bench:
                     destination = prepare(source)
                     os.sync()
                     times[source][program.name].append(program.time(source, destination))
-                    if trees.count_files(source) != trees.count_files(destination):
+                    # Not the folders: Wine takes two whose names differ in case for one.
+                    if trees.count_files(source)[0] != trees.count_files(destination)[0]:
                         raise BenchError(f"{program.name} has not copied all of {source.name}")
         show_progress()
         return times
@@ -139,7 +140,8 @@ class Bench:
     def large(self):
         """20 files of 200 MiB."""
         source = self.tree("large", trees.large_files)
-        self.show_whole("large files", source, [AMBRIO, LOOP, CP], [(AMBRIO, LOOP, 1.03)], 3)
+        self.show_whole("large files", source, [AMBRIO, FLUSHING_LOOP, LOOP, CP],
+                        [(AMBRIO, FLUSHING_LOOP, 1.03), (AMBRIO, LOOP, 1.03)], 2)
         trees.remove(source)
 
     def deep(self):

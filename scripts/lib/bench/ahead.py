@@ -6,7 +6,7 @@ import trees
 from programs import BenchError, run, windows_path
 
 FILES, SIZE = 2000, 4 << 10
-GOES = 5
+GOES = 3
 LATENCIES = {10: 5, 1: 3}  # milliseconds a call of the destination: times faster at least
 LOCAL = 1.3
 MOST_MEMORY = 4 << 20  # bytes on top
@@ -35,7 +35,7 @@ def ahead(bench):
     """Small copies made ahead of their turn, against one after the other."""
     source = bench.tree(f"equal-{FILES}", lambda folder: trees.small_files(folder, FILES, SIZE))
     for latency, least in LATENCIES.items():
-        (calls, _, seconds), (_, _, alone) = in_turns(bench, source, latency, 1 if latency > 1 else 3)
+        (calls, _, seconds), (_, _, alone) = in_turns(bench, source, latency, 1 if latency > 1 else 2)
         bench.table.add(
             f"{FILES:,} new files, {latency} ms a call of the destination: made ahead",
             f"{alone / seconds:.1f} times faster ({alone:.1f} s to {seconds:.1f} s, "

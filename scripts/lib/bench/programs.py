@@ -158,6 +158,8 @@ ENGINE = Timed("engine alone", ["wine", "EngineAlone.exe", "{wsource}", "{wdesti
 LOOP = Timed("bare loop", ["wine", "BareLoop.exe", "{wsource}", "{wdestination}"])
 POLLING_LOOP = Timed("bare loop that polls",
                      ["wine", "BareLoop.exe", "{wsource}", "{wdestination}", "poll"])
+FLUSHING_LOOP = Timed("bare loop that flushes",
+                      ["wine", "BareLoop.exe", "{wsource}", "{wdestination}", "flush"])
 XCOPY = Timed("xcopy", ["wine", "xcopy", "/D", "/S", "/E", "/I", "/Y", "/Q", "/H", "/R", "/K",
                         "{wsource}", "{wdestination}"], 3)
 # For the record alone.
