@@ -9,6 +9,7 @@
 #include "engine/LeftoverSweep.h"
 #include "engine/ListingYield.h"
 #include "engine/LookAhead.h"
+#include "engine/SameFile.h"
 #include "engine/WalkedSet.h"
 #include "platform/DecimalText.h"
 #include "platform/PlainName.h"
@@ -160,10 +161,11 @@ bool FolderWalk::HandOver(const std::wstring& name, DestinationListing& destinat
 void FolderWalk::WalkSubFolders(const WalkedFolder& folder,
                                 const std::vector<FileEntry>& subFolders) {
     ShowFsoStatus(kBuildingFolderList);
+    Entered entered;
     for (const FileEntry& entry : subFolders) {
         ClearFsoStatus();
         const WalkedFolder subFolder(folder, entry);
-        if (MayEnter(subFolder, entry)) {
+        if (MayEnter(subFolder, entry) && HasOwnPlace(subFolder, entry.Name, entered)) {
             WalkFolder(subFolder);
         }
     }
@@ -175,6 +177,18 @@ bool FolderWalk::MayEnter(const WalkedFolder& subFolder, const FileEntry& entry)
     return Try([&] { may = subFolder.Set().Guard.MayEnter(subFolder, entry); },
                FolderAction::Accessing, subFolder.Source()) &&
            may;
+}
+
+bool FolderWalk::HasOwnPlace(const WalkedFolder& subFolder, const std::wstring& name,
+                             Entered& entered) {
+    const std::wstring& place = subFolder.Destination().Path();
+    const auto [first, isFirst] = entered.try_emplace(run_.Files.FoldedName(name), place);
+    if (isFirst || AreOneFile(run_.Files, place, first->second) != std::optional(true)) {
+        return true;
+    }
+    ReportFolder(RuntimeError(ErrorNumber::FileAlreadyExists), FolderAction::Accessing,
+                 subFolder.Source().Path());
+    return false;
 }
 
 // `action` is read after the step, which may change it.

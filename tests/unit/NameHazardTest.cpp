@@ -86,6 +86,35 @@ TEST_F(TwoCases, BothAreCopiedWhereTheyAreKeptApart) {
     EXPECT_EQ(Content(L"T:\\Copies\\READ"), "second");
 }
 
+TEST_F(TwoCases, OfTwoFoldersTheOneThatFindsNoPlaceIsReportedEachTime) {
+    Point(L"S:\\Data", L"C:\\Copies");
+    Bench.Set(L"S", kRecursiveKey, kYes);
+    Write(L"S:\\Data\\Pod\\same", "first", 1);
+    Write(L"S:\\Data\\POD\\same", "second", 2);
+    Write(L"S:\\Data\\POD\\other", "third", 3);
+    for (const int copied : {1, 0}) {
+        Run();
+        EXPECT_EQ(Bench.State.FilesCopied, copied);
+        EXPECT_EQ(Bench.State.FolderErrors, 1);
+        EXPECT_TRUE(Bench.HasLog(
+            {L"Error 58 - File already exists while accessing folder ", L"      <S:\\Data\\POD>"}));
+        EXPECT_EQ(Content(L"C:\\Copies\\Pod\\same"), "first");
+        EXPECT_EQ(Content(L"C:\\Copies\\Pod\\other"), "none");
+    }
+}
+
+TEST_F(TwoCases, BothFoldersAreCopiedWhereTheyAreKeptApart) {
+    Point(L"S:\\Data", L"T:\\Copies");
+    Bench.Set(L"S", kRecursiveKey, kYes);
+    Write(L"S:\\Data\\Pod\\same", "first", 1);
+    Write(L"S:\\Data\\POD\\same", "second", 2);
+    Run();
+    EXPECT_EQ(Content(L"T:\\Copies\\Pod\\same"), "first");
+    EXPECT_EQ(Content(L"T:\\Copies\\POD\\same"), "second");
+    EXPECT_FALSE(Bench.State.HasFailures());
+    ExpectNothingMoreToCopy();
+}
+
 // A listing that keeps one of the two must not hide that the other's file has changed.
 TEST_F(TwoCases, ACopyIsNotTakenForAnotherOne) {
     Point(L"C:\\Data", L"T:\\Copies");
