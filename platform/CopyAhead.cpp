@@ -14,6 +14,8 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds kYieldInterval = 50ms;
 constexpr std::chrono::milliseconds kPatience = 100ms;
+// What another program has copied first is left over at the end, perhaps a folder full.
+constexpr std::chrono::milliseconds kPatienceAtTheEnd = 2000ms;
 
 // Holds a pool's lock but where it is let go for a while. (The standard library's can fail, with
 // all that the words of such a failure bring into the program.)
@@ -303,7 +305,7 @@ void CopyAhead::EndExpecting() {
         return;
     }
     ExpectNothing();
-    work_->WaitUntilIdle(kPatience);
+    work_->WaitUntilIdle(kPatienceAtTheEnd);
     hasBegun_ = false;
     if (!pool_.End(kPatience)) {
         work_ = std::make_shared<Work>(Target(), pool_);  // the old one is theirs
