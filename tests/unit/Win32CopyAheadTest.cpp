@@ -201,8 +201,10 @@ TEST_F(Win32CopyAheadTest, ATemporaryThatSomebodyRemovesIsCopiedAnew) {
     for (const auto reader = World.Files().GetFolder(World.Root() + L"\\to");
          reader->Next(entry);) {
         const std::wstring path = World.Root() + L"\\to\\" + entry.Name;
-        LockSurely(path).reset();
-        World.Files().DeleteFile(path, true);
+        // A thread may open it to flush it in between.
+        do {
+            LockSurely(path).reset();
+        } while (DeleteFileW(path.c_str()) == FALSE);
     }
     for (const ExpectedCopy& copy : copies) {
         Ahead.CopyFile(copy.Source, copy.Destination, false, {});
