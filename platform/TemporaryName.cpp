@@ -6,7 +6,7 @@
 namespace ambrio {
 namespace {
 
-constexpr std::wstring_view kPrefix = L"~ambrio-";
+constexpr std::wstring_view kStart = L"~ambrio-";
 constexpr std::wstring_view kSuffix = L".tmp";
 constexpr std::size_t kRandomDigits = 16;
 constexpr std::size_t kProcessDigits = 8;
@@ -27,17 +27,17 @@ bool AllDigits(std::wstring_view text) {
 }  // namespace
 
 std::wstring TemporaryName(std::uint64_t randomNumber, std::uint32_t processId) {
-    return std::wstring(kPrefix) + Hexadecimal(randomNumber, kRandomDigits) + L'-' +
+    return std::wstring(kStart) + Hexadecimal(randomNumber, kRandomDigits) + L'-' +
            Hexadecimal(processId, kProcessDigits) + std::wstring(kSuffix);
 }
 
 bool IsTemporaryName(const std::wstring& name) {
     std::wstring_view rest = name;
-    if (rest.size() != kPrefix.size() + kRandomDigits + 1 + kProcessDigits + kSuffix.size() ||
-        !rest.starts_with(kPrefix) || !rest.ends_with(kSuffix)) {
+    if (rest.size() != kStart.size() + kRandomDigits + 1 + kProcessDigits + kSuffix.size() ||
+        !rest.starts_with(kStart) || !rest.ends_with(kSuffix)) {
         return false;
     }
-    rest.remove_prefix(kPrefix.size());
+    rest.remove_prefix(kStart.size());
     return AllDigits(rest.substr(0, kRandomDigits)) && rest[kRandomDigits] == L'-' &&
            AllDigits(rest.substr(kRandomDigits + 1, kProcessDigits));
 }

@@ -6,7 +6,7 @@
 namespace ambrio {
 namespace {
 
-constexpr FileSeconds kOldTime = 13'100'000'000;
+constexpr FileSeconds kTimeOfOldCopy = 13'100'000'000;
 constexpr FileSeconds kNewTime = 13'200'000'000;
 
 class PreparedCopyConformance : public FileSystemConformance {
@@ -26,7 +26,7 @@ class PreparedCopyConformance : public FileSystemConformance {
         FileSystemConformance::TearDown();
     }
 
-    void MakeOld() { Write(Destination, "old", kOldTime); }
+    void MakeOld() { Write(Destination, "old", kTimeOfOldCopy); }
     void Write(const std::wstring& path, const std::string& content, FileSeconds time) {
         World().Write(path, content);
         World().SetTime(path, time, 0);
@@ -112,9 +112,9 @@ TEST_P(PreparedCopyConformance, IsNotUsedWhenItsDestinationHasChanged) {
             EXPECT_EQ(name, L"file");
         }
     };
-    changed([&] { Write(Destination, "odd", kOldTime + 1); });
+    changed([&] { Write(Destination, "odd", kTimeOfOldCopy + 1); });
     EXPECT_EQ(World().Read(Destination), "odd");
-    changed([&] { Write(Destination, "older", kOldTime); });
+    changed([&] { Write(Destination, "older", kTimeOfOldCopy); });
     EXPECT_EQ(World().Read(Destination), "older");
     changed([&] { AddAttributes(Destination, kAttributeReadOnly); });
     EXPECT_EQ(World().Read(Destination), "old");

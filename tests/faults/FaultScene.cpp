@@ -6,7 +6,7 @@
 namespace ambrio {
 namespace {
 
-constexpr FileSeconds kOldTime = 13'300'000'000;
+constexpr FileSeconds kTimeOfCopies = 13'300'000'000;
 constexpr FileSeconds kNewTime = 13'400'000'000;
 constexpr std::uint32_t kKilledProcess = 5;
 
@@ -89,7 +89,7 @@ void FaultScene::AddFile(const PlannedFile& file) {
         Bench.Files.WriteFile(file.Copy(), NewContent(file), 0, kNewTime);
     } else if (file.What != Plan::CopyNew) {
         Bench.Files.WriteFile(file.Copy(), std::string(kOldContent), CopyAttributes(file),
-                              kOldTime);
+                              kTimeOfCopies);
     }
 }
 

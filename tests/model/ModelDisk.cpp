@@ -10,10 +10,6 @@ std::wstring NameIn(const std::wstring& path) {
     return path.substr(path.find_last_of(L'\\') + 1);
 }
 
-bool IsReadOnly(const ModelNode& file) {
-    return (file.Attributes & kAttributeReadOnly) != 0;
-}
-
 auto ChildOf(const ModelNode& folder, const std::wstring& name) {
     return std::find_if(folder.Children.begin(), folder.Children.end(),
                         [&](const ModelNode& child) { return child.Name == name; });
@@ -93,7 +89,7 @@ ModelDisk::Result ModelDisk::Remove(const std::wstring& path, bool force) {
     if (file == nullptr) {
         return ErrorNumber::FileNotFound;
     }
-    if (IsReadOnly(*file) && !force) {
+    if (file->IsReadOnly() && !force) {
         return ErrorNumber::PermissionDenied;
     }
     ModelNode& folder = *FolderOf(path);
@@ -110,7 +106,7 @@ ModelDisk::Result ModelDisk::Copy(const std::wstring& source, const std::wstring
     copy.Name = NameIn(destination);
     copy.Attributes |= kAttributeArchive;
     if (ModelNode* old = Find(destination); old != nullptr) {
-        if (old->IsFolder || IsReadOnly(*old)) {
+        if (old->IsFolder || old->IsReadOnly()) {
             return ErrorNumber::PermissionDenied;
         }
         *old = copy;
@@ -128,8 +124,8 @@ void ModelDisk::SetAttributes(const std::wstring& path, FileAttributes attribute
 
 ModelDisk::Result ModelDisk::Open(const std::wstring& path, FileSeconds now) {
     if (const ModelNode* node = Find(path); node != nullptr) {
-        return node->IsFolder || IsReadOnly(*node) ? Result(ErrorNumber::PermissionDenied)
-                                                   : std::nullopt;
+        return node->IsFolder || node->IsReadOnly() ? Result(ErrorNumber::PermissionDenied)
+                                                    : std::nullopt;
     }
     ModelNode* folder = FolderOf(path);
     if (folder == nullptr) {

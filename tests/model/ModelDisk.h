@@ -19,6 +19,8 @@ struct ModelNode {
     FileAttributes Attributes = 0;  // of a file
     FileSeconds Time = 0;           // of a file
     std::vector<ModelNode> Children = {};
+
+    [[nodiscard]] bool IsReadOnly() const { return (Attributes & kAttributeReadOnly) != 0; }
 };
 
 // A drive as the reference model sees it: no links, and names are spelled in one way. An operation

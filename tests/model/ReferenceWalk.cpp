@@ -5,14 +5,6 @@
 #include "platform/TemporaryName.h"
 
 namespace ambrio {
-namespace {
-
-bool IsReadOnly(const ModelNode& file) {
-    return (file.Attributes & kAttributeReadOnly) != 0;
-}
-
-}  // namespace
-
 void ReferenceWalk::RunSet(const ModelSet& set) {
     set_ = set;
     WalkFolder(set.Source, set.Destination);
@@ -243,7 +235,7 @@ bool ReferenceWalk::HasCopyToRemove(const File& file, const Listing& listing) co
 bool ReferenceWalk::IsToBeCopied(const File& file, const Listing& listing) {
     const FileSeconds time = run_.Disk.File(file.Source)->Time;
     const auto needsNothing = [&](const ModelNode& copy) {
-        return copy.Time >= time && !(set_.OverwritesReadOnly && IsReadOnly(copy));
+        return copy.Time >= time && !(set_.OverwritesReadOnly && copy.IsReadOnly());
     };
     if (listing) {
         const auto listed = listing->find(file.Name);
@@ -259,7 +251,7 @@ bool ReferenceWalk::IsToBeCopied(const File& file, const Listing& listing) {
     if (copy == nullptr) {
         return true;
     }
-    if (set_.OverwritesReadOnly && IsReadOnly(*copy)) {
+    if (set_.OverwritesReadOnly && copy->IsReadOnly()) {
         Require(Stage::MakeCopyWritable, file.Copy);
         run_.Disk.SetAttributes(file.Copy, copy->Attributes & ~kAttributeReadOnly);
     }
