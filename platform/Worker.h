@@ -12,7 +12,7 @@ class Worker {
     virtual ~Worker() = default;
 
     // Does `work` and returns when it is done, calling `yield`, which may be empty, meanwhile. What
-    // `work` throws is thrown here.
+    // `work` throws is thrown here; what `yield` throws, too, once the work is done.
     virtual void Do(const std::function<void()>& work, const Yield& yield) = 0;
 };
 

@@ -147,8 +147,12 @@ TEST_P(CopyConformance, NobodySeesHalfACopy) {
     World().Write(source_, content);
     // All of the new one is seen when it has its name and the caller is not told yet.
     Files().CopyFile(source_, copy_, true, [&] {
-        const std::string seen = World().Read(copy_);
-        EXPECT_TRUE(seen == "old" || seen == content) << seen.size();
+        try {
+            const std::string seen = World().Read(copy_);
+            EXPECT_TRUE(seen == "old" || seen == content) << seen.size();
+        } catch (const FileSystemWorld::IsHeld&) {
+            // Where our look was in its way the copier looks for a moment who holds the file.
+        }
     });
     EXPECT_EQ(16U << 20U, Files().GetFile(copy_).Size);
 }

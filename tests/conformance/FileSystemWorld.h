@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,12 @@ namespace ambrio {
 class FileSystemWorld {
   public:
     enum class LinkKind { ToFile, ToFolder, MountPoint };
+
+    // Thrown by what opens a file that somebody else has open and does not share.
+    class IsHeld : public std::runtime_error {
+      public:
+        using std::runtime_error::runtime_error;
+    };
 
     virtual ~FileSystemWorld() = default;
 

@@ -66,6 +66,25 @@ TEST(WorkerThread, ThrowsWhatTheWorkThrowsAndGoesOn) {
     EXPECT_NE(0U, ThreadOf(worker, [] {}));
 }
 
+TEST(WorkerThread, WhatIsThrownMeanwhileWaitsForTheEndOfTheWork) {
+    WorkerThread worker;
+    const UniqueHandle mayEnd(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    bool isDone = false;
+    const auto work = [&] {
+        WaitForSingleObject(mayEnd.get(), INFINITE);
+        isDone = true;
+        throw std::domain_error("of the work");
+    };
+    const auto yield = [&] {
+        SetEvent(mayEnd.get());
+        throw std::out_of_range("meanwhile");
+    };
+    EXPECT_THROW(worker.Do(work, yield), std::out_of_range);
+    EXPECT_TRUE(isDone);
+    // And the next work knows nothing of it.
+    EXPECT_NE(GetCurrentThreadId(), ThreadOf(worker, [] {}));
+}
+
 TEST(WorkerThread, WhatIsAskedForMeanwhileIsDoneAtOnce) {
     WorkerThread worker;
     const UniqueHandle mayEnd(CreateEventW(nullptr, TRUE, FALSE, nullptr));

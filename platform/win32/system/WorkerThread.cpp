@@ -36,7 +36,15 @@ void WorkerThread::Do(const std::function<void()>& work, const Yield& yield) {
     isAtWork_ = true;
     work_ = &work;
     SetEvent(toDo_.get());
-    WaitUntilDone(yield);
+    try {
+        WaitUntilDone(yield);
+    } catch (...) {
+        // What the work uses is its caller's, who is about to be left.
+        WaitUntilDone({});
+        isAtWork_ = false;
+        failure_ = nullptr;
+        throw;
+    }
     isAtWork_ = false;
     if (failure_) {
         std::rethrow_exception(std::exchange(failure_, nullptr));

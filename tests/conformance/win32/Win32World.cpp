@@ -25,8 +25,12 @@ UniqueHandle Open(const std::wstring& path, DWORD access, DWORD share, DWORD cre
     auto file = MakeHandle<UniqueHandle>(CreateFileW(Extended(path).c_str(), access, share, nullptr,
                                                      creation, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) {
-        throw std::runtime_error("the test cannot open its file: " +
-                                 std::to_string(GetLastError()));
+        const DWORD code = GetLastError();
+        const std::string text = "the test cannot open its file: " + std::to_string(code);
+        if (code == ERROR_SHARING_VIOLATION) {
+            throw FileSystemWorld::IsHeld(text);
+        }
+        throw std::runtime_error(text);
     }
     return file;
 }
