@@ -5,6 +5,7 @@
 
 #include "platform/Twips.h"
 #include "saver/SystemColour.h"
+#include "saver/animation/Contrast.h"
 
 namespace ambrio {
 namespace {
@@ -121,7 +122,8 @@ LRESULT PreviewFrame::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void PreviewFrame::DrawPicture() {
     const HDC dc = buffer_.DC();
-    const UniqueBrush frame(CreateSolidBrush(SystemColour(backColor_)));
+    const Colour border = BorderColourOn(backColor_, colours_.Plate);
+    const UniqueBrush frame(CreateSolidBrush(SystemColour(border)));
     const UniqueBrush plate(CreateSolidBrush(SystemColour(colours_.Plate)));
     const RECT all{0, 0, buffer_.Width(), buffer_.Height()};
     FillRect(dc, &all, frame.get());

@@ -44,6 +44,10 @@ Colour Mixed(Colour from, Colour to, int parts, int all) {
     return {mix(from.Red, to.Red), mix(from.Green, to.Green), mix(from.Blue, to.Blue)};
 }
 
+constexpr Colour kBlack{};
+constexpr Colour kWhite{255, 255, 255};
+constexpr int kParts = 64;  // steps of a mixture
+
 // Each component contrasts with the frame's, all within the side that the frame's colour as a whole
 // asks for: what explains is tinted with the frame's counter-colour, and one plate serves both.
 Colour CaptionColour(Colour frame, bool frameIsLight) {
@@ -64,9 +68,6 @@ double ContrastRatio(Colour one, Colour other) {
 }
 
 LabelColours LabelColoursOn(Colour frame) {
-    constexpr Colour kBlack{};
-    constexpr Colour kWhite{255, 255, 255};
-    constexpr int kParts = 64;
     const bool light = IsLight(frame);
     LabelColours colours{light ? kBlack : kWhite, CaptionColour(frame, light), frame};
     const auto readable = [&] {
@@ -77,6 +78,16 @@ LabelColours LabelColoursOn(Colour frame) {
         colours.Plate = Mixed(frame, light ? kWhite : kBlack, parts, kParts);
     }
     return colours;
+}
+
+Colour BorderColourOn(Colour frame, Colour plate) {
+    const Colour end = IsLight(frame) ? kBlack : kWhite;
+    Colour border = frame;
+    for (int parts = 1; parts <= kParts && ContrastRatio(border, plate) < kVisibleContrast;
+         ++parts) {
+        border = Mixed(frame, end, parts, kParts);
+    }
+    return border;
 }
 
 }  // namespace ambrio

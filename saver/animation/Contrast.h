@@ -17,4 +17,12 @@ constexpr double kReadableContrast = 7;
 // kReadableContrast.
 [[nodiscard]] LabelColours LabelColoursOn(Colour frame);
 
+// What an edge between two areas needs to be seen.
+constexpr double kVisibleContrast = 2;
+
+// The colour of the border round a plate that lies on a frame of this colour: the frame's own,
+// mixed with as much white (black, where the frame is light) as it needs to stand out from the
+// plate by kVisibleContrast. The plate is that of LabelColoursOn.
+[[nodiscard]] Colour BorderColourOn(Colour frame, Colour plate);
+
 }  // namespace ambrio

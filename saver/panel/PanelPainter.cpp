@@ -6,6 +6,7 @@
 
 #include "platform/Twips.h"
 #include "saver/SystemColour.h"
+#include "saver/animation/Contrast.h"
 #include "saver/model/Ellipsis.h"
 #include "saver/model/PanelFace.h"
 
@@ -250,7 +251,8 @@ RECT PanelPainter::PlateIn(const RECT& frame) const {
 // The frame's own rounding is that of the window; the plate's runs beside it.
 void PanelPainter::DrawBackground() {
     const HDC dc = background_.DC();
-    const UniqueBrush frame(CreateSolidBrush(SystemColour(backColor_)));
+    const Colour border = BorderColourOn(backColor_, colours_.Plate);
+    const UniqueBrush frame(CreateSolidBrush(SystemColour(border)));
     const UniqueBrush plate(CreateSolidBrush(SystemColour(colours_.Plate)));
     const UniquePen edge(CreatePen(PS_SOLID, 1, SystemColour(colours_.Plate)));
     const RECT all{0, 0, background_.Width(), background_.Height()};

@@ -39,14 +39,49 @@ TEST(LabelColours, GiveThePlateTheFramesTint) {
     EXPECT_LT(plate.Blue, plate.Green);
 }
 
+constexpr int kCodes = 52 * 52 * 52;
+
+// From black (0) to white (the last).
+Colour FrameColour(int code) {
+    const auto component = [](int part) { return static_cast<std::uint8_t>(part % 52 * 5); };
+    return {component(code), component(code / 52), component(code / 52 / 52)};
+}
+
 TEST(LabelColours, AreReadableOnEveryFrameColour) {
-    for (int code = 0; code < 52 * 52 * 52; ++code) {
-        const auto component = [](int part) { return static_cast<std::uint8_t>(part % 52 * 5); };
-        const Colour frame{component(code), component(code / 52), component(code / 52 / 52)};
-        const LabelColours labels = LabelColoursOn(frame);
+    for (int code = 0; code < kCodes; ++code) {
+        const LabelColours labels = LabelColoursOn(FrameColour(code));
         ASSERT_GE(ContrastRatio(labels.Text, labels.Plate), 7) << code;
         ASSERT_GE(ContrastRatio(labels.Caption, labels.Plate), 7) << code;
     }
+}
+
+TEST(BorderColour, StandsOutFromThePlateOnEveryFrameColour) {
+    for (int code = 0; code < kCodes; ++code) {
+        const Colour frame = FrameColour(code);
+        const Colour plate = LabelColoursOn(frame).Plate;
+        ASSERT_GE(ContrastRatio(BorderColourOn(frame, plate), plate), 2) << code;
+    }
+}
+
+TEST(BorderColour, IsTheFramesOwnWhereThatStandsOut) {
+    constexpr Colour kGreen{0, 200, 0};
+    EXPECT_EQ(BorderColourOn(kGreen, LabelColoursOn(kGreen).Plate), kGreen);
+}
+
+TEST(BorderColour, IsATintOfADarkFrameAndAShadeOfALightOne) {
+    constexpr Colour kNavy{14, 34, 70};
+    const Colour lighter = BorderColourOn(kNavy, kNavy);
+    EXPECT_GT(lighter.Red, kNavy.Red);
+    EXPECT_LT(lighter.Red, lighter.Green);
+    EXPECT_LT(lighter.Green, lighter.Blue);
+    constexpr Colour kLime{200, 220, 60};
+    const Colour darker = BorderColourOn(kLime, kLime);
+    EXPECT_LT(darker.Green, kLime.Green);
+    EXPECT_LT(darker.Blue, darker.Red);
+    EXPECT_LT(darker.Red, darker.Green);
+    // No more than it takes.
+    EXPECT_LT(ContrastRatio(lighter, kNavy), 2.3);
+    EXPECT_LT(ContrastRatio(darker, kLime), 2.3);
 }
 
 }  // namespace

@@ -36,6 +36,7 @@ Colour ColourOf(COLORREF pixel) {
 
 // What a frame of some colour shows on the screen.
 struct Shown {
+    Colour Border;        // at its left edge
     Colour Plate;         // beside the text
     Colour Text;          // of the pixel that differs most from the plate
     double Contrast = 0;  // between the two
@@ -61,6 +62,7 @@ class PreviewFrameTest : public testing::TestWithParam<Colour> {
         const WindowDC screen(frame.Handle());
         constexpr int kOfThePlate = 5;  // within its padding
         Shown shown;
+        shown.Border = ColourOf(GetPixel(screen.get(), 0, area.bottom / 2));
         shown.Plate = ColourOf(GetPixel(screen.get(), kOfThePlate, area.bottom / 2));
         for (int row = kOfThePlate; row < area.bottom - kOfThePlate; ++row) {
             for (int column = kOfThePlate; column < area.right - kOfThePlate; ++column) {
@@ -84,6 +86,7 @@ TEST_P(PreviewFrameTest, ShowsACaptionThatStandsOutOnItsPlate) {
     const Shown shown = Show(GetParam(), L"relaxMMHHE");
     EXPECT_EQ(SystemColour(shown.Plate), SystemColour(LabelColoursOn(GetParam()).Plate));
     EXPECT_GE(shown.Contrast, kReadableContrast);
+    EXPECT_GE(ContrastRatio(shown.Border, shown.Plate), kVisibleContrast);
 }
 
 TEST_P(PreviewFrameTest, ShowsNothingButItsPlateWhereTheCaptionIsEmpty) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "saver/animation/Contrast.h"
 #include "tests/unit/PanelFixture.h"
 
 namespace ambrio {
@@ -224,6 +225,29 @@ TEST(StatusPanelView, HasABorderAsWideOnEverySideAtEveryResolution) {
         const int corner = static_cast<int>(11 * dotsPerInch / 96.0 * (1 - std::sqrt(0.5)));
         const int across = RunOf(picture, {corner, corner}, {1, 1});
         EXPECT_NEAR(across * std::sqrt(2.0), wanted, 2.2) << dotsPerInch;
+    }
+}
+
+Colour ColourAt(const BackBuffer& picture, int x, int y) {
+    const COLORREF pixel = GetPixel(picture.DC(), x, y);
+    return {GetRValue(pixel), GetGValue(pixel), GetBValue(pixel)};
+}
+
+// Also where the plate has the frame's own colour, as it has on dark and on light ones.
+TEST(StatusPanelView, HasABorderThatIsSeenOnEveryFrameColour) {
+    for (const Colour frame : {Colour{0, 0, 0}, Colour{24, 56, 112}, Colour{60, 61, 59},
+                               Colour{90, 120, 7}, Colour{250, 254, 255}}) {
+        const Panel panel;
+        panel.View->SetBackColor(frame);
+        panel.View->SetLabelColours(LabelColoursOn(frame));
+        panel.View->Redraw();
+        const BackBuffer picture = panel.Picture();
+        const int middle = picture.Height() / 2;
+        const Colour border = ColourAt(picture, 0, middle);
+        const Colour plate = ColourAt(picture, 5, middle);
+        EXPECT_EQ(plate, LabelColoursOn(frame).Plate) << static_cast<int>(frame.Green);
+        EXPECT_GE(ContrastRatio(border, plate), 2) << static_cast<int>(frame.Green);
+        EXPECT_EQ(RunOf(picture, {0, middle}, {1, 0}), 3) << static_cast<int>(frame.Green);
     }
 }
 
