@@ -34,6 +34,7 @@ set(SAVER_WIN32_SOURCES
     saver/form/frmScreenSaverLetGo.cpp
     saver/form/frmScreenSaverLoad.cpp
     saver/form/frmScreenSaverMonitors.cpp
+    saver/form/frmScreenSaverResolution.cpp
     saver/form/frmScreenSaverRunHost.cpp
     saver/form/frmScreenSaverUnload.cpp
     saver/form/Pointer.cpp

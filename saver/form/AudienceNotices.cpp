@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "platform/win32/system/SentData.h"
+
 namespace ambrio {
 namespace {
 
@@ -46,20 +48,16 @@ std::optional<AudienceNotice> ReadSessionEvent(WPARAM event) {
     return std::nullopt;
 }
 
-// Another program may have sent an address at which nothing lies, so it is not simply read.
 std::optional<AudienceNotice> ReadPowerSetting(LPARAM address) {
-    PowerSetting setting{};
-    SIZE_T length = 0;
-    if (ReadProcessMemory(GetCurrentProcess(), reinterpret_cast<const void*>(address), &setting,
-                          sizeof setting, &length) == 0 ||
-        setting.Length != sizeof setting.State) {
+    const auto setting = ReadSentData<PowerSetting>(address);
+    if (!setting || setting->Length != sizeof setting->State) {
         return std::nullopt;
     }
-    const bool isOff = setting.State == 0;
-    if (IsEqualGUID(setting.Setting, kSessionDisplays)) {
+    const bool isOff = setting->State == 0;
+    if (IsEqualGUID(setting->Setting, kSessionDisplays)) {
         return AudienceNotice{Unseen::SessionDisplaysOff, isOff};
     }
-    if (IsEqualGUID(setting.Setting, kMonitor)) {
+    if (IsEqualGUID(setting->Setting, kMonitor)) {
         return AudienceNotice{Unseen::MonitorOff, isOff};
     }
     return std::nullopt;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/win32/windows/ScreenTwips.h"
+
 namespace ambrio {
 namespace {
 
@@ -11,12 +13,13 @@ constexpr COLORREF kTextColour = RGB(242, 243, 248);
 constexpr UINT kLines = DT_CENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
 
 // The face of the system's own messages, half as large again.
-UniqueFont MakeFont() {
+UniqueFont MakeFont(int dotsPerInch) {
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     LOGFONTW& face = metrics.lfMessageFont;
-    face.lfHeight += face.lfHeight / 2;
+    const int systemDotsPerInch = GetDeviceCaps(WindowDC(nullptr).get(), LOGPIXELSY);
+    face.lfHeight = MulDiv(face.lfHeight + face.lfHeight / 2, dotsPerInch, systemDotsPerInch);
     return UniqueFont(CreateFontIndirectW(&face));
 }
 
@@ -31,7 +34,7 @@ SIZE SeenPartOf(HWND form) {
 
 }  // namespace
 
-WaitPlate::WaitPlate(HWND form) : form_(form), font_(MakeFont()) {
+WaitPlate::WaitPlate(HWND form) : form_(form), font_(MakeFont(DotsPerInchOf(form))) {
     WindowDesign design = ChildDesign(L"AmbrioWaitPlate", form, 0, RECT{});
     design.Style = WS_CHILD | WS_CLIPSIBLINGS;
     Create(design);
@@ -39,6 +42,14 @@ WaitPlate::WaitPlate(HWND form) : form_(form), font_(MakeFont()) {
 
 WaitPlate::~WaitPlate() {
     Destroy();
+}
+
+void WaitPlate::SetResolution(int dotsPerInch) {
+    font_ = MakeFont(dotsPerInch);
+    if (Handle() != nullptr && !text_.empty()) {
+        Place();
+        InvalidateRect(Handle(), nullptr, FALSE);
+    }
 }
 
 void WaitPlate::Say(const std::wstring& text) {

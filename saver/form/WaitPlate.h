@@ -16,6 +16,10 @@ class WaitPlate : public Window {
     explicit WaitPlate(HWND form);
     ~WaitPlate() override;
 
+    // Writes in letters for this resolution. Those of the system's messages are made for the
+    // resolution of the primary monitor.
+    void SetResolution(int dotsPerInch);
+
     // Shows the lines of the text, or nothing when it is empty.
     void Say(const std::wstring& text);
 

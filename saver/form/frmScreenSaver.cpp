@@ -72,6 +72,9 @@ LRESULT frmScreenSaver::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             mouseMoveRule_.Forget();  // the system puts the pointer elsewhere
             return 0;
+        case WM_DPICHANGED:
+            ResolutionChanges(wParam, lParam);
+            return 0;
         case WM_CLOSE:
             CloseRequested();
             return 0;

@@ -87,6 +87,7 @@ class frmScreenSaver : public Window, public RunHost {
     void PlaceInLayer(bool topmost, UINT flags);
     void CoverMonitors();  // frmScreenSaverMonitors.cpp
     [[nodiscard]] bool UsesPassword() const;
+    void ResolutionChanges(WPARAM wParam, LPARAM lParam);  // frmScreenSaverResolution.cpp
 
     // Events.
     LRESULT ReceiveInput(UINT message, WPARAM wParam, LPARAM lParam);

@@ -22,6 +22,13 @@ ClipControl::ClipControl(const Window& parent) : parent_(parent) {
                     GetModuleHandleW(nullptr), nullptr);
 }
 
+void ClipControl::LieBelow() {
+    RECT area{};
+    GetClientRect(parent_.Handle(), &area);
+    SetWindowPos(Handle(), nullptr, 0, area.bottom, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+}
+
 HWND ClipControl::Handle() const {
     return parent_.Handle() == nullptr ? nullptr : GetDlgItem(parent_.Handle(), kControlId);
 }

@@ -19,6 +19,9 @@ class ClipControl {
     // The parent is not owned. The control goes with it.
     explicit ClipControl(const Window& parent);
 
+    // To be called when the parent has become another size.
+    void LieBelow();
+
     void Open(const std::wstring& path);
     void Play();
     void Stop();

@@ -18,12 +18,16 @@ std::uint32_t PixelOf(COLORREF colour) {
                                       GetBValue(colour));
 }
 
+SIZE SizeOf(const RECT& place) {
+    return {place.right - place.left, place.bottom - place.top};
+}
+
 }  // namespace
 
 CopyFrame::CopyFrame(HWND parent, const RECT& place, double pixelSize, COLORREF colour)
     : pixelSize_(pixelSize),
       pictures_(kPictureTimer, clip::kPictureTime),
-      picture_(PixelBuffer::Make({place.right - place.left, place.bottom - place.top})),
+      picture_(PixelBuffer::Make(SizeOf(place))),
       colour_(colour) {
     WindowDesign design =
         ChildDesign(L"AmbrioCopyFrame", parent, static_cast<int>(PanelControl::fraAni), place);
@@ -70,6 +74,16 @@ void CopyFrame::Show(bool visible) {
     } else {
         ShowWindow(Handle(), SW_HIDE);
     }
+}
+
+void CopyFrame::Resize(const RECT& place, double pixelSize) {
+    pixelSize_ = pixelSize;
+    const auto [width, height] = SizeOf(place);
+    picture_ = PixelBuffer::Make({width, height});
+    SetWindowPos(Handle(), nullptr, place.left, place.top, width, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW | SWP_NOCOPYBITS);
+    clip_->LieBelow();
+    Redraw();
 }
 
 void CopyFrame::SetBackColor(COLORREF colour) {

@@ -25,6 +25,9 @@ class CopyFrame : public Window {
     void StopClip();
     void CloseClip();
 
+    // Takes another place and size of pixels, as the constructor has them.
+    void Resize(const RECT& place, double pixelSize);
+
     // Comes up in front of the labels that it covers. Painted with the next WM_PAINT, so that a
     // colour that is matched right after it is the first that is seen.
     void Show(bool visible);

@@ -97,6 +97,12 @@ PanelPainter::PanelPainter(double twipsPerPixelX, double twipsPerPixelY, const P
     selection_ = std::make_unique<SelectedObject>(picture_.DC(), selected_);
 }
 
+void PanelPainter::LookLike(const PanelPainter& other) {
+    caption_ = other.caption_;
+    backColor_ = other.backColor_;
+    colours_ = other.colours_;
+}
+
 int PanelPainter::Across(int twips) const {
     return PixelsFromTwips(twips, twipsPerPixelX_);
 }

@@ -28,7 +28,9 @@ class PanelPainter {
     // beside them have.
     PanelPainter(double twipsPerPixelX, double twipsPerPixelY, const PanelTexts& texts);
 
-    // These three take effect with the next DrawFrame.
+    // Takes caption and colours from another one. Takes effect, as the next three do, with the next
+    // DrawFrame.
+    void LookLike(const PanelPainter& other);
     void SetCaption(const std::wstring& caption) { caption_ = caption; }
     void SetBackColor(Colour colour) { backColor_ = colour; }
     void SetLabelColours(const LabelColours& colours) { colours_ = colours; }

@@ -46,8 +46,7 @@ StatusPanelView::StatusPanelView(HWND form, double twipsPerPixelX, double twipsP
     dc_ = GetDC(Handle());
     MakeLabels(slogan);
     painter_ = std::make_unique<PanelPainter>(twipsPerPixelX_, twipsPerPixelY_, texts_);
-    copyFrame_ = std::make_unique<CopyFrame>(Handle(), PixelsOf(kCopyFramePlace),
-                                             TwipsPerPixel(kDesignResolution) / twipsPerPixelX_,
+    copyFrame_ = std::make_unique<CopyFrame>(Handle(), PixelsOf(kCopyFramePlace), PixelSize(),
                                              SystemColour(painter_->PlateColor()));
     painter_->DrawFrame(texts_);
     RoundCorners();
@@ -60,6 +59,10 @@ StatusPanelView::~StatusPanelView() {
 
 RECT StatusPanelView::PixelsOf(const TwipsRect& place) const {
     return PixelsOfTwips(place, twipsPerPixelX_, twipsPerPixelY_);
+}
+
+double StatusPanelView::PixelSize() const {
+    return TwipsPerPixel(kDesignResolution) / twipsPerPixelX_;
 }
 
 RECT StatusPanelView::WholePicture() const {
@@ -124,10 +127,7 @@ void StatusPanelView::CloseClip() {
 
 void StatusPanelView::ShowCopyFrame(bool visible) {
     copyFrame_->Show(visible);
-    if (Handle() != nullptr) {
-        SelectClipRgn(dc_, nullptr);
-        KeepClearOfCopyFrame(dc_);
-    }
+    KeepClearOfCopyFrame();
     if (!visible) {
         Show(PixelsOf(kCopyFramePlace));
     }
@@ -147,6 +147,36 @@ void StatusPanelView::Move(int left, int top) {
                      SWP_NOSENDCHANGING);
     Show(WholePicture());
     copyFrame_->Repaint();
+}
+
+void StatusPanelView::Rescale(double twipsPerPixelX, double twipsPerPixelY) {
+    twipsPerPixelX_ = twipsPerPixelX;
+    twipsPerPixelY_ = twipsPerPixelY;
+    auto painter = std::make_unique<PanelPainter>(twipsPerPixelX, twipsPerPixelY, texts_);
+    painter->LookLike(*painter_);
+    painter_ = std::move(painter);
+    painter_->DrawFrame(texts_);
+    if (Handle() == nullptr) {
+        return;
+    }
+    PlaceWindows();
+    RoundCorners();
+    KeepClearOfCopyFrame();
+    Show(WholePicture());
+}
+
+// Nothing is redrawn by the system, which would show halves of it.
+void StatusPanelView::PlaceWindows() {
+    constexpr UINT kFlags = SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW | SWP_NOCOPYBITS;
+    for (std::size_t i = 0; i < kPanelLabels.size(); ++i) {
+        const RECT place = PixelsOf(kPanelLabels[i].Place);
+        SetWindowPos(labels_[i]->Handle(), nullptr, place.left, place.top, place.right - place.left,
+                     place.bottom - place.top, kFlags);
+    }
+    SetWindowPos(Handle(), nullptr, PixelsFromTwips(place_.Left, twipsPerPixelX_),
+                 PixelsFromTwips(place_.Top, twipsPerPixelY_), WholePicture().right,
+                 WholePicture().bottom, kFlags);
+    copyFrame_->Resize(PixelsOf(kCopyFramePlace), PixelSize());
 }
 
 void StatusPanelView::SetBackColor(Colour colour) {
@@ -197,7 +227,14 @@ void StatusPanelView::CopyPicture(HDC target, const RECT& part) const {
     painter_->Picture().CopyTo(target, part.left, part.top, part);
 }
 
-// The window's own device context is told once, when the frame appears.
+// The window's own device context is told once, when the frame appears or becomes another size.
+void StatusPanelView::KeepClearOfCopyFrame() {
+    if (Handle() != nullptr) {
+        SelectClipRgn(dc_, nullptr);
+        KeepClearOfCopyFrame(dc_);
+    }
+}
+
 void StatusPanelView::KeepClearOfCopyFrame(HDC target) const {
     if (copyFrame_->IsShown()) {
         const RECT covered = PixelsOf(kCopyFramePlace);

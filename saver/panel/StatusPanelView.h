@@ -37,6 +37,9 @@ class StatusPanelView : public Window, public StatusPanel {
     // The panel's place on the form, in twips.
     [[nodiscard]] const TwipsRect& Place() const { return place_; }
     void Move(int left, int top);
+    // Shows the panel at another resolution, in the same place in twips: its windows, its letters
+    // and the clip.
+    void Rescale(double twipsPerPixelX, double twipsPerPixelY);
     // Lets other programs and screen readers know what the labels show. To be called now and then,
     // as it costs more than drawing them.
     void Tell();
@@ -52,13 +55,16 @@ class StatusPanelView : public Window, public StatusPanel {
 
   private:
     void MakeLabels(const std::wstring& slogan);
+    void PlaceWindows();
     void RoundCorners();
+    [[nodiscard]] double PixelSize() const;
     [[nodiscard]] RECT PixelsOf(const TwipsRect& place) const;
     [[nodiscard]] RECT WholePicture() const;
     void RedrawLabel(std::size_t label);
     void Show(const RECT& part);
     void CopyPicture(HDC target, const RECT& part) const;
     void KeepClearOfCopyFrame(HDC target) const;
+    void KeepClearOfCopyFrame();
 
     double twipsPerPixelX_;
     double twipsPerPixelY_;

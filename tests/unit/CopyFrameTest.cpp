@@ -170,6 +170,32 @@ TEST_F(CopyFrameTest, ShowsTheClipInItsSizeAndWithoutABoxRoundItAtEveryResolutio
     }
 }
 
+TEST_F(CopyFrameTest, ShowsTheClipInItsNewSizeWhenTheResolutionBecomesAnother) {
+    Make(96);
+    frame_->OpenClip(clip_.Path());
+    ShowAsARunDoes();
+    EXPECT_TRUE(PlaysTo(1));
+    for (const int dotsPerInch : {192, 144}) {
+        SCOPED_TRACE(dotsPerInch);
+        const double size = dotsPerInch / 96.0;
+        const RECT place{30, 15, 30 + std::lround(276 * size), 15 + std::lround(55 * size)};
+        frame_->Resize(place, size);
+        UpdateWindow(frame_->Handle());
+        const Seen seen = Look();
+        EXPECT_NEAR(seen.MarkWidth(), Clip::MarkWidth(1) * size, 2);
+        EXPECT_NEAR(seen.MarkHeight(), Clip::kMarkHeight * size, 2);
+        EXPECT_GT(seen.Colours[0], 5 * seen.Colours[2]) << "its own colour all round";
+        EXPECT_EQ(0, seen.Colours[1]) << "black";
+        RECT area{};
+        GetClientRect(frame_->Handle(), &area);
+        EXPECT_EQ(place.right - place.left, area.right);
+        RECT control{};
+        GetWindowRect(Control(), &control);
+        MapWindowPoints(nullptr, frame_->Handle(), reinterpret_cast<POINT*>(&control), 2);
+        EXPECT_GE(control.top, area.bottom) << "seen beside its picture";
+    }
+}
+
 TEST_F(CopyFrameTest, WaitsForItsColourBeforeItIsSeen) {
     Make(96);
     frame_->OpenClip(clip_.Path());

@@ -25,6 +25,11 @@ class Panel {
     Panel(const Panel&) = delete;
     Panel& operator=(const Panel&) = delete;
 
+    // In front of everything else.
+    void ShowForm() const {
+        SetWindowPos(form_, HWND_TOPMOST, 0, 0, 0, 0,
+                     SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    }
     void CloseForm() { DestroyWindow(std::exchange(form_, nullptr)); }
 
     [[nodiscard]] HWND Control(PanelControl control) const {

@@ -106,6 +106,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/frmScreenSaverAudienceTest.cpp
     tests/unit/frmScreenSaverEventsTest.cpp
     tests/unit/frmScreenSaverInterruptionTest.cpp
+    tests/unit/frmScreenSaverResolutionTest.cpp
     tests/unit/frmScreenSaverTest.cpp
     tests/unit/GetKeyValueTest.cpp
     tests/unit/HeldFileTest.cpp
@@ -117,6 +118,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/PanelCallsTest.cpp
     tests/unit/PanelFontTest.cpp
     tests/unit/PanelOnlookersTest.cpp
+    tests/unit/PanelResolutionTest.cpp
     tests/unit/PanelTextTest.cpp
     tests/unit/PointerTest.cpp
     tests/unit/PreviewFrameTest.cpp
@@ -125,6 +127,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/StatusPanelViewTest.cpp
     tests/unit/SystemLibraryTest.cpp
     tests/unit/SystemServicesTest.cpp
+    tests/unit/WaitPlateTest.cpp
     tests/unit/Win32ClockTest.cpp
     tests/unit/Win32RememberedDrivesTest.cpp
     tests/unit/Win32SlowRootsTest.cpp
