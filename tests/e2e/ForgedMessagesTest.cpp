@@ -45,6 +45,9 @@ void Forge(const WindowProbe& window) {
     }
     EXPECT_TRUE(window.Send(WM_INITDIALOG, 0, static_cast<LPARAM>(kNowhere)));
     window.Post(WM_INITDIALOG, 0, static_cast<LPARAM>(kNowhere));
+    constexpr int kOtherResolution = 288;
+    EXPECT_TRUE(window.Send(WM_DPICHANGED, MAKEWPARAM(kOtherResolution, kOtherResolution),
+                            static_cast<LPARAM>(kNowhere)));
     for (WPARAM timer = 0; timer < 6; ++timer) {
         window.Post(WM_TIMER, timer);
     }

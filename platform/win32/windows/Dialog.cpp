@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "platform/win32/system/SentData.h"
 #include "platform/win32/windows/DialogTemplate.h"
 #include "platform/win32/windows/WindowText.h"
 
@@ -163,8 +164,8 @@ INT_PTR Dialog::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             return TRUE;
         case WM_DPICHANGED:
-            if (lParam != 0) {
-                ChangeResolution(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+            if (const auto suggested = ReadSentData<RECT>(lParam)) {
+                ChangeResolution(HIWORD(wParam), *suggested);
             }
             return TRUE;
         case WM_DRAWITEM:
