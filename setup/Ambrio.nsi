@@ -72,7 +72,7 @@ Var ProgramFolder  ; where the program is, without a separator at its end
 Page custom ChoicePage ChoicePageLeave
 !insertmacro MUI_PAGE_INSTFILES
 !define MUI_FINISHPAGE_TITLE "${NAME} is installed"
-!define MUI_FINISHPAGE_TEXT "Nothing is backed up yet: tell ${NAME} which folders to copy, and where to.$\r$\n$\r$\nYou find it in the Start menu. The button Settings... of the screen saver settings leads there, too."
+!define MUI_FINISHPAGE_TEXT "${NAME} backs up what you tell it to: which folders to copy, and where to. Unless you have done so before, do it now.$\r$\n$\r$\nYou find it in the Start menu. The button Settings... of the screen saver settings leads there, too."
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_TEXT "Configure ${NAME} now"
 !define MUI_FINISHPAGE_RUN_FUNCTION Configure
