@@ -14,8 +14,6 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds kYieldInterval = 50ms;
 constexpr std::chrono::milliseconds kPatience = 100ms;
-// What another program has copied first is left over at the end, perhaps a folder full.
-constexpr std::chrono::milliseconds kPatienceAtTheEnd = 2000ms;
 
 // Holds a pool's lock but where it is let go for a while. (The standard library's can fail, with
 // all that the words of such a failure bring into the program.)
@@ -242,10 +240,12 @@ class CopyAhead::Work {
     std::size_t atWork_ = 0;  // threads
 };
 
-CopyAhead::CopyAhead(FileSystem& target, WorkerPool& pool, std::size_t few)
+CopyAhead::CopyAhead(FileSystem& target, WorkerPool& pool, std::size_t few,
+                     std::chrono::milliseconds patienceAtTheEnd)
     : ForwardingFileSystem(target),
       pool_(pool),
       few_(few),
+      patienceAtTheEnd_(patienceAtTheEnd),
       work_(std::make_shared<Work>(target, pool)) {}
 
 CopyAhead::~CopyAhead() {
@@ -305,7 +305,7 @@ void CopyAhead::EndExpecting() {
         return;
     }
     ExpectNothing();
-    work_->WaitUntilIdle(kPatienceAtTheEnd);
+    work_->WaitUntilIdle(patienceAtTheEnd_);
     hasBegun_ = false;
     if (!pool_.End(kPatience)) {
         work_ = std::make_shared<Work>(Target(), pool_);  // the old one is theirs

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 
@@ -15,8 +16,10 @@ namespace ambrio {
 // then.
 class CopyAhead : public ForwardingFileSystem {
   public:
-    // Both must live longer. A first hint that names no more than `few` is not worth the threads.
-    CopyAhead(FileSystem& target, WorkerPool& pool, std::size_t few = kFew);
+    // Both must live longer. A first hint that names no more than `few` is not worth the threads;
+    // the end waits so long at most until what was made in vain is gone.
+    CopyAhead(FileSystem& target, WorkerPool& pool, std::size_t few = kFew,
+              std::chrono::milliseconds patienceAtTheEnd = kPatienceAtTheEnd);
     ~CopyAhead() override;
     CopyAhead(const CopyAhead&) = delete;
     CopyAhead& operator=(const CopyAhead&) = delete;
@@ -33,6 +36,8 @@ class CopyAhead : public ForwardingFileSystem {
     static constexpr std::uint64_t kMostWaiting = 32ULL << 20;  // bytes
     static constexpr std::uint64_t kShareOfFreeSpace = 4;  // the waiting take a quarter at most
     static constexpr std::size_t kFew = 2;
+    // What another program has copied first is left over at the end, perhaps a folder full.
+    static constexpr std::chrono::milliseconds kPatienceAtTheEnd{2000};
 
   private:
     class Work;
@@ -43,6 +48,7 @@ class CopyAhead : public ForwardingFileSystem {
 
     WorkerPool& pool_;
     const std::size_t few_;
+    const std::chrono::milliseconds patienceAtTheEnd_;
     std::shared_ptr<Work> work_;
     bool hasBegun_ = false;
 };

@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <latch>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/CopyAhead.h"
@@ -116,6 +120,126 @@ TEST_F(CopyAheadThreadsTest, AFileIsWaitedForWhileEventsRun) {
         EXPECT_EQ(bench.Files.Content(copy.Destination), bench.Files.Content(copy.Source));
     }
     slow.Open();
+}
+
+// A disk on which no temporary goes until the test lets it.
+class LingeringFiles : public LockedFileSystem {
+  public:
+    using LockedFileSystem::LockedFileSystem;
+
+    std::unique_ptr<PreparedCopy> PrepareCopy(const ExpectedCopy& copy,
+                                              const std::function<bool()>& isWanted) override {
+        class Lingering : public PreparedCopy {
+          public:
+            Lingering(LingeringFiles& files, std::unique_ptr<PreparedCopy> copy)
+                : files_(files), copy_(std::move(copy)) {}
+            ~Lingering() override {
+                files_.mayGo_.wait(false);
+                copy_.reset();
+                ++files_.Gone;
+                files_.allGone_.count_down();
+            }
+            Lingering(const Lingering&) = delete;
+            Lingering& operator=(const Lingering&) = delete;
+            [[nodiscard]] bool Finish(bool overwrite) override { return copy_->Finish(overwrite); }
+
+          private:
+            LingeringFiles& files_;
+            std::unique_ptr<PreparedCopy> copy_;
+        };
+        auto made =
+            std::make_unique<Lingering>(*this, LockedFileSystem::PrepareCopy(copy, isWanted));
+        allMade_.count_down();
+        return made;
+    }
+    void WaitUntilAllAreMade() const { allMade_.wait(); }
+    void WaitUntilAllAreGone() const { allGone_.wait(); }
+    void LetGo() {
+        mayGo_ = true;
+        mayGo_.notify_all();
+    }
+
+    static constexpr int kFiles = 3;
+    std::atomic<int> Gone = 0;
+
+  private:
+    std::latch allMade_{kFiles};
+    std::latch allGone_{kFiles};
+    std::atomic<bool> mayGo_ = false;
+};
+
+// The end of a run that has made all its copies in vain.
+class CopyAheadEndTest : public CopyAheadThreadsTest {
+  protected:
+    // Tells of the end of the threads, whether anything is waited for before it or not.
+    class Pool : public ThreadPool {
+      public:
+        explicit Pool(LingeringFiles& files) : files_(files) {}
+        bool End(std::chrono::milliseconds limit) override {
+            GoneAtTheEnd = files_.Gone;
+            return !AreThreadsStuck && EndSurely(limit);
+        }
+        // Before the object goes, as the threads use it.
+        bool EndSurely(std::chrono::milliseconds limit = {}) {
+            files_.LetGo();
+            return ThreadPool::End(limit);
+        }
+        void WaitForNews(std::chrono::milliseconds limit) override {
+            if (AreThreadsStuck) {
+                ThreadPool::WaitForNews(limit);
+                if (++waits_ == kForEver) {
+                    files_.LetGo();
+                }
+                return;
+            }
+            files_.LetGo();
+            unlock();
+            files_.WaitUntilAllAreGone();
+            lock();
+        }
+
+        bool AreThreadsStuck = false;
+        int GoneAtTheEnd = -1;
+
+      private:
+        static constexpr int kForEver = 1'000;
+        LingeringFiles& files_;
+        int waits_ = 0;
+    };
+
+    CopyAheadEndTest() { Arrange(Bench); }
+
+    // Has all of them made and not one of them asked for.
+    void EndAfterNothingButVainCopies(CopyAhead& ahead) {
+        std::vector<ExpectedCopy> copies;
+        for (int i = 0; i < LingeringFiles::kFiles; ++i) {
+            const std::wstring path = L"\\0\\" + std::to_wstring(i);
+            copies.push_back({L"C:\\From" + path, L"C:\\To" + path + L"x", 5});
+        }
+        ahead.ExpectCopies(copies);
+        Files.WaitUntilAllAreMade();
+        ahead.EndExpecting();
+    }
+
+    EngineBench Bench;
+    LingeringFiles Files{Bench.Files};
+    Pool Threads{Files};
+};
+
+TEST_F(CopyAheadEndTest, WaitsUntilWhatWasMadeInVainIsGone) {
+    CopyAhead ahead(Files, Threads);
+    EndAfterNothingButVainCopies(ahead);
+    EXPECT_EQ(Threads.GoneAtTheEnd, LingeringFiles::kFiles);
+    EXPECT_FALSE(HasTemporary(Bench));
+}
+
+TEST_F(CopyAheadEndTest, LeavesBehindWhatDoesNotGo) {
+    CopyAhead ahead(Files, Threads, CopyAhead::kFew, std::chrono::milliseconds(1));
+    Threads.AreThreadsStuck = true;
+    EndAfterNothingButVainCopies(ahead);
+    EXPECT_EQ(Threads.GoneAtTheEnd, 0);
+    EXPECT_TRUE(HasTemporary(Bench));
+    Threads.EndSurely();
 }
 
 }  // namespace
