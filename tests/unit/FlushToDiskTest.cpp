@@ -14,18 +14,12 @@
 #include "tests/conformance/win32/Win32World.h"
 #include "tests/support/RuntimeErrorOf.h"
 #include "tests/support/win32/ReplacedImport.h"
+#include "tests/support/win32/SystemFunction.h"
 
 namespace ambrio {
 namespace {
 
 using Events = std::vector<std::wstring>;
-
-// The function of the system, which the program's imports may have been turned away from.
-template <typename Function>
-Function* SystemFunction(Function*, const char* name, const wchar_t* library = L"kernel32.dll") {
-    return reinterpret_cast<Function*>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(library), name)));
-}
 
 std::wstring PathOf(HANDLE file) {
     std::array<wchar_t, 1024> path{};

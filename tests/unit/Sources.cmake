@@ -132,6 +132,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/Win32RememberedDrivesTest.cpp
     tests/unit/Win32SlowRootsTest.cpp
     tests/unit/Win32CopyAheadTest.cpp
+    tests/unit/Win32PreparedCopyTest.cpp
     tests/unit/WindowTest.cpp
     tests/unit/WorkWithYieldTest.cpp
     tests/unit/WorkerThreadTest.cpp
