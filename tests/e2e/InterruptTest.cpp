@@ -2,50 +2,71 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/HeldFiles.h"
 #include "tests/e2e/support/NameOf.h"
 #include "tests/e2e/support/SaverTest.h"
 
 namespace ambrio::e2e {
 namespace {
 
-constexpr int kManyFiles = 400;
-
-// Long enough a source for something to happen while it is copied.
+// A run in the midst of which something happens: it stands still in a large file, some files after
+// its beginning and before its end, until the test has seen that the form has taken notice.
 class InterruptTest : public SaverTest {
   protected:
     InterruptTest() {
-        const std::wstring many = ManyFiles();
-        Settings.WriteSets({{L"Many", many, Destination()}, {L"Next", many, Destination()}});
+        LoadIntoPrograms(HeldFiles::Module());
+        const std::wstring tree = Tree();
+        Settings.WriteSets({{L"Many", tree, Destination()}, {L"Next", tree, Destination()}});
     }
 
     static void SetUpTestSuite() {
-        if (!FolderExists(ManyFiles())) {
-            TestTree(ManyFiles()).AddManyFiles(L"files", kManyFiles);
+        if (!FolderExists(Tree())) {
+            TestTree tree(Tree());
+            tree.AddManyFiles(L"before", kFilesBefore);
+            tree.AddFile(L"before\\then\\held.bin", std::string(2U << 20U, 'H'));
+            tree.AddManyFiles(L"before\\then\\after", 40);
         }
     }
-    static void TearDownTestSuite() { RemoveTree(ManyFiles()); }
+    static void TearDownTestSuite() { RemoveTree(Tree()); }
 
-    static std::wstring ManyFiles() {
+    static constexpr int kFilesBefore = 50;
+
+    static std::wstring Tree() {
         static const std::wstring folder =
             TemporaryFolder() + L"\\AmbrioMany" + std::to_wstring(GetCurrentProcessId());
         return folder;
     }
 
-    // The program must end by itself, without a box, and say in its log that it was interrupted.
-    void ExpectInterrupted() {
+    WindowProbe RunIntoTheMidst(const std::wstring& arguments = L"/S") {
+        Start(arguments);
+        const WindowProbe saver = Saver();
+        EXPECT_TRUE(files_.WaitUntilHeld());
+        const PanelProbe panel(saver);
+        EXPECT_TRUE(
+            WaitUntil([&] { return panel.Number(PanelControl::lblcopied) == kFilesBefore; }));
+        return saver;
+    }
+    // The form gives the desktop back or, where it stays, asks for patience. The program must then
+    // end by itself, without a box, and say in its log that it was interrupted.
+    void ExpectInterrupted(const WindowProbe& saver) {
+        EXPECT_TRUE(WaitUntil([&] { return !saver.IsVisible() || !WaitPlateText(saver).empty(); }))
+            << "the form takes no notice";
+        EXPECT_TRUE(Program().IsRunning()) << "in the midst of a file";
+        files_.GoOn();
         ASSERT_TRUE(Ends());
         EXPECT_EQ(Program().ExitCode(), 0U);
-        const Lines block = LatestBlock();
-        ASSERT_GE(block.size(), 6U);
-        EXPECT_EQ(block[2], L"'Many' start");
-        EXPECT_EQ(block[3], L"'Many' complete");
-        EXPECT_EQ(block[5], std::wstring(L"Ambrio interrupted ") + kNow);
-        EXPECT_EQ(block.size(), 7U) << "the next Set was begun";
-        EXPECT_LT(ReadTree(Destination()).size(), static_cast<std::size_t>(kManyFiles));
+        // Neither the folder below nor the next Set is begun.
+        const std::wstring copied = std::to_wstring(kFilesBefore + 1);
+        EXPECT_EQ(LatestBlock(), Block({L"'Many' start", L"'Many' complete",
+                                        L"Of " + copied + L" files checked, " + copied +
+                                            L" were copied; 0 copies were removed."},
+                                       L" interrupted "));
+        constexpr std::size_t kFolders = 2;
+        EXPECT_EQ(ReadTree(Destination()).size(), kFolders + kFilesBefore + 1);
     }
+
+    HeldFiles files_;
 };
 
 // A place where the form itself lies under the pointer, not the panel: one of its corners.
@@ -100,9 +121,9 @@ const Touch kTouches[] = {
 class TouchTest : public InterruptTest, public testing::WithParamInterface<Touch> {};
 
 TEST_P(TouchTest, StopsTheRunWhichThenEndsTheSaver) {
-    RunUntilFilesAreCopied();
-    GetParam().Do(Panel());
-    ExpectInterrupted();
+    const WindowProbe saver = RunIntoTheMidst();
+    GetParam().Do(PanelProbe(saver));
+    ExpectInterrupted(saver);
 }
 
 TEST_P(TouchTest, EndsTheSaverAfterTheRun) {
@@ -172,13 +193,13 @@ TEST_F(InterruptTest, AKeyBeforeTheFirstTickStopsTheRunBeforeItsFirstSet) {
     FAIL() << "the key never came before the first tick";
 }
 
-TEST_F(InterruptTest, AnInterruptedRunKeepsTheLabelsAndTheNextRunCopiesTheRest) {
-    RunUntilFilesAreCopied();
+TEST_F(InterruptTest, AfterAnInterruptedRunTheNextOneCopiesTheRest) {
+    const WindowProbe saver = RunIntoTheMidst();
     PressKey(VK_SPACE);
-    ExpectInterrupted();
+    ExpectInterrupted(saver);
     RunToTheEnd();
     EndByKey();
-    EXPECT_TRUE(SameTree(ReadTree(ManyFiles()), ReadTree(Destination())));
+    EXPECT_TRUE(SameTree(ReadTree(Tree()), ReadTree(Destination())));
 }
 
 // The system's own ways of ending a program.
@@ -195,14 +216,13 @@ void PrintTo(const Closing& closing, std::ostream* out) {
 class ClosingTest : public InterruptTest, public testing::WithParamInterface<Closing> {};
 
 TEST_P(ClosingTest, StopsTheRunInOrder) {
-    RunUntilFilesAreCopied(GetParam().Arguments);
-    const WindowProbe saver = Saver();
+    const WindowProbe saver = RunIntoTheMidst(GetParam().Arguments);
     if (GetParam().Message == WM_QUERYENDSESSION) {
         static_cast<void>(saver.Send(WM_QUERYENDSESSION));
     } else {
         saver.Post(GetParam().Message, SC_CLOSE);
     }
-    ExpectInterrupted();
+    ExpectInterrupted(saver);
 }
 
 INSTANTIATE_TEST_SUITE_P(Closings, ClosingTest,

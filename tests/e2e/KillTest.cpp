@@ -21,8 +21,6 @@ constexpr unsigned kLargeFiles = 4;
 constexpr std::size_t kLargeSize = 3U << 20U;
 constexpr unsigned kKillsInTheTests = 20;
 constexpr unsigned kKillsBetweenWholeRuns = 5;
-// Spent only when a run does not end.
-constexpr Milliseconds kLongRun = std::chrono::minutes(2);
 // A file of a later version is so much newer.
 constexpr unsigned kSecondsPerVersion = 10;
 constexpr unsigned kAgeOfTheFirst = 1'000'000;

@@ -169,25 +169,18 @@ TEST_F(LetGoTest, TheSummaryOfFailuresComesToTheFrontWhenTheRunEnds) {
 // A form that stays, as nothing lies behind it or nothing of it may be seen.
 class StaysTest : public LetGoTest {
   protected:
-    static constexpr const wchar_t* kPlateClass = L"AmbrioWaitPlate";
-
     static std::wstring ExpectedText() {
         return L"Please wait while the current file is copied...\nheld.bin\n" +
                std::to_wstring(kHeldPercent) + L" %";
     }
-    // Empty when there is none to be seen.
-    static std::wstring PlateText(const WindowProbe& saver) {
-        const auto plates = saver.ControlsOfClass(kPlateClass);
-        return plates.empty() || !plates[0].IsVisible() ? L"" : plates[0].Text();
-    }
     static bool AsksForPatience(const WindowProbe& saver) {
-        return WaitUntil([&] { return PlateText(saver) == ExpectedText(); });
+        return WaitUntil([&] { return WaitPlateText(saver) == ExpectedText(); });
     }
 };
 
 TEST_F(StaysTest, AnOrdinaryWindowStaysAndAsksToWait) {
     const WindowProbe saver = RunIntoTheLargeFile(L"/D");
-    EXPECT_EQ(PlateText(saver), L"");
+    EXPECT_EQ(WaitPlateText(saver), L"");
     PressKey(VK_SPACE);
     EXPECT_TRUE(AsksForPatience(saver));
     EXPECT_TRUE(saver.IsVisible());
@@ -211,7 +204,7 @@ TEST_F(StaysTest, ThePlateIsDrawnInTheMiddleOverEverythingElse) {
     const WindowProbe saver = RunIntoTheLargeFile(L"/D");
     PressKey(VK_SPACE);
     ASSERT_TRUE(AsksForPatience(saver));
-    const WindowProbe plate = saver.ControlsOfClass(kPlateClass).at(0);
+    const WindowProbe plate = saver.ControlsOfClass(kWaitPlateClass).at(0);
     RECT form{};
     GetClientRect(saver.Handle(), &form);
     POINT middle{form.right / 2, form.bottom / 2};

@@ -6,6 +6,7 @@
 
 #include "tests/e2e/StandIn.h"
 #include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/HeldFiles.h"
 #include "tests/e2e/support/SaverTest.h"
 #include "tests/e2e/support/SystemCalls.h"
 #include "tests/e2e/support/SystemFile.h"
@@ -148,13 +149,20 @@ TEST_F(OldFamilyPasswordTest, IsNotAskedForWhenTheSessionEnds) {
 }
 
 TEST_F(OldFamilyPasswordTest, WhenWrongDoesNotResumeARunThatWasStopped) {
-    Source.AddManyFiles(L"many", 150);
+    const HeldFiles files;
+    LoadIntoPrograms(HeldFiles::Module());
+    Source.AddFile(L"held.bin", std::string(2U << 20U, 'h'));
+    Source.AddManyFiles(L"many", 30);
     WriteOneSet();
     Answer(false);
-    RunUntilFilesAreCopied();
+    Start(L"/S");
+    const WindowProbe saver = Saver();
+    EXPECT_TRUE(files.WaitUntilHeld());
     PressKey(VK_SPACE);
+    EXPECT_TRUE(WaitUntil([&] { return !WaitPlateText(saver).empty(); }));
+    files.GoOn();
     EXPECT_TRUE(StaysAfterTheRefusal(1));
-    EXPECT_LT(Panel().Number(PanelControl::lblcopied), 150);
+    EXPECT_EQ(Panel().Number(PanelControl::lblcopied), 1);
     Answer(true);
     EndByKey();
     EXPECT_EQ(Log().Blocks().size(), 1U);

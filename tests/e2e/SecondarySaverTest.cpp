@@ -7,6 +7,7 @@
 #include "tests/e2e/StandIn.h"
 #include "tests/e2e/support/CurrentFolder.h"
 #include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/HeldFiles.h"
 #include "tests/e2e/support/NativeFiles.h"
 #include "tests/e2e/support/SaverTest.h"
 #include "tests/e2e/support/SystemFile.h"
@@ -161,9 +162,15 @@ TEST_F(SecondarySaverTest, IsNotStartedAfterAnInterruptedRun) {
     if (IsSkipped()) {
         return;
     }
-    Source.AddManyFiles(L"many", 150);
-    RunUntilFilesAreCopied();
+    const HeldFiles files;
+    LoadIntoPrograms(HeldFiles::Module());
+    Source.AddFile(L"held.bin", std::string(2U << 20U, 'h'));
+    Start(L"/S");
+    const WindowProbe saver = Saver();
+    EXPECT_TRUE(files.WaitUntilHeld());
     PressKey(VK_SPACE);
+    EXPECT_TRUE(WaitUntil([&] { return !saver.IsVisible(); }));
+    files.GoOn();
     EXPECT_TRUE(Ends());
     EXPECT_FALSE(KeyExists(kStandInKey));
 }

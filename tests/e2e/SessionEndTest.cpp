@@ -46,18 +46,6 @@ TEST_F(SessionEndTest, ThatDoesNotComeAfterAllLeavesTheSaverAsItWas) {
     EndByKeyAndBox();
 }
 
-TEST_F(SessionEndTest, StopsARunWhichThenEndsTheSaver) {
-    Source.AddManyFiles(L"many", 300);
-    WriteOneSet();
-    RunUntilFilesAreCopied();
-    AskForTheEnd();
-    EXPECT_TRUE(Ends());
-    EXPECT_EQ(Program().ExitCode(), 0U);
-    const Lines block = LatestBlock();
-    ASSERT_GE(block.size(), 2U);
-    EXPECT_EQ(block[block.size() - 2], std::wstring(L"Ambrio interrupted ") + kNow);
-}
-
 // In the middle of the copy of a large file over an old copy.
 class SessionEndInACopyTest : public SessionEndTest {
   protected:

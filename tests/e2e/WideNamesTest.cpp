@@ -4,6 +4,7 @@
 
 #include "tests/e2e/support/Environment.h"
 #include "tests/e2e/support/Files.h"
+#include "tests/e2e/support/HeldFiles.h"
 #include "tests/e2e/support/SaverTest.h"
 
 namespace ambrio::e2e {
@@ -35,13 +36,17 @@ TEST_F(WideNamesTest, CopiesFilesAndFoldersWithNamesInAnyScript) {
 
 TEST_F(WideNamesTest, ShowsTheNamesInThePanelAsTheyAre) {
     const std::wstring name = L"\u65e5\u672c\u8a9e & \u0420\u0443\u0441";
-    Source.AddManyFiles(L"\u5199\u771f", 200);
+    const HeldFiles files;
+    LoadIntoPrograms(HeldFiles::Module());
+    Source.AddFile(L"\u5199\u771f\\held.bin", std::string(2U << 20U, 'h'));
     WriteOneSet(name);
-    RunUntilFilesAreCopied();
+    Start(L"/S");
     const PanelProbe panel = Panel();
+    EXPECT_TRUE(files.WaitUntilHeld());
     EXPECT_EQ(panel.Caption(PanelControl::lblSet), name);
     EXPECT_EQ(panel.Caption(PanelControl::lblSource), Source.PathOf(L"\u5199\u771f"));
     EXPECT_EQ(panel.Caption(PanelControl::lblDest), Destination() + L"\\\u5199\u771f");
+    files.GoOn();
     EndByKey();
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/e2e/support/HeldFiles.h"
 #include "tests/e2e/support/NameOf.h"
 #include "tests/e2e/support/SaverTest.h"
 
@@ -22,15 +23,20 @@ void PrintTo(const ModeCase& mode, std::ostream* out) {
 class ModeTest : public SaverTest, public testing::WithParamInterface<ModeCase> {
   protected:
     ModeTest() {
-        Source.AddManyFiles(L"many", 200);
+        LoadIntoPrograms(HeldFiles::Module());
+        Source.AddFile(L"held.bin", std::string(2U << 20U, 'h'));
+        Source.AddManyFiles(L"many", 20);
         WriteOneSet();
     }
+
+    HeldFiles Files;
 };
 
 TEST_P(ModeTest, PlacesTheWindowAndThePointerDuringAndAfterTheRun) {
     const ModeCase& mode = GetParam();
-    RunUntilFilesAreCopied(mode.Arguments);
+    Start(mode.Arguments);
     const WindowProbe saver = Saver();
+    EXPECT_TRUE(Files.WaitUntilHeld());
     EXPECT_EQ(saver.IsTopmost(), mode.FullScreen);
     EXPECT_EQ(saver.ShowsPointer(), !mode.PointerHidden);
 
@@ -47,6 +53,7 @@ TEST_P(ModeTest, PlacesTheWindowAndThePointerDuringAndAfterTheRun) {
         EXPECT_LT(place.bottom - place.top, height);
     }
 
+    Files.GoOn();
     // The run ends all the same, and leaves the layer and the pointer to others.
     const PanelProbe panel = Panel();
     EXPECT_TRUE(WaitUntil([&] { return panel.ShowsTheEndOfTheRun(); }));

@@ -62,4 +62,9 @@ Lines SaverTest::LatestBlock() const {
     return blocks.empty() ? Lines{} : blocks.back();
 }
 
+std::wstring WaitPlateText(const WindowProbe& saver) {
+    const auto plates = saver.ControlsOfClass(kWaitPlateClass);
+    return plates.empty() || !plates[0].IsVisible() ? L"" : plates[0].Text();
+}
+
 }  // namespace ambrio::e2e

@@ -41,5 +41,9 @@ class SaverTest : public virtual ProgramTest {
 
 // The title of the saver's window.
 inline constexpr const wchar_t* kSaverTitle = L"Ambrio Screen Saver";
+// The class of the plate on it that asks for patience, and what that says; empty when there is none
+// to be seen.
+inline constexpr const wchar_t* kWaitPlateClass = L"AmbrioWaitPlate";
+[[nodiscard]] std::wstring WaitPlateText(const WindowProbe& saver);
 
 }  // namespace ambrio::e2e
