@@ -1,6 +1,7 @@
 // What one change of a caption costs on the panel that is seen:
 //   CaptionCost [CHANGES]
-// prints the microseconds a change, for a count and for a file's name.
+// prints the microseconds a change, for a count, for a file's name and for a path that is too long
+// for its label.
 
 #include <algorithm>
 #include <chrono>
@@ -46,6 +47,15 @@ void Measure(const wchar_t* name, StatusPanelView& panel, PanelLabel label, int 
     std::wcout << name << L' ' << least.count() / kChangesInAGo << std::endl;
 }
 
+std::wstring LongPath(int number) {
+    constexpr int kLevels = 40;
+    std::wstring path = L"D:\\Documents";
+    for (int level = 0; level < kLevels; ++level) {
+        path += L'\\' + DecimalText(number + level);
+    }
+    return path;
+}
+
 int Run(int changes) {
     const Form form;
     const ScreenTwips twips = ReadScreenTwips();
@@ -54,6 +64,7 @@ int Run(int changes) {
     Measure(L"count", panel, PanelLabel::lblChecked, changes, [](int i) { return DecimalText(i); });
     Measure(L"name", panel, PanelLabel::lblFile, changes,
             [](int i) { return L"file" + DecimalText(i) + L".txt - copying"; });
+    Measure(L"path", panel, PanelLabel::lblSource, changes, &LongPath);
     return 0;
 }
 

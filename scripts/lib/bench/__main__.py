@@ -13,9 +13,9 @@ from statistics import median
 
 import ahead
 import trees
-from programs import (ALL, AMBRIO, CP, ENGINE, FLUSHING_LOOP, LOOP, POLLING_LOOP, RSYNC, XCOPY,
-                      BenchError, engine_alone, run, traced_server)
-from report import Table, draw_chart, slope
+from programs import (ALL, AMBRIO, CP, DESKTOP, ENGINE, FLUSHING_LOOP, LOOP, POLLING_LOOP, RSYNC,
+                      XCOPY, BenchError, engine_alone, run, traced_server)
+from report import Chart, Table, slope
 
 REPETITIONS = 5
 # Start-up is taken out by two sizes of a tree; fewer files where each costs more, and where nothing
@@ -23,6 +23,7 @@ REPETITIONS = 5
 SMALL, LARGE = 2000, 20000
 MEDIUM = 8000
 FEW, MANY = 500, 2500
+SHARE = 8  # of the real tree
 LARGEST_PROGRAM = 600_000  # bytes
 # What may still be newer than the copies of the last repetition.
 CHANGED_FROM = trees.MODIFIED + 100_000
@@ -31,11 +32,11 @@ CHANGED_FROM = trees.MODIFIED + 100_000
 class Bench:
     """The rows, and what they share."""
 
-    def __init__(self, work, real_tree, table):
-        self.work = Path(work)
-        self.real_tree = Path(real_tree)
+    def __init__(self, work, real_tree, table, chart):
+        self.work = work
+        self.real_tree = real_tree
         self.table = table
-        self.chart = {}
+        self.chart = chart
         self.changes = CHANGED_FROM
 
     def tree(self, name, make):
@@ -93,8 +94,7 @@ class Bench:
         times = self.timed(programs, list(sources), prepare, repetitions)
         for source, count in sources.items():
             for name, seconds in times[source].items():
-                self.chart.setdefault(job, {}).setdefault(name, []).append(
-                    (count, median(seconds) / count * 1e6))
+                self.chart.add(job, name, count, median(seconds) / count * 1e6)
         return {program.name: slope({count: times[source][program.name]
                                      for source, count in sources.items()}, *sizes)
                 for program in programs}
@@ -123,7 +123,7 @@ class Bench:
 
     def first(self):
         """First copy of small files."""
-        self.show_slopes("first copy", self.slopes("first copy", (FEW, MANY), ALL, self.nothing, 4),
+        self.show_slopes("first copy", self.slopes("first copy", (FEW, MANY), ALL, self.nothing, 3),
                          [(ENGINE, LOOP, 1.1), (AMBRIO, POLLING_LOOP, 1.2), (AMBRIO, XCOPY, 1.2)])
 
     def show_whole(self, what, source, programs, bars, repetitions):
@@ -138,10 +138,10 @@ class Bench:
         trees.remove(self.work / "copy")
 
     def large(self):
-        """20 files of 200 MiB."""
+        """10 files of 200 MiB."""
         source = self.tree("large", trees.large_files)
         self.show_whole("large files", source, [AMBRIO, FLUSHING_LOOP, LOOP, CP],
-                        [(AMBRIO, FLUSHING_LOOP, 1.03), (AMBRIO, LOOP, 1.03)], 2)
+                        [(AMBRIO, FLUSHING_LOOP, 1.03), (AMBRIO, LOOP, 1.03)], 3)
         trees.remove(source)
 
     def deep(self):
@@ -150,18 +150,21 @@ class Bench:
         self.show_whole("deep folders", source, [AMBRIO, ENGINE, LOOP, XCOPY, RSYNC], [], 1)
 
     def real(self):
-        """Every eighth of the machine's own files (the row "whole" takes them all)."""
-        source = self.tree("real", lambda folder: trees.part_of(self.real_tree, folder, 8))
-        self._real("every eighth file of the real tree", source)
+        """A part of the machine's own files (the row "whole" takes them all)."""
+        self._real(f"every {SHARE}th folder of the real tree", SHARE)
 
     def whole(self):
         """All of the machine's own files; takes minutes, so only when it is named."""
-        self._real("the real tree", self.real_tree)
+        self._real("the real tree", 1)
 
-    def _real(self, what, source):
+    def _real(self, what, share):
+        source = self.tree(what, lambda folder: trees.part_of(self.real_tree, folder, share))
         files, folders = trees.count_files(source)
-        self.table.add(what, f"{files:,} files in {folders:,} folders")
+        all_files, all_folders = trees.count_files(self.real_tree)
+        self.table.add(what, f"{files:,} files in {folders:,} folders of {self.real_tree}, which "
+                       f"has {all_files:,} in {all_folders:,}")
         self.show_whole(what, source, [AMBRIO, XCOPY], [(AMBRIO, XCOPY, 1.2)], 1)
+        trees.remove(source)
 
     def growth(self):
         """Time and memory at 20,000 and 200,000 files."""
@@ -178,6 +181,8 @@ class Bench:
                 seconds.append(AMBRIO.time(source, copied))
             show_progress()
             figures[count] = (median(seconds), AMBRIO.peak)
+            if count != LARGE:
+                self.chart.add("nothing changed", AMBRIO.name, count, seconds[0] / count * 1e6)
         few, many = figures[LARGE], figures[10 * LARGE]
         # Start-up, which both have in common, is that of an empty tree.
         empty = self.tree("empty", lambda folder: folder.mkdir())
@@ -237,6 +242,7 @@ class Bench:
     def start(self):
         """Start to the first painted panel."""
         times = {"panel": [], "empty": []}
+        DESKTOP.hold()
         AMBRIO.settings(self.small(100), self.work / "copy")
         for _ in range(REPETITIONS):
             times["panel"].append(float(run(["wine", "StartTime.exe", "Ambrio Screen Saver",
@@ -258,6 +264,7 @@ class Bench:
         """Processor share of the saver after its run."""
         AMBRIO.settings(self.small(100), self.work / "copy")
         seconds = 10
+        DESKTOP.hold()
         with subprocess.Popen(["wine", "Ambrio.scr", "/S"], start_new_session=True) as process:
             time.sleep(5)
             before = processor_seconds(process.pid)
@@ -301,8 +308,10 @@ def main():
     title = (f"Commit {commit}, {datetime.date.today()}, {os.cpu_count()} processors, "
              f"{memory} GiB of memory, {run(['wine', '--version']).strip()}, "
              f"{platform.system()} {platform.release()}; load {os.getloadavg()[0]:.1f}.")
-    table = Table(Path(work) / "table.md", title)
-    bench = Bench(work, real_tree, table)
+    work = Path(work)
+    table = Table(work / "table.md", title)
+    bench = Bench(work, Path(real_tree), table, Chart(work / "performance.svg"))
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
     start = time.monotonic()
     failed = []
     for name in names or ROWS:
@@ -313,9 +322,9 @@ def main():
         except (BenchError, OSError, subprocess.SubprocessError) as error:
             failed.append(name)
             table.add(f"{row.__doc__.rstrip('.')}: FAILED", " ".join(str(error).split()))
-    for job, series in bench.chart.items():
-        draw_chart(Path(work) / f"{job.replace(' ', '-').replace('%', 'percent')}.svg", job,
-                   series)
+        except KeyboardInterrupt:
+            table.add(f"{row.__doc__.rstrip('.')}: BROKEN OFF", "and what would have come after it")
+            sys.exit(130)
     print(f"[{time.monotonic() - start:4.0f}s] The end.")
     if failed:
         sys.exit(f"bench: these rows failed: {' '.join(failed)}")

@@ -3,12 +3,14 @@
 import os
 import random
 import shutil
+import subprocess
 from pathlib import Path
 
 FILES_A_FOLDER = 50
 SMALLEST, LARGEST = 100, 64 << 10  # bytes
-LARGE_FILES, LARGE_SIZE = 20, 200 << 20
+LARGE_FILES, LARGE_SIZE = 10, 200 << 20
 DEEP_FOLDERS, DEPTH = 2000, 40
+LARGE_FOLDER = 1000  # files; few folders have so many
 # Far enough back that a copy is never newer by the seconds that making a tree takes.
 MODIFIED = 1_600_000_000
 
@@ -18,13 +20,13 @@ def small_files(folder, count, size=None):
     numbers = random.Random(count)
     content = numbers.randbytes(LARGEST)
     for number in range(count):
-        place = Path(folder) / f"folder {number // FILES_A_FOLDER:05}"
+        place = f"{folder}/folder {number // FILES_A_FOLDER:05}"
         if number % FILES_A_FOLDER == 0:
-            place.mkdir(parents=True)
+            os.makedirs(place)
         length = size or int(SMALLEST * (LARGEST / SMALLEST) ** numbers.random())
-        file = place / f"file {number:06}.dat"
-        file.write_bytes(content[:length])
-        os.utime(file, (MODIFIED, MODIFIED))
+        with open(f"{place}/file {number:06}.dat", "wb", buffering=0) as file:
+            file.write(content[:length])
+            os.utime(file.fileno(), (MODIFIED, MODIFIED))
 
 
 def large_files(folder, count=LARGE_FILES):
@@ -57,22 +59,44 @@ def copy_of(tree, folder):
     shutil.copytree(tree, folder, symlinks=True, copy_function=shutil.copy2)
 
 
+def _possible(place, names, taken):
+    """The names that a Windows program can copy beside those that are taken, and no links. Two that
+    differ in nothing but their case are one under Wine."""
+    kept = []
+    for name in sorted(names):
+        is_plain = name == name.rstrip(". ") and not set(name) & set('<>:"|?*\\')
+        if is_plain and name.lower() not in taken and not (Path(place) / name).is_symlink():
+            taken.add(name.lower())
+            kept.append(name)
+    return kept
+
+
 def part_of(tree, folder, share):
-    """A tree's folders with every so many of each one's files; links are left out."""
+    """Every so many of a tree's folders with all of their files, so that a folder has as many as in
+    the tree; of each of the few large folders every so many files, as it would count for too much
+    or not at all."""
+    number = 0
     for place, names, files in os.walk(tree):
-        names.sort()
+        taken = set()
+        names[:] = _possible(place, names, taken)
+        files = _possible(place, files, taken)
+        if len(files) > LARGE_FOLDER:
+            files = files[::share]
+        elif files:
+            number += 1
+            if number % share != 0:
+                continue
         part = Path(folder) / os.path.relpath(place, tree)
-        part.mkdir(parents=True, exist_ok=True)
-        for file in sorted(files)[::share]:
-            original = Path(place) / file
-            if original.is_file() and not original.is_symlink():
-                shutil.copy2(original, part / file)
+        for file in files:
+            part.mkdir(parents=True, exist_ok=True)
+            if (Path(place) / file).is_file():
+                shutil.copy2(Path(place) / file, part / file)
 
 
 def links_to(tree, folder):
     """A backup of the tree, made of second names of its files, which is as good where nothing is
     copied."""
-    shutil.copytree(tree, folder, copy_function=os.link)
+    subprocess.run(["cp", "-alT", tree, folder], check=True)
 
 
 def change_some(tree, share, time):
@@ -93,4 +117,4 @@ def count_files(tree):
 
 def remove(folder):
     """Removes a tree; one that is not there is no failure."""
-    shutil.rmtree(folder, ignore_errors=True)
+    subprocess.run(["rm", "-rf", folder], check=True)
