@@ -323,7 +323,7 @@ def main():
             failed.append(name)
             table.add(f"{row.__doc__.rstrip('.')}: FAILED", " ".join(str(error).split()))
         except KeyboardInterrupt:
-            table.add(f"{row.__doc__.rstrip('.')}: BROKEN OFF", "and what would have come after it")
+            table.add("BROKEN OFF", f"in the row \"{name}\"; nothing after it was measured")
             sys.exit(130)
     print(f"[{time.monotonic() - start:4.0f}s] The end.")
     if failed:

@@ -108,7 +108,8 @@ class Ambrio:
                 lasted = time.monotonic() - start
                 self.peak = peak_memory(process.pid)
             finally:
-                os.killpg(process.pid, signal.SIGKILL)
+                with contextlib.suppress(ProcessLookupError):  # where it has ended by itself
+                    os.killpg(process.pid, signal.SIGKILL)
         if b" completed " not in LOG.read_bytes():
             raise BenchError(f"Ambrio says: {LOG.read_text(encoding='latin-1')}")
         return lasted
