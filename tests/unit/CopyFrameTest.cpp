@@ -241,6 +241,18 @@ TEST_F(CopyFrameTest, ShowsNothingButItsColourWithoutAClip) {
     EXPECT_EQ(276 * 55, Look().Colours[0]);
 }
 
+// A run over many files that need no copy must not be kept busy by it.
+TEST_F(CopyFrameTest, TakesNoMorePicturesOfAClipThatHasStopped) {
+    constexpr UINT_PTR kPictures = 1;
+    Make(96);
+    frame_->OpenClip(clip_.Path());
+    frame_->PlayClip();
+    frame_->StopClip();
+    EXPECT_FALSE(KillTimer(frame_->Handle(), kPictures)) << "it still ticked";
+    frame_->PlayClip();
+    EXPECT_TRUE(KillTimer(frame_->Handle(), kPictures)) << "it does not tick";
+}
+
 TEST_F(CopyFrameTest, OutlivesItsForm) {
     Make(96);
     frame_->OpenClip(clip_.Path());

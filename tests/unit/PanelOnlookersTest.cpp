@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/win32/windows/ControlSubclass.h"
 #include "tests/unit/PanelFixture.h"
 
 namespace ambrio {
@@ -36,6 +37,29 @@ TEST(PanelOnlookers, DrawsNothingWhileNobodySeesItAndCatchesUp) {
     EXPECT_FALSE(IsSamePicture(seen, caughtUp));
     panel.View->Redraw();
     EXPECT_TRUE(IsSamePicture(caughtUp, panel.Picture()));
+}
+
+// Counts how often the animation control is told to play for ever.
+class PlaysOf : private ControlSubclass {
+  public:
+    explicit PlaysOf(HWND control) { AttachTo(control); }
+    int Count = 0;
+
+  private:
+    LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override {
+        Count += message == ACM_PLAY ? 1 : 0;
+        return PassOn(message, wParam, lParam);
+    }
+};
+
+TEST(PanelOnlookers, LetsTheClipRestUntilSomebodySeesIt) {
+    const Panel panel;
+    const PlaysOf plays(panel.Control(PanelControl::Animation1));
+    panel.View->SetSeen(false);
+    panel.View->PlayClip();
+    EXPECT_EQ(0, plays.Count);
+    panel.View->SetSeen(true);
+    EXPECT_EQ(1, plays.Count);
 }
 
 // What other programs get who ask the system and not the label.

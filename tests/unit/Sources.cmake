@@ -84,6 +84,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/BlackWindowsTest.cpp
     tests/unit/CheckListBoxTest.cpp
     tests/unit/CopyFrameTest.cpp
+    tests/unit/CopyWithYieldTest.cpp
     tests/unit/DeepestTreeTest.cpp
     tests/unit/DirectoryListBoxTest.cpp
     tests/unit/ExtendedPathTest.cpp
@@ -108,6 +109,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/frmScreenSaverInterruptionTest.cpp
     tests/unit/frmScreenSaverResolutionTest.cpp
     tests/unit/frmScreenSaverTest.cpp
+    tests/unit/frmScreenSaverTouchTest.cpp
     tests/unit/GetKeyValueTest.cpp
     tests/unit/HeldFileTest.cpp
     tests/unit/LaunchProgramTest.cpp

@@ -147,7 +147,9 @@ TEST_F(frmScreenSaverResolutionTest, AFormThatCoversTheScreenStaysWhereItIsAndIt
     Show(L"/S");
     const RECT before = Place();
     const RECT panel = PlaceOf(Panel());
+    ValidateRect(form_->Handle(), nullptr);
     Change(dotsPerInch_ * 2, {100, 100, 400, 300});
+    EXPECT_TRUE(GetUpdateRect(form_->Handle(), nullptr, FALSE)) << "what the panel has left";
     EXPECT_TRUE(AreEqual(Place(), before));
     EXPECT_NEAR(PlaceOf(Panel()).right, panel.right * 2, 1);
     form_->UnloadForm();
@@ -163,6 +165,57 @@ TEST_F(frmScreenSaverResolutionTest, TheSameOnceMoreOrNoResolutionAtAllChangesNo
         EXPECT_TRUE(AreEqual(Place(), place)) << dotsPerInch;
         EXPECT_TRUE(AreEqual(PlaceOf(Panel()), panel)) << dotsPerInch;
     }
+}
+
+// A large file during which somebody presses a key, and the window is on another monitor after
+// that.
+class ResolutionDuringCopy : public MemoryFileSystem {
+  public:
+    void CopyFile(const std::wstring& source, const std::wstring& destination, bool overwrite,
+                  const Yield& yield) override {
+        MemoryFileSystem::CopyFile(source, destination, overwrite, yield);
+        SendMessageW(Form, WM_KEYDOWN, VK_SPACE, 1);
+        Before = PlateSize();
+        const int dotsPerInch = 2 * DotsPerInchOf(Form);
+        const RECT suggested{0, 0, 950, 700};
+        SendMessageW(Form, WM_DPICHANGED, MAKEWPARAM(dotsPerInch, dotsPerInch),
+                     reinterpret_cast<LPARAM>(&suggested));
+        After = PlateSize();
+    }
+
+    HWND Form = nullptr;
+    SIZE Before{};
+    SIZE After{};
+
+  private:
+    [[nodiscard]] SIZE PlateSize() const {
+        RECT area{};
+        GetClientRect(FindWindowExW(Form, nullptr, L"AmbrioWaitPlate", nullptr), &area);
+        return {area.right, area.bottom};
+    }
+};
+
+TEST(frmScreenSaverResolution, ThePlateThatAsksToWaitGrowsWithItsLetters) {
+    Application application;
+    application.Title = L"Ambrio";
+    application.ProgramFolder = L"C:\\Program";
+    application.CommandLine = L"/D";
+    ResolutionDuringCopy files;
+    files.MakeFolder(application.ProgramFolder);
+    files.WriteFile(L"C:\\From\\file", "new");
+    MemorySettingsStore settings;
+    settings.Values[{L"General", L"Sets"}] = L"A";
+    settings.Values[{L"A", L"Source"}] = L"C:\\From";
+    settings.Values[{L"A", L"Destination"}] = L"C:\\To";
+    CopyWatch copyWatch;
+    ManualClock clock{DateTime{2026, 11, 22, 10, 0, 0}};
+    frmScreenSaver form(application, files, copyWatch, settings, clock, [] {});
+    form.Show();
+    files.Form = form.Handle();
+    constexpr WPARAM kRunTick = 1;
+    SendMessageW(form.Handle(), WM_TIMER, kRunTick, 0);
+    EXPECT_GT(files.Before.cy, 20);
+    EXPECT_NEAR(files.After.cy, 2 * files.Before.cy, 6);
 }
 
 // Places of before do not compare with places of now.
