@@ -2,10 +2,11 @@
 // it had been double-clicked, with "/S" and without the shortcut's own arguments; a program it
 // starts as it is told.
 //
-//   AmbrioStart.exe ARGUMENTS   starts the Ambrio.scr that lies beside it or, where none does, the
-//   one
-//                               in the Windows folder, with these arguments. Ends with 0, or with
-//                               the system's error number after a message box.
+//   AmbrioStart.exe ARGUMENTS
+//
+// starts the Ambrio.scr that lies beside it or, where none does, the one in the Windows folder,
+// with these arguments; without any it opens the configuration. Ends with 0, or with the system's
+// error number after a message box.
 
 #include "platform/win32/WindowsHeaders.h"
 

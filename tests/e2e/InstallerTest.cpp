@@ -117,6 +117,8 @@ class InstallerTest : public SaverTest, public DialogTest {
     std::wstring RunInstalled(const Installation& installation);
     void ExpectShortcutOpens(const Installation& installation, const std::wstring& name,
                              const std::wstring& arguments, const std::wstring& title);
+    void ExpectStartOpens(const Installation& installation, const std::wstring& arguments,
+                          const std::wstring& title);
 
     const Installation Everybodys{Installation::For::Everybody};
     const Installation Own{Installation::For::ThisUser};
@@ -190,7 +192,12 @@ void InstallerTest::ExpectShortcutOpens(const Installation& installation, const 
     const ShortcutTarget target = ReadShortcut(installation.StartMenu() + L"\\" + name + L".lnk");
     EXPECT_EQ(target.Path, installation.Folder() + L"\\AmbrioStart.exe");
     EXPECT_EQ(target.Arguments, arguments);
-    StartFile(target.Path, target.Arguments);
+    ExpectStartOpens(installation, arguments, title);
+}
+
+void InstallerTest::ExpectStartOpens(const Installation& installation,
+                                     const std::wstring& arguments, const std::wstring& title) {
+    StartFile(installation.Folder() + L"\\AmbrioStart.exe", arguments);
     ASSERT_TRUE(WaitUntil([&] { return !Program().StartedProcessIds().empty(); }));
     const auto window = WaitForWindow(Program().StartedProcessIds().front(), title);
     ASSERT_TRUE(window) << "no window titled " << Utf8(title);
@@ -224,6 +231,7 @@ TEST_F(InstallerTest, MakesTheProgramOfThisUserAloneTheSaver) {
     EXPECT_FALSE(FileExists(Everybodys.Program()));
     ExpectSaver(Own.Program(), true);
     ExpectShortcutOpens(Own, L"Back up now", L"/D", kSaverTitle);
+    ExpectStartOpens(Own, L"", kConfiguration);  // as by a double click
     const std::wstring log = RunInstalled(Own);
     EXPECT_EQ(log, Own.Folder() + L"\\Ambrio.log");
 
