@@ -120,7 +120,7 @@ class KillTest : public SaverTest {
     void RunToCompletion() {
         const auto start = std::chrono::steady_clock::now();
         Start(L"/S");
-        WaitForTheEndOfTheRun(kLongRun);
+        WaitForTheEndOfTheRun(kWholeRun);
         LengthOfARun =
             std::chrono::duration_cast<Milliseconds>(std::chrono::steady_clock::now() - start);
         EndByKey();

@@ -10,7 +10,7 @@ using Milliseconds = std::chrono::milliseconds;
 // How long a test waits for something that should come soon; it is only spent when a test fails.
 constexpr Milliseconds kSoon{10000};
 // The same for a whole run.
-constexpr Milliseconds kLongRun = std::chrono::minutes(2);
+constexpr Milliseconds kWholeRun = std::chrono::minutes(2);
 // How long a test looks on to see that something does not happen.
 constexpr Milliseconds kWhile{250};
 
