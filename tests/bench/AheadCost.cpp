@@ -4,20 +4,15 @@
 // milliseconds each call of the system about the destination takes so much longer. Prints the files
 // copied, the failures, those calls, the most bytes in memory and the seconds.
 
-#include <chrono>
 #include <cwchar>
 #include <iostream>
 #include <string>
 
-#include "engine/FileCopier.h"
-#include "engine/FolderWalk.h"
-#include "engine/RunLog.h"
 #include "platform/CopyAhead.h"
 #include "platform/CopyWatch.h"
 #include "platform/win32/files/Win32FileSystem.h"
 #include "platform/win32/system/Win32WorkerPool.h"
-#include "settings/SettingKeys.h"
-#include "tests/bench/IdleSurroundings.h"
+#include "tests/bench/EngineRun.h"
 #include "tests/bench/SlowCalls.h"
 
 #include <psapi.h>
@@ -38,27 +33,13 @@ int Run(const std::wstring& source, const std::wstring& destination, bool isAhea
     Win32WorkerPool pool;
     CopyAhead ahead(disk, pool);
     FileSystem& files = isAhead ? static_cast<FileSystem&>(ahead) : disk;
-    Application application;
-    application.Title = L"AheadCost";
-    application.ProgramFolder = L".";
-    RunState state;
-    RunSignals signals;
-    IdlePanel panel;
-    IdleHost host;
-    RunLog log(files, application, state);
-    const RunContext run{files, log, panel, host, state, signals};
-    FileCopier copier(run);
-    FolderWalk walk(run, copier);
     if (latency > 0) {
         SlowCallsDown(destination, latency);
     }
-    const auto start = std::chrono::steady_clock::now();
-    walk.CopyFiles(source, destination, true, kCopyTypeDateTime, false, false, false);
-    files.EndExpecting();
-    const std::chrono::duration<double> lasted = std::chrono::steady_clock::now() - start;
-    std::wcout << state.FilesCopied << L' ' << state.CopyErrors + state.FolderErrors << L' '
-               << SlowCalls() << L' ' << MostMemory() << L' ' << lasted.count() << std::endl;
-    return state.HasFailures() || !state.FatalErrorText.empty() ? 1 : 0;
+    const EngineRun run = RunEngine(files, L"AheadCost", source, destination);
+    std::wcout << run.State.FilesCopied << L' ' << run.Failures() << L' ' << SlowCalls() << L' '
+               << MostMemory() << L' ' << run.Lasted.count() << std::endl;
+    return run.ExitCode();
 }
 
 }  // namespace

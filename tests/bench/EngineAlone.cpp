@@ -4,18 +4,13 @@
 // milliseconds each call on the destination counts as so much longer. Prints the files checked and
 // copied, the failures, the calls on the destination, the listings among them and the seconds.
 
-#include <chrono>
 #include <cwchar>
 #include <iostream>
 #include <string>
 
-#include "engine/FileCopier.h"
-#include "engine/FolderWalk.h"
-#include "engine/RunLog.h"
 #include "platform/CopyWatch.h"
 #include "platform/win32/files/Win32FileSystem.h"
-#include "settings/SettingKeys.h"
-#include "tests/bench/IdleSurroundings.h"
+#include "tests/bench/EngineRun.h"
 #include "tests/bench/LatencyFileSystem.h"
 
 namespace ambrio {
@@ -26,25 +21,12 @@ int Run(const std::wstring& source, const std::wstring& destination, unsigned la
     Win32FileSystem disk(watch);
     LatencyFileSystem slowDisk(disk, destination, latency);
     FileSystem& files = latency > 0 ? static_cast<FileSystem&>(slowDisk) : disk;
-    Application application;
-    application.Title = L"EngineAlone";
-    application.ProgramFolder = L".";
-    RunState state;
-    RunSignals signals;
-    IdlePanel panel;
-    IdleHost host;
-    RunLog log(files, application, state);
-    const RunContext run{files, log, panel, host, state, signals};
-    FileCopier copier(run);
-    FolderWalk walk(run, copier);
-    const auto start = std::chrono::steady_clock::now();
-    walk.CopyFiles(source, destination, true, kCopyTypeDateTime, false, false, false);
-    const std::chrono::duration<double> lasted =
-        std::chrono::steady_clock::now() - start + slowDisk.Latency();
-    std::wcout << state.FilesChecked << L' ' << state.FilesCopied << L' '
-               << state.CopyErrors + state.FolderErrors << L' ' << slowDisk.Calls() << L' '
-               << slowDisk.Listings() << L' ' << lasted.count() << std::endl;
-    return state.HasFailures() || !state.FatalErrorText.empty() ? 1 : 0;
+    const EngineRun run = RunEngine(files, L"EngineAlone", source, destination);
+    const std::chrono::duration<double> lasted = run.Lasted + slowDisk.Latency();
+    std::wcout << run.State.FilesChecked << L' ' << run.State.FilesCopied << L' ' << run.Failures()
+               << L' ' << slowDisk.Calls() << L' ' << slowDisk.Listings() << L' ' << lasted.count()
+               << std::endl;
+    return run.ExitCode();
 }
 
 }  // namespace
