@@ -1,5 +1,6 @@
 """The changes that the mutation tester tries on one source file, each of one token or statement."""
 
+import re
 from dataclasses import dataclass
 
 from tokens import HEADED, Source
@@ -19,6 +20,9 @@ FUNCTION_WORDS = {"explicit", "inline", "constexpr", "static", "virtual", "frien
 COMMUTATIVE = {"min", "max", "minmax", "hypot", "swap"}
 # Say how much memory will be wanted, which changes no result.
 WITHOUT_EFFECT = {"reserve", "shrink_to_fit"}
+
+# The digits of a number, and what follows them: "U", "f", "ms".
+NUMBER = re.compile(r"(0[xX][0-9a-fA-F]+|[0-9.]+(?:[eE][+-]?[0-9]+)?)([a-zA-Z_]*)")
 
 
 @dataclass(frozen=True, order=True)
@@ -100,17 +104,17 @@ def changed_constant(token):
 
 
 def changed_number(text):
-    """A whole number grows by one, a fraction becomes the double, or 1 when it was 0."""
-    plain = text.replace("'", "").lower()
-    if not plain.startswith("0x") and set(plain) & set(".ep"):
-        suffix = "f" if plain.endswith("f") else ""
-        return repr(float(plain.rstrip("f")) * 2 or 1.0) + suffix
-    digits = plain.rstrip("ul")
-    suffix = plain[len(digits):].upper()
-    if digits.startswith("0x"):
-        return hex(int(digits, 16) + 1) + suffix
-    base = 8 if len(digits) > 1 and digits.startswith("0") else 10
-    return str(int(digits, base) + 1) + suffix
+    """A whole number grows by one, a fraction becomes the double, or 1 when it was 0.
+
+    What follows the digits, as in "1U" or "50ms", stays.
+    """
+    value, suffix = NUMBER.fullmatch(text.replace("'", "")).groups()
+    if value[:2] in ("0x", "0X"):
+        return hex(int(value, 16) + 1) + suffix
+    if not value.isdigit():
+        return repr(float(value) * 2 or 1.0) + suffix
+    base = 8 if len(value) > 1 and value.startswith("0") else 10
+    return str(int(value, base) + 1) + suffix
 
 
 def removed_statements(source):
