@@ -13,8 +13,7 @@ DestinationListing::DestinationListing(FileSystem& fileSystem, const WalkedFolde
 
 void DestinationListing::Fetch(RunHost& host, const RunSignals& signals) {
     try {
-        const std::unique_ptr<FolderReader> reader =
-            fileSystem_.GetFolder(folder_.Destination().Path());
+        const std::unique_ptr<FolderReader> reader = folder_.Destination().GetListing();
         ListingYield yield(host);
         FileEntry entry;
         while (reader->Next(entry)) {

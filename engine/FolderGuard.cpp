@@ -51,8 +51,7 @@ bool FolderGuard::MayEnter(const WalkedFolder& subfolder, const FileEntry& entry
     if (entry.IsLink()) {
         RequireFollowable(fileSystem_, subfolder.Source().Path());
     }
-    // Looked at apart, as the folder may be another one, or one at all, when the walk is there.
-    if (IsSetsSource(subfolder.Root(), KnownFolder(fileSystem_, subfolder.Destination().Path()))) {
+    if (IsSetsSource(subfolder.Root(), subfolder.Destination())) {
         throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
     return entry.IsLink() ? !LeadsBack(subfolder) : !IsSetsDestination(subfolder);

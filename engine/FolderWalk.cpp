@@ -115,7 +115,7 @@ bool FolderWalk::CopyContents(const WalkedFolder& folder, bool isNew) {
 // can vanish; the subfolders wait until the listing is closed.
 bool FolderWalk::CopyListedFiles(const WalkedFolder& folder, bool isNew,
                                  std::vector<FileEntry>& subFolders) {
-    const std::unique_ptr<FolderReader> listing = run_.Files.GetFolder(folder.Source().Path());
+    const std::unique_ptr<FolderReader> listing = folder.Source().GetListing();
     DestinationListing destination(run_.Files, folder);
     if (isNew) {
         destination.KnowEmpty();
@@ -123,6 +123,7 @@ bool FolderWalk::CopyListedFiles(const WalkedFolder& folder, bool isNew,
         destination.Fetch(run_.Host, run_.Signals);
         SweepLeftovers(run_.Files, destination);
     }
+    folder.Destination().CloseListing();
     ListingYield yield(run_.Host);
     LookAhead ahead(run_, *listing, destination);
     FileEntry entry;

@@ -2,12 +2,10 @@
 
 #include <utility>
 
-#include "platform/RuntimeError.h"
-
 namespace ambrio {
 
-KnownFolder::KnownFolder(FileSystem& fileSystem, std::wstring path)
-    : fileSystem_(fileSystem), path_(std::move(path)) {}
+KnownFolder::KnownFolder(FileSystem& fileSystem, std::wstring path, Asked asked)
+    : fileSystem_(fileSystem), path_(std::move(path)), asked_(asked) {}
 
 bool KnownFolder::Is(const KnownFolder& other) const {
     const auto& one = Identity();
@@ -33,16 +31,43 @@ void KnownFolder::RequireIdentity() const {
     }
 }
 
+std::unique_ptr<FolderReader> KnownFolder::GetListing() const {
+    asked_ = Asked::Path;
+    if (notListed_) {
+        throw RuntimeError(*notListed_);
+    }
+    return listing_ ? std::move(listing_) : fileSystem_.GetFolder(path_);
+}
+
+void KnownFolder::CloseListing() const {
+    asked_ = Asked::Path;
+    listing_.reset();
+}
+
 const std::optional<FileIdentity>& KnownFolder::Identity() const {
     if (!wasAsked_) {
-        wasAsked_ = true;
         try {
-            identity_ = fileSystem_.IdentityOf(path_);
+            Ask();
         } catch (const RuntimeError&) {
             return identity_;  // the spelling must do
         }
     }
     return identity_;
+}
+
+void KnownFolder::Ask() const {
+    if (std::exchange(asked_, Asked::Path) == Asked::Listing) {
+        try {
+            listing_ = fileSystem_.GetFolder(path_);
+        } catch (const RuntimeError& failure) {
+            notListed_ = failure;
+            if (failure.Number() == ErrorNumber::PathNotFound) {
+                throw;
+            }
+        }
+    }
+    wasAsked_ = true;
+    identity_ = listing_ ? listing_->Identity() : fileSystem_.IdentityOf(path_);
 }
 
 }  // namespace ambrio

@@ -14,8 +14,10 @@ WalkedFolder::WalkedFolder(FileSystem& fileSystem, const WalkedSet& set)
 WalkedFolder::WalkedFolder(const WalkedFolder& parent, const FileEntry& subfolder)
     : fileSystem_(parent.fileSystem_),
       set_(parent.set_),
-      source_(fileSystem_, FileSystem::BuildPath(parent.source_.Path(), subfolder.Name)),
-      destination_(fileSystem_, FileSystem::BuildPath(parent.destination_.Path(), subfolder.Name)),
+      source_(fileSystem_, FileSystem::BuildPath(parent.source_.Path(), subfolder.Name),
+              KnownFolder::Asked::Listing),
+      destination_(fileSystem_, FileSystem::BuildPath(parent.destination_.Path(), subfolder.Name),
+                   KnownFolder::Asked::Listing),
       parent_(&parent),
       root_(parent.root_),
       volumeRoot_(subfolder.IsLink() ? *this : parent.volumeRoot_) {}

@@ -24,6 +24,14 @@ bool HasFound(const Result& result) {
     }
 }
 
+// Where the file of a slow root lies is the worker's to find out as well.
+std::optional<FileIdentity> Settled(std::optional<FileIdentity> identity) {
+    if (identity) {
+        identity->Settle();
+    }
+    return identity;
+}
+
 }  // namespace
 
 // Fetches entries some at a time, as changing threads for each would cost more than the listing.
@@ -50,6 +58,16 @@ class AnsweringFileSystem::Reader : public FolderReader {
         entry = std::move(entries_.front());
         entries_.pop_front();
         return true;
+    }
+
+    std::optional<FileIdentity> Identity() override {
+        std::optional<FileIdentity> identity;
+        const auto ask = [&] {
+            identity = Settled(reader_->Identity());
+            return true;
+        };
+        files_.Work({root_}, ask, files_.yield_);
+        return identity;
     }
 
   private:
@@ -217,18 +235,11 @@ std::unique_ptr<FolderReader> AnsweringFileSystem::GetFolder(const std::wstring&
                         : std::make_unique<Reader>(*this, root, std::move(reader));
 }
 
-// Where the file of a slow root lies is the worker's to find out as well.
 std::optional<FileIdentity> AnsweringFileSystem::IdentityOf(const std::wstring& path) {
     if (roots_.RootOf(path).empty()) {
         return files_.IdentityOf(path);
     }
-    return Ask<std::optional<FileIdentity>>(path, [&] {
-        auto identity = files_.IdentityOf(path);
-        if (identity) {
-            identity->Settle();
-        }
-        return identity;
-    });
+    return Ask<std::optional<FileIdentity>>(path, [&] { return Settled(files_.IdentityOf(path)); });
 }
 
 bool AnsweringFileSystem::FindsFoldedNames(const std::wstring& folder) {

@@ -79,6 +79,9 @@ class FolderReader {
     // Fills `entry` with the next one; false when there is no more (`entry` is then unspecified).
     // Throws RuntimeError when the listing breaks off.
     virtual bool Next(FileEntry& entry) = 0;
+    // Which folder this is, as FileSystem::IdentityOf would have told it when it was opened: that
+    // of exactly what Next lists, whatever has come to its path since. Throws RuntimeError.
+    virtual std::optional<FileIdentity> Identity() = 0;
 };
 
 // A text file open for appending, in the system's code page. Closing is the destructor's business.

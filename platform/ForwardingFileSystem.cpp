@@ -93,6 +93,10 @@ bool ForwardingFolderReader::Next(FileEntry& entry) {
     return target_->Next(entry);
 }
 
+std::optional<FileIdentity> ForwardingFolderReader::Identity() {
+    return target_->Identity();
+}
+
 ForwardingTextStream::ForwardingTextStream(std::unique_ptr<TextStream> target)
     : target_(std::move(target)) {}
 

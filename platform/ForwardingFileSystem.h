@@ -45,6 +45,7 @@ class ForwardingFolderReader : public FolderReader {
   public:
     explicit ForwardingFolderReader(std::unique_ptr<FolderReader> target);
     bool Next(FileEntry& entry) override;
+    std::optional<FileIdentity> Identity() override;
 
   private:
     std::unique_ptr<FolderReader> target_;

@@ -46,6 +46,9 @@ class FileSystemWorld {
     [[nodiscard]] virtual bool MakeLink(const std::wstring& path, const std::wstring& target,
                                         LinkKind kind) = 0;
 
+    // Gives a file or folder another name in the folder where it lies.
+    virtual void Rename(const std::wstring& path, const std::wstring& newName) = 0;
+
     // Makes a link another user's. False when this user may not give it away.
     [[nodiscard]] virtual bool GiveAway(const std::wstring& link) = 0;
 

@@ -102,6 +102,39 @@ TEST_P(FileSystemConformance, IdentityIsThatOfTheFolderAndNotOfItsSpelling) {
     EXPECT_NE(identity, Files().IdentityOf(NewFolder(L"other")));
 }
 
+TEST_P(FileSystemConformance, AListingKnowsWhichFolderItIs) {
+    const std::wstring folder = NewFolder(L"Folder");
+    NewFile(L"Folder\\file");
+    const auto reader = Files().GetFolder(At(L"folder"));
+    const auto identity = reader->Identity();
+    ASSERT_TRUE(identity);
+    EXPECT_EQ(identity, Files().IdentityOf(folder));
+    EXPECT_NE(identity, Files().IdentityOf(At(L"Folder\\file")));
+    EXPECT_NE(identity, Files().GetFolder(NewFolder(L"other"))->Identity());
+    EXPECT_NE(identity, Files().GetFolder(World().Root())->Identity());
+    FileEntry entry;
+    while (reader->Next(entry)) {
+        EXPECT_EQ(entry.Name, L"file");
+    }
+    EXPECT_EQ(identity, reader->Identity());
+}
+
+TEST_P(FileSystemConformance, AListingStaysWithItsFolderWhateverTakesItsPlace) {
+    const std::wstring folder = NewFolder(L"folder");
+    NewFile(L"folder\\listed");
+    NewFolder(L"other");
+    NewFile(L"other\\not listed");
+    const auto reader = Files().GetFolder(folder);
+    World().Rename(folder, L"renamed");
+    World().Rename(At(L"other"), L"folder");
+    EXPECT_EQ(reader->Identity(), Files().IdentityOf(At(L"renamed")));
+    EXPECT_NE(reader->Identity(), Files().IdentityOf(folder));
+    FileEntry entry;
+    ASSERT_TRUE(reader->Next(entry));
+    EXPECT_EQ(entry.Name, L"listed");
+    EXPECT_FALSE(reader->Next(entry));
+}
+
 TEST_P(FileSystemConformance, FilesAreToldApartWhateverTheirSpelling) {
     const auto identity = Files().IdentityOf(NewFile(L"File"));
     ASSERT_TRUE(identity);
@@ -218,6 +251,8 @@ TEST_P(FileSystemConformance, LinksToFoldersAreFollowedAndMarked) {
     EXPECT_TRUE(entries.at(L"mount").IsFolder() && entries.at(L"mount").IsMountPoint);
     EXPECT_EQ(Files().IdentityOf(target), Files().IdentityOf(At(L"link")));
     EXPECT_EQ(Files().IdentityOf(target), Files().IdentityOf(At(L"mount")));
+    EXPECT_EQ(Files().IdentityOf(target), Files().GetFolder(At(L"link"))->Identity());
+    EXPECT_EQ(Files().IdentityOf(target), Files().GetFolder(At(L"mount"))->Identity());
     EXPECT_TRUE(HasOnly(At(L"link"), {L"inside"}));
     EXPECT_EQ(1U, Files().GetFile(At(L"mount\\inside")).Size);
 }

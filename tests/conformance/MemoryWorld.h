@@ -25,6 +25,9 @@ class MemoryWorld : public FileSystemWorld {
     [[nodiscard]] std::shared_ptr<void> Lock(const std::wstring& path) override;
     [[nodiscard]] bool MakeLink(const std::wstring& path, const std::wstring& target,
                                 LinkKind kind) override;
+    void Rename(const std::wstring& path, const std::wstring& newName) override {
+        files_.Rename(path, newName);
+    }
     [[nodiscard]] bool GiveAway(const std::wstring& link) override;
     [[nodiscard]] const char* ReasonToSkip(const std::string& test) const override;
 

@@ -29,6 +29,9 @@ class WorldBehind : public FileSystemWorld {
                                 LinkKind kind) override {
         return world_->MakeLink(path, target, kind);
     }
+    void Rename(const std::wstring& path, const std::wstring& newName) override {
+        world_->Rename(path, newName);
+    }
     [[nodiscard]] bool GiveAway(const std::wstring& link) override {
         return world_->GiveAway(link);
     }

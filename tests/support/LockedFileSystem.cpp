@@ -17,6 +17,9 @@ class LockedFileSystem::Reader : public FolderReader {
     bool Next(FileEntry& entry) override {
         return files_.Do([&] { return reader_->Next(entry); });
     }
+    std::optional<FileIdentity> Identity() override {
+        return files_.Do([&] { return reader_->Identity(); });
+    }
 
   private:
     LockedFileSystem& files_;

@@ -102,9 +102,7 @@ std::optional<FileIdentity> MemoryFileSystem::IdentityOf(const std::wstring& pat
     if (!node) {
         Fail(ErrorNumber::PathNotFound);
     }
-    FileIdentity identity{node->Volume.Id, node->Id};
-    identity.IsByPath = node->Volume.NumbersNothing;
-    return identity;
+    return node->Identity();
 }
 
 bool MemoryFileSystem::FindsFoldedNames(const std::wstring& folder) {

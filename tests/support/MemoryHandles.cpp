@@ -27,6 +27,11 @@ bool MemoryFolderReader::Next(FileEntry& entry) {
     return true;
 }
 
+std::optional<FileIdentity> MemoryFolderReader::Identity() {
+    folder_->Volume.RequireReady();
+    return folder_->Identity();
+}
+
 MemoryTextStream::MemoryTextStream(MemoryFileSystem& fileSystem, MemoryNode::Pointer file)
     : fileSystem_(fileSystem), file_(std::move(file)) {
     ++file_->OpenStreams;

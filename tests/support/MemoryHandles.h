@@ -19,6 +19,7 @@ class MemoryFolderReader : public FolderReader {
     MemoryFolderReader& operator=(const MemoryFolderReader&) = delete;
 
     bool Next(FileEntry& entry) override;
+    std::optional<FileIdentity> Identity() override;
 
   private:
     MemoryNode::Pointer folder_;

@@ -62,6 +62,12 @@ FileEntry MemoryNode::Entry() const {
     return {Name, Attributes, DateLastModified, IsFolder() ? 0 : Size(), IsMountPoint};
 }
 
+FileIdentity MemoryNode::Identity() const {
+    FileIdentity identity{Volume.Id, Id};
+    identity.IsByPath = Volume.NumbersNothing;
+    return identity;
+}
+
 std::wstring MemoryNode::KeyOf(const std::wstring& name) const {
     return Volume.TellsCasesApart ? name : FoldNameForTest(name);
 }

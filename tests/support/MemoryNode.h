@@ -66,6 +66,7 @@ class MemoryNode {
 
     // What a listing says of it.
     [[nodiscard]] FileEntry Entry() const;
+    [[nodiscard]] FileIdentity Identity() const;
 
     // The child of that name, in whatever case unless the volume tells cases apart, or nothing.
     [[nodiscard]] Pointer Child(const std::wstring& name) const;

@@ -17,6 +17,12 @@ class ObservedReader : public ForwardingFolderReader {
         observer_.Before(call_);
         return ForwardingFolderReader::Next(entry);
     }
+    std::optional<FileIdentity> Identity() override {
+        if (!observer_.Before({FileOperation::IdentityOf, call_.Path})) {
+            return std::nullopt;
+        }
+        return ForwardingFolderReader::Identity();
+    }
 
   private:
     ObservedFileSystem& observer_;

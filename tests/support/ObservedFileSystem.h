@@ -12,7 +12,7 @@ enum class FileOperation {
     FindFile,
     GetFolder,
     Next,
-    IdentityOf,
+    IdentityOf,  // asked of the file system or of a reader
     CreateFolder,
     SetAttributes,
     DeleteFile,
@@ -27,7 +27,8 @@ enum class FileOperation {
 // What an operation was called with.
 struct FileCall {
     FileOperation Operation;
-    std::wstring Path;  // for Next, WriteLine and Flush that of the folder or file that was opened
+    // For what is asked of something that was opened, that of the folder or file.
+    std::wstring Path;
     std::wstring Destination = {};  // of CopyFile only
 };
 

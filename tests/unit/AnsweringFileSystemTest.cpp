@@ -180,6 +180,15 @@ TEST_F(AnsweringFileSystemTest, AListingIsWholeAndFetchedSomeAtATime) {
     EXPECT_EQ(0, slow_.Directly);
 }
 
+TEST_F(AnsweringFileSystemTest, TheWorkerAsksAListingWhichFolderItIs) {
+    const auto listing = files_.GetFolder(L"Q:\\Data");
+    const int before = worker_.Works;
+    EXPECT_TRUE(listing->Identity());
+    EXPECT_EQ(listing->Identity(), disk_.IdentityOf(L"Q:\\Data"));
+    EXPECT_EQ(before + 2, worker_.Works);
+    EXPECT_EQ(0, slow_.Directly);
+}
+
 TEST_F(AnsweringFileSystemTest, AListingThatBreaksOffGivesWhatItHadBefore) {
     for (const wchar_t* name : {L"1", L"2", L"3", L"4"}) {
         disk_.WriteFile(L"Q:\\Few\\" + std::wstring(name), "");

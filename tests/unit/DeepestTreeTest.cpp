@@ -23,8 +23,7 @@ class Well : public ForwardingFileSystem {
         return IsInWell(path) || ForwardingFileSystem::FolderExists(path);
     }
     std::optional<FileIdentity> IdentityOf(const std::wstring& path) override {
-        return IsInWell(path) ? FileIdentity{static_cast<std::uint64_t>(path[3]), path.size()}
-                              : ForwardingFileSystem::IdentityOf(path);
+        return IsInWell(path) ? Identity(path) : ForwardingFileSystem::IdentityOf(path);
     }
     FileEntry GetFile(const std::wstring& path) override {
         return IsInWell(path) ? Entry(L"f", 0) : ForwardingFileSystem::GetFile(path);
@@ -32,14 +31,17 @@ class Well : public ForwardingFileSystem {
     std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) override {
         class One : public FolderReader {
           public:
-            explicit One(FileEntry entry) : entry_(std::move(entry)) {}
+            One(FileEntry entry, FileIdentity identity)
+                : entry_(std::move(entry)), identity_(std::move(identity)) {}
             bool Next(FileEntry& entry) override {
                 entry = entry_;
                 return !std::exchange(isOver_, true);
             }
+            std::optional<FileIdentity> Identity() override { return identity_; }
 
           private:
             FileEntry entry_;
+            FileIdentity identity_;
             bool isOver_ = false;
         };
         if (!IsInWell(path)) {
@@ -48,12 +50,16 @@ class Well : public ForwardingFileSystem {
         const std::size_t level = path.size() / 2 - 2;
         Deepest = std::max(Deepest, level);
         const bool isBottom = level == kLevels;
-        return std::make_unique<One>(isBottom ? Entry(L"f", 0) : Entry(L"d", kAttributeDirectory));
+        return std::make_unique<One>(isBottom ? Entry(L"f", 0) : Entry(L"d", kAttributeDirectory),
+                                     Identity(path));
     }
 
   private:
     static bool IsInWell(const std::wstring& path) {
         return path.starts_with(L"C:\\W") || path.starts_with(L"C:\\V");
+    }
+    static FileIdentity Identity(const std::wstring& path) {
+        return {static_cast<std::uint64_t>(path[3]), path.size()};
     }
     static FileEntry Entry(const wchar_t* name, FileAttributes attributes) {
         FileEntry entry;

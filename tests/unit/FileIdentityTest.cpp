@@ -55,7 +55,8 @@ class Win32FileIdentityTest : public testing::Test {
     }
     static NTSTATUS WINAPI Number(HANDLE file, PIO_STATUS_BLOCK status, PVOID data, ULONG size,
                                   FILE_INFORMATION_CLASS kind) {
-        if (answers_.NumbersNothing) {
+        constexpr auto kNumber = static_cast<FILE_INFORMATION_CLASS>(6);
+        if (answers_.NumbersNothing && kind == kNumber) {
             std::memset(data, 0, size);
             return 0;
         }
@@ -112,6 +113,11 @@ TEST_F(Win32FileIdentityTest, GoesByTheFinalPathWhereNothingIsNumbered) {
     EXPECT_EQ(file, Identity(World.Root() + L"\\.\\x\\..\\FILE"));
     EXPECT_NE(file, Identity(Other));
     EXPECT_NE(file, Identity(World.Root()));
+    const auto listing = World.Files().GetFolder(World.Root())->Identity();
+    ASSERT_TRUE(listing);
+    EXPECT_TRUE(listing->IsByPath);
+    EXPECT_EQ(listing, Identity(World.Root()));
+    EXPECT_NE(listing, file);
 }
 
 // The server's name may be written in any case.
@@ -135,6 +141,17 @@ TEST_F(Win32FileIdentityTest, AsksForTheVolumeOnlyWhereTheNumbersAreEqual) {
     EXPECT_EQ(answers_.Questions, 2);
     EXPECT_EQ(file, World.Files().IdentityOf(File));
     EXPECT_EQ(answers_.Questions, 3) << "the first one knows by now";
+}
+
+TEST_F(Win32FileIdentityTest, AListingIsNumberedLikeItsFolder) {
+    const auto listing = World.Files().GetFolder(World.Root())->Identity();
+    ASSERT_TRUE(listing);
+    EXPECT_FALSE(listing->IsByPath);
+    EXPECT_EQ(answers_.Questions, 0);
+    EXPECT_EQ(listing, Identity(World.Root()));
+    EXPECT_NE(listing->Disk, 0U);
+    answers_.Disk = L"\\\\?\\Volume{11111111-2222-3333-4444-555555555556}\\";
+    EXPECT_NE(listing, Identity(World.Root())) << "its disk was asked for when it mattered";
 }
 
 TEST_F(Win32FileIdentityTest, MayBeAnywhereOnceNobodyCanTell) {

@@ -17,7 +17,9 @@ std::optional<ErrorNumber> DoEverything(FileSystem& files) {
         files.GetFile(L"C:\\a");
         files.FindFile(L"C:\\a");
         FileEntry entry;
-        files.GetFolder(L"C:\\")->Next(entry);
+        const auto reader = files.GetFolder(L"C:\\");
+        reader->Next(entry);
+        reader->Identity();
         files.IdentityOf(L"C:\\");
         files.CreateFolder(L"C:\\new");
         files.SetAttributes(L"C:\\a", 0);
@@ -46,7 +48,7 @@ TEST(FailingFileSystem, FailsEachOperationInTurn) {
             break;
         }
     }
-    EXPECT_EQ(16, at);
+    EXPECT_EQ(17, at);
     EXPECT_EQ(11, thrown);
 }
 
@@ -76,8 +78,9 @@ TEST(CountingFileSystem, CountsByKindByPathAndByFolder) {
     memory.WriteFile(L"C:\\a");
     CountingFileSystem files(memory);
     EXPECT_EQ(std::nullopt, DoEverything(files));
-    EXPECT_EQ(15U, files.Calls().size());
+    EXPECT_EQ(16U, files.Calls().size());
     EXPECT_EQ(1, files.CallsOf(FileOperation::Next));
+    EXPECT_EQ(2, files.CallsOf(FileOperation::IdentityOf));
     EXPECT_EQ(6, files.CallsOn(L"c:\\A"));
     EXPECT_EQ(1, files.CallsBelow(L"C:\\NEW"));
     files.Clear();

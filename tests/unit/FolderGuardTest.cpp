@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 
+#include "platform/ForwardingFileSystem.h"
 #include "settings/SettingKeys.h"
 #include "tests/support/CountingFileSystem.h"
 #include "tests/support/EngineBench.h"
@@ -146,6 +148,70 @@ TEST_F(FolderGuardTest, AsksForNoIdentityBelowTheRootsOnDifferentVolumes) {
     CountingFileSystem counting(Bench.Files);
     Bench.Run(counting, Bench.Settings);
     EXPECT_EQ(counting.CallsOf(FileOperation::IdentityOf), 2);
+}
+
+// Each opening is six conversations with a server, where there is one.
+TEST_F(FolderGuardTest, OpensASubfolderAndItsCopyOnceEach) {
+    for (int i = 0; i < 20; ++i) {
+        File(L"C:\\Data\\" + std::to_wstring(i) + L"\\a");
+        Bench.Files.MakeFolder(L"C:\\Backup\\" + std::to_wstring(i));
+    }
+    Bench.AddSet(L"S", L"C:\\Data", L"C:\\Backup");
+    CountingFileSystem counting(Bench.Files);
+    Bench.Run(counting, Bench.Settings);
+    EXPECT_EQ(counting.CallsOf(FileOperation::GetFolder), 2 + 2 * 20);
+    EXPECT_EQ(counting.CallsOf(FileOperation::IdentityOf), 2 + 2 * 20);
+    const auto& calls = counting.Calls();
+    for (auto call = calls.begin(); call != calls.end(); ++call) {
+        if (call->Operation == FileOperation::IdentityOf &&
+            call->Path.find_last_of(L"0123456789") != std::wstring::npos) {
+            EXPECT_EQ(std::prev(call)->Operation, FileOperation::GetFolder);
+            EXPECT_EQ(std::prev(call)->Path, call->Path);
+        }
+    }
+}
+
+// An interrupted run lists no destination any more, and goes on with the folders that are left.
+TEST_F(FolderGuardTest, KeepsNothingOpenBelowAFolderThatIsNotListed) {
+    const std::wstring deep = L"\\2\\Sub\\Sub\\Sub";
+    File(L"C:\\Data\\1\\a");
+    File(L"C:\\Data" + deep + L"\\b");
+    Bench.Files.MakeFolder(L"C:\\Backup" + deep);
+    int open = 0;
+    Bench.Host.OnDoEvents = [&](int) {
+        Bench.Signals.Interrupted = true;
+        open = Bench.Files.OpenHandles();
+    };
+    Bench.AddSet(L"S", L"C:\\Data", L"C:\\Backup");
+    Bench.Run();
+    EXPECT_TRUE(Exists(L"C:\\Backup" + deep + L"\\b"));
+    EXPECT_EQ(open, 1) << "the listing of the folder in hand";
+}
+
+// A folder that is swapped for the Set's own destination behind the guard's back.
+TEST_F(FolderGuardTest, NoFolderComesBetweenTheGuardAndTheListing) {
+    class Swaps : public ForwardingFileSystem {
+      public:
+        explicit Swaps(MemoryFileSystem& files) : ForwardingFileSystem(files), files_(files) {}
+        bool FolderExists(const std::wstring& path) override {
+            if (path == L"C:\\Data\\Sub") {
+                files_.Remove(path);
+                files_.MakeLink(path, L"C:\\Backup", ToFolder);
+            }
+            return ForwardingFileSystem::FolderExists(path);
+        }
+
+      private:
+        MemoryFileSystem& files_;
+    };
+    Bench.Files.MakeFolder(L"C:\\Data\\Sub");
+    Bench.Files.MakeFolder(L"C:\\Backup\\Sub");
+    File(L"C:\\Backup\\other");
+    Bench.AddSet(L"S", L"C:\\Data", L"C:\\Backup");
+    Swaps files(Bench.Files);
+    Bench.Run(files, Bench.Settings);
+    EXPECT_FALSE(Exists(L"C:\\Backup\\Sub\\other"));
+    EXPECT_FALSE(Bench.State.HasFailures());
 }
 
 TEST_F(FolderGuardTest, ALinkToTheDestinationsVolumeIsWalkedUpToTheDestination) {

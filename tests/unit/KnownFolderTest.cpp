@@ -129,5 +129,89 @@ TEST(FileIdentityTest, APathIsNoNumber) {
     EXPECT_TRUE((FileIdentity{7, 8, 1}.MayShareVolumeWith(path)));
 }
 
+// What is asked of its listing.
+class KnownByListingTest : public KnownFolderTest {
+  protected:
+    [[nodiscard]] static KnownFolder ByListing(FileSystem& files, const wchar_t* path) {
+        return KnownFolder(files, path, KnownFolder::Asked::Listing);
+    }
+    static std::wstring FirstOf(const KnownFolder& folder) {
+        FileEntry entry;
+        return folder.GetListing()->Next(entry) ? entry.Name : L"nothing";
+    }
+};
+
+TEST_F(KnownByListingTest, IsOpenedOnceForBoth) {
+    Files.WriteFile(L"C:\\One\\file");
+    const KnownFolder one = ByListing(Counting, L"C:\\One");
+    EXPECT_TRUE(one.Is(Through(Files, L"C:\\Link")));
+    EXPECT_FALSE(one.Is(Through(Files, L"C:\\Two")));
+    EXPECT_EQ(FirstOf(one), L"file");
+    EXPECT_EQ(Counting.CallsOf(FileOperation::GetFolder), 1);
+    EXPECT_EQ(Counting.CallsOf(FileOperation::IdentityOf), 1);
+    EXPECT_EQ(Files.OpenHandles(), 0);
+}
+
+TEST_F(KnownByListingTest, IsOpenedOnlyWhenOneOfBothIsWanted) {
+    Files.WriteFile(L"C:\\One\\file");
+    const KnownFolder one = ByListing(Counting, L"C:\\One");
+    EXPECT_TRUE(Counting.Calls().empty());
+    EXPECT_EQ(FirstOf(one), L"file");
+    EXPECT_EQ(Counting.CallsOf(FileOperation::IdentityOf), 0);
+    EXPECT_TRUE(one.Is(Through(Files, L"C:\\Link"))) << "the path is asked then";
+    EXPECT_EQ(Files.OpenHandles(), 0);
+}
+
+TEST_F(KnownByListingTest, WhatIsListedIsWhatWasAskedWhateverTookItsPlace) {
+    Files.WriteFile(L"C:\\One\\asked");
+    Files.WriteFile(L"C:\\Two\\other");
+    const KnownFolder one = ByListing(Files, L"C:\\One");
+    const KnownFolder two = Through(Files, L"C:\\Two");
+    EXPECT_FALSE(one.Is(two));
+    Files.Rename(L"C:\\One", L"Renamed");
+    Files.Rename(L"C:\\Two", L"One");
+    EXPECT_FALSE(one.Is(two));
+    EXPECT_EQ(FirstOf(one), L"asked");
+    EXPECT_EQ(FirstOf(one), L"other") << "the first listing has been handed out";
+}
+
+TEST_F(KnownByListingTest, IsKnownByItsPathWhereItMayNotBeListed) {
+    Files.Node(L"C:\\One").ListingDenied = true;
+    const KnownFolder one = ByListing(Counting, L"C:\\One");
+    EXPECT_TRUE(one.Is(Through(Files, L"C:\\Link")));
+    EXPECT_FALSE(one.Is(Through(Files, L"C:\\Two")));
+    EXPECT_EQ(Counting.CallsOn(L"C:\\One"), 2);
+    Files.Node(L"C:\\One").ListingDenied = false;
+    EXPECT_EQ(RuntimeErrorOf([&] { FirstOf(one); }), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(Counting.CallsOf(FileOperation::GetFolder), 1);
+}
+
+TEST_F(KnownByListingTest, IsKnownByItsPathOnceItIsThere) {
+    const KnownFolder later = ByListing(Counting, L"C:\\One\\Later");
+    const KnownFolder other = Through(Files, L"C:\\Link\\Later");
+    EXPECT_TRUE(later.Is(Through(Files, L"c:\\ONE\\later"))) << "it has its spelling";
+    Files.MakeFolder(L"C:\\One\\Later");
+    EXPECT_TRUE(later.Is(other));
+    EXPECT_EQ(Counting.CallsOf(FileOperation::GetFolder), 1);
+}
+
+TEST_F(KnownByListingTest, ItsListingIsClosedWhenNobodyWantsItAnyMore) {
+    {
+        const KnownFolder one = ByListing(Files, L"C:\\One");
+        EXPECT_FALSE(one.Is(Through(Files, L"C:\\Two")));
+        EXPECT_EQ(Files.OpenHandles(), 1);
+        one.CloseListing();
+        EXPECT_EQ(Files.OpenHandles(), 0);
+        const KnownFolder two = ByListing(Files, L"C:\\Two");
+        EXPECT_FALSE(two.Is(one));
+        EXPECT_EQ(Files.OpenHandles(), 1);
+        const KnownFolder unwanted = ByListing(Files, L"C:\\One");
+        unwanted.CloseListing();
+        EXPECT_TRUE(unwanted.Is(one));
+        EXPECT_EQ(Files.OpenHandles(), 1);
+    }
+    EXPECT_EQ(Files.OpenHandles(), 0);
+}
+
 }  // namespace
 }  // namespace ambrio

@@ -131,6 +131,7 @@ set(UNIT_TEST_WIN32_SOURCES
     tests/unit/SystemServicesTest.cpp
     tests/unit/WaitPlateTest.cpp
     tests/unit/Win32ClockTest.cpp
+    tests/unit/Win32FolderReaderTest.cpp
     tests/unit/Win32RememberedDrivesTest.cpp
     tests/unit/Win32SlowRootsTest.cpp
     tests/unit/Win32CopyAheadTest.cpp

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/win32/files/NtQueryDirectoryFile.h"
+#include "platform/win32/system/TextOfCall.h"
 #include "tests/windowsfiles/FileFacts.h"
 
 namespace ambrio::windowsfiles {
@@ -35,6 +37,29 @@ class Searches {
 Searches& OpenSearches() {
     static Searches searches;
     return searches;
+}
+
+// The folder with the separator at its end.
+std::wstring FolderOf(HANDLE folder) {
+    std::wstring path = TextOfCall([folder](wchar_t* text, DWORD size) {
+        return GetFinalPathNameByHandleW(folder, text, size, VOLUME_NAME_DOS);
+    });
+    if (!path.ends_with(L'\\')) {
+        path += L'\\';
+    }
+    return path;
+}
+
+void CorrectRecords(char* record, const std::wstring& folder) {
+    for (;;) {
+        auto& entry = *reinterpret_cast<FILE_FULL_DIR_INFORMATION*>(record);
+        const std::wstring name(&entry.FileName[0], entry.FileNameLength / sizeof(wchar_t));
+        Correct(entry.FileAttributes, (folder + name).c_str());
+        if (entry.NextEntryOffset == 0) {
+            return;
+        }
+        record += entry.NextEntryOffset;
+    }
 }
 
 void CorrectFound(WIN32_FIND_DATAW& data, const std::wstring& folder) {
@@ -79,6 +104,23 @@ BOOL WINAPI GetFileInformationExAsOnWindows(HANDLE file, FILE_INFO_BY_HANDLE_CLA
         Correct(static_cast<FILE_ATTRIBUTE_TAG_INFO*>(data)->FileAttributes, *information);
     }
     return done;
+}
+
+NTSTATUS NTAPI NtQueryDirectoryFileAsOnWindows(HANDLE folder, HANDLE event, PIO_APC_ROUTINE routine,
+                                               PVOID context, PIO_STATUS_BLOCK status, PVOID data,
+                                               ULONG size, FILE_INFORMATION_CLASS kind,
+                                               BOOLEAN single, PUNICODE_STRING mask,
+                                               BOOLEAN restart) {
+    constexpr auto kNotSupported = static_cast<NTSTATUS>(0xC00000BB);
+    if (kind != FileFullDirectoryInformation || single != FALSE || mask != nullptr) {
+        return kNotSupported;
+    }
+    const NTSTATUS result = NtQueryDirectoryFile(folder, event, routine, context, status, data,
+                                                 size, kind, single, mask, restart);
+    if (result >= 0 && status->Information > 0 && !Bits().IsEmpty()) {
+        CorrectRecords(static_cast<char*>(data), FolderOf(folder));
+    }
+    return result;
 }
 
 HANDLE WINAPI FindFirstFileAsOnWindows(LPCWSTR pattern, LPWIN32_FIND_DATAW data) {

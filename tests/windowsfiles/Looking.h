@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/win32/WindowsHeaders.h"
+#include "platform/win32/NativeHeaders.h"
 
 // The replaced calls that tell of files: the archive bit is seen as cleared where it is.
 namespace ambrio::windowsfiles {
@@ -11,6 +11,12 @@ BOOL WINAPI GetFileInformationAsOnWindows(HANDLE file, LPBY_HANDLE_FILE_INFORMAT
 // Answers only what the program asks.
 BOOL WINAPI GetFileInformationExAsOnWindows(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what,
                                             LPVOID data, DWORD size);
+// Answers only for the kind of record that the program asks for, all entries and no mask.
+NTSTATUS NTAPI NtQueryDirectoryFileAsOnWindows(HANDLE folder, HANDLE event, PIO_APC_ROUTINE routine,
+                                               PVOID context, PIO_STATUS_BLOCK status, PVOID data,
+                                               ULONG size, FILE_INFORMATION_CLASS kind,
+                                               BOOLEAN single, PUNICODE_STRING mask,
+                                               BOOLEAN restart);
 HANDLE WINAPI FindFirstFileAsOnWindows(LPCWSTR pattern, LPWIN32_FIND_DATAW data);
 HANDLE WINAPI FindFirstFileExAsOnWindows(LPCWSTR pattern, FINDEX_INFO_LEVELS level, LPVOID data,
                                          FINDEX_SEARCH_OPS operation, LPVOID filter, DWORD flags);

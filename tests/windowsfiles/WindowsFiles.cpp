@@ -60,6 +60,7 @@ bool Enter() {
         Replacing("GetFileInformationByHandle", &GetFileInformationAsOnWindows),
         Replacing("GetFileInformationByHandleEx", &GetFileInformationExAsOnWindows),
         Replacing("MoveFileExW", &MoveFileExAsOnWindows),
+        Replacing("NtQueryDirectoryFile", &NtQueryDirectoryFileAsOnWindows),
         Replacing("NtSetInformationFile", &NtSetInformationFileAsOnWindows),
         Replacing("SetEndOfFile", &SetEndOfFileAsOnWindows),
         Replacing("SetFileAttributesW", &SetFileAttributesAsOnWindows),

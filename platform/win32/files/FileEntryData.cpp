@@ -54,6 +54,10 @@ DWORD SettableAttributes(FileAttributes attributes) {
 FileSeconds SecondsFrom(const FILETIME& time) {
     const std::uint64_t ticks =
         (static_cast<std::uint64_t>(time.dwHighDateTime) << 32U) | time.dwLowDateTime;
+    return SecondsFrom(ticks);
+}
+
+FileSeconds SecondsFrom(std::uint64_t ticks) {
     return static_cast<FileSeconds>(ticks / kTicksPerSecond);
 }
 

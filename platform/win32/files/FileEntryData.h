@@ -19,6 +19,8 @@ namespace ambrio {
 [[nodiscard]] DWORD SettableAttributes(FileAttributes attributes);
 
 [[nodiscard]] FileSeconds SecondsFrom(const FILETIME& time);
+// From tenths of microseconds since 1601-01-01 UTC.
+[[nodiscard]] FileSeconds SecondsFrom(std::uint64_t ticks);
 
 // From one of the structures that carry dwFileAttributes, nFileSizeHigh, ftLastWriteTime and so on.
 // The name stays as it is.

@@ -94,22 +94,26 @@ DWORD ReadInformation(const std::wstring& extended, BY_HANDLE_FILE_INFORMATION& 
     return ERROR_SUCCESS;
 }
 
+std::optional<FileIdentity> IdentityOfOpen(HANDLE file, const std::wstring& extended) {
+    const std::uint64_t number = NumberOf(file);
+    if (number == kNoNumber) {
+        return IdentityByPath(file);
+    }
+    FileIdentity identity;
+    identity.File = number;
+    identity.FindPlace = [extended](const FileIdentity& found) {
+        return FindPlace(extended, found);
+    };
+    return identity;
+}
+
 DWORD ReadFileIdentity(const std::wstring& extended, std::optional<FileIdentity>& identity) {
     identity.reset();
     const auto file = OpenTarget(extended);
     if (!file) {
         return GetLastError();
     }
-    const std::uint64_t number = NumberOf(file.get());
-    if (number == kNoNumber) {
-        identity = IdentityByPath(file.get());
-        return ERROR_SUCCESS;
-    }
-    identity.emplace();
-    identity->File = number;
-    identity->FindPlace = [extended](const FileIdentity& found) {
-        return FindPlace(extended, found);
-    };
+    identity = IdentityOfOpen(file.get(), extended);
     return ERROR_SUCCESS;
 }
 

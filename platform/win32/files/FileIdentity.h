@@ -13,6 +13,10 @@ namespace ambrio {
 [[nodiscard]] DWORD ReadInformation(const std::wstring& extended,
                                     BY_HANDLE_FILE_INFORMATION& information);
 
+// Which file or folder was opened by this path; nothing when neither its file system nor its final
+// path can tell.
+[[nodiscard]] std::optional<FileIdentity> IdentityOfOpen(HANDLE file, const std::wstring& extended);
+
 // Which file or folder a path leads to, links followed; nothing when neither its file system nor
 // its final path can tell. Gives the Win32 error code, 0 for success.
 [[nodiscard]] DWORD ReadFileIdentity(const std::wstring& extended,

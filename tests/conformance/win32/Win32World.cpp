@@ -148,6 +148,13 @@ bool Win32World::MakeLink(const std::wstring& path, const std::wstring& target, 
            CreateSymbolicLinkW(path.c_str(), target.c_str(), folder) != 0;
 }
 
+void Win32World::Rename(const std::wstring& path, const std::wstring& newName) {
+    const std::wstring folder = path.substr(0, path.rfind(L'\\') + 1);
+    if (MoveFileExW(Extended(path).c_str(), Extended(folder + newName).c_str(), 0) == 0) {
+        throw std::runtime_error("the test cannot rename: " + std::to_string(GetLastError()));
+    }
+}
+
 bool Win32World::GiveAway(const std::wstring& link) {
     return GiveToEveryone(Extended(link));
 }

@@ -85,10 +85,11 @@ BOOL WINAPI GetFileAttributesExHeld(LPCWSTR path, GET_FILEEX_INFO_LEVELS level, 
     return GetFileAttributesExW(path, level, data);
 }
 
-HANDLE WINAPI FindFirstFileExHeld(LPCWSTR path, FINDEX_INFO_LEVELS level, LPVOID data,
-                                  FINDEX_SEARCH_OPS search, LPVOID filter, DWORD flags) {
+HANDLE WINAPI CreateFileHeld(LPCWSTR path, DWORD access, DWORD share,
+                             LPSECURITY_ATTRIBUTES security, DWORD disposition, DWORD flags,
+                             HANDLE pattern) {
     HoldCall(path);
-    return FindFirstFileExW(path, level, data, search, filter, flags);
+    return CreateFileW(path, access, share, security, disposition, flags, pattern);
 }
 
 UINT WINAPI GetDriveTypeOfServer(LPCWSTR root) {
@@ -106,7 +107,7 @@ ambrio::Replacement Replacing(const char* name, Function* function) {
 bool Enter() {
     const std::array replacements = {
         Replacing("CopyFileExW", &CopyFileExHeld),
-        Replacing("FindFirstFileExW", &FindFirstFileExHeld),
+        Replacing("CreateFileW", &CreateFileHeld),
         Replacing("GetDriveTypeW", &GetDriveTypeOfServer),
         Replacing("GetFileAttributesExW", &GetFileAttributesExHeld),
     };
