@@ -19,15 +19,17 @@ bool LookAhead::Next(FileEntry& entry) {
     if (next_ == entries_.size()) {
         entries_.clear();
         next_ = 0;
-        if (!Read()) {
+        if (!Read(entry)) {
             if (failure_) {
                 std::rethrow_exception(std::exchange(failure_, nullptr));
             }
             return false;
         }
-        if (IsExpected(entries_.front())) {
-            Fill();
+        if (!IsExpected(entry)) {
+            return true;
         }
+        entries_.push_back(std::move(entry));
+        Fill();
     } else if (entries_.size() - next_ <= kMostEntries / 2 && !isAtEnd_) {
         entries_.erase(entries_.begin(), entries_.begin() + static_cast<std::ptrdiff_t>(next_));
         next_ = 0;
@@ -37,11 +39,9 @@ bool LookAhead::Next(FileEntry& entry) {
     return true;
 }
 
-bool LookAhead::Read() {
-    FileEntry entry;
+bool LookAhead::Read(FileEntry& entry) {
     try {
         if (!isAtEnd_ && listing_.Next(entry)) {
-            entries_.push_back(std::move(entry));
             return true;
         }
     } catch (...) {
@@ -54,7 +54,12 @@ bool LookAhead::Read() {
 // What has been named once is not named again.
 void LookAhead::Fill() {
     std::size_t known = entries_.size() == 1 ? 0 : entries_.size();
-    while (entries_.size() < kMostEntries && Read()) {
+    while (entries_.size() < kMostEntries) {
+        FileEntry next;
+        if (!Read(next)) {
+            break;
+        }
+        entries_.push_back(std::move(next));
     }
     std::vector<ExpectedCopy> copies;
     for (; known < entries_.size(); ++known) {

@@ -28,7 +28,8 @@ class LookAhead {
     static constexpr std::size_t kMostEntries = 32;
 
   private:
-    bool Read();
+    // False at the end, and when the listing breaks off.
+    bool Read(FileEntry& entry);
     void Fill();
     [[nodiscard]] bool IsExpected(const FileEntry& entry) const;
 
