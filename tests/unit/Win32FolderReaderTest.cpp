@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 
+#include "platform/win32/NtStatus.h"
 #include "platform/win32/files/NtQueryDirectoryFile.h"
 #include "tests/conformance/win32/Win32World.h"
 #include "tests/support/RuntimeErrorOf.h"
@@ -15,8 +16,6 @@
 namespace ambrio {
 namespace {
 
-constexpr auto kNoSuchFile = static_cast<NTSTATUS>(0xC000000F);
-constexpr auto kInvalidParameter = static_cast<NTSTATUS>(0xC000000D);
 constexpr auto kNetworkNameDeleted = static_cast<NTSTATUS>(0xC00000C9);
 
 // What the system answers in the place of the truth.
@@ -54,7 +53,7 @@ class Win32FolderReaderTest : public testing::Test {
                                 FILE_INFORMATION_CLASS kind, BOOLEAN single, PUNICODE_STRING mask,
                                 BOOLEAN restart) {
         if (answers_.MostBytes != 0 && size > answers_.MostBytes) {
-            return kInvalidParameter;
+            return kStatusInvalidParameter;
         }
         if (answers_.Pieces++ == 0 && answers_.First) {
             return *answers_.First;
@@ -105,7 +104,7 @@ TEST_F(Win32FolderReaderTest, FetchesSmallPiecesWhereLargeOnesAreNotKnown) {
 
 TEST_F(Win32FolderReaderTest, TheRootOfAnEmptyVolumeIsEmpty) {
     World.Write(World.Root() + L"\\file", "");
-    answers_.First = kNoSuchFile;
+    answers_.First = kStatusNoSuchFile;
     EXPECT_EQ(Names(), std::set<std::wstring>{});
 }
 
@@ -122,7 +121,7 @@ TEST_F(Win32FolderReaderTest, AListingThatBreaksOffGivesWhatItHasAndThenTheReaso
     answers_ = {.First = kNetworkNameDeleted};
     EXPECT_EQ(RuntimeErrorOf([&] { Names(); }), NumberOfWin32Code(ERROR_NETNAME_DELETED));
     // Only at the beginning does that tell of an empty volume.
-    answers_ = {.Last = kNoSuchFile};
+    answers_ = {.Last = kStatusNoSuchFile};
     EXPECT_EQ(RuntimeErrorOf([&] { Names(); }), ErrorNumber::FileNotFound);
 }
 

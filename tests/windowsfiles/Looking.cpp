@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/win32/NtStatus.h"
 #include "platform/win32/files/NtQueryDirectoryFile.h"
 #include "platform/win32/system/TextOfCall.h"
 #include "tests/windowsfiles/FileFacts.h"
@@ -111,9 +112,8 @@ NTSTATUS NTAPI NtQueryDirectoryFileAsOnWindows(HANDLE folder, HANDLE event, PIO_
                                                ULONG size, FILE_INFORMATION_CLASS kind,
                                                BOOLEAN single, PUNICODE_STRING mask,
                                                BOOLEAN restart) {
-    constexpr auto kNotSupported = static_cast<NTSTATUS>(0xC00000BB);
     if (kind != FileFullDirectoryInformation || single != FALSE || mask != nullptr) {
-        return kNotSupported;
+        return kStatusNotSupported;
     }
     const NTSTATUS result = NtQueryDirectoryFile(folder, event, routine, context, status, data,
                                                  size, kind, single, mask, restart);

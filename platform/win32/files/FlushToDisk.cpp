@@ -1,6 +1,7 @@
 #include "platform/win32/files/FlushToDisk.h"
 
 #include "platform/AsciiCase.h"
+#include "platform/win32/NtStatus.h"
 
 namespace ambrio {
 namespace {
@@ -16,14 +17,9 @@ using FlushWithFlags = LONG(NTAPI*)(HANDLE file, ULONG flags, PVOID parameters, 
                                     IoStatus* status);
 constexpr ULONG kFileDataSyncOnly = 4;
 
-constexpr LONG kInvalidParameter = static_cast<LONG>(0xC000000D);
-constexpr LONG kInvalidDeviceRequest = static_cast<LONG>(0xC0000010);
-constexpr LONG kNotImplemented = static_cast<LONG>(0xC0000002);
-constexpr LONG kNotSupported = static_cast<LONG>(0xC00000BB);
-
-bool IsUnknownRequest(LONG status) {
-    return status == kInvalidParameter || status == kInvalidDeviceRequest ||
-           status == kNotImplemented || status == kNotSupported;
+bool IsUnknownRequest(NTSTATUS status) {
+    return status == kStatusInvalidParameter || status == kStatusInvalidDeviceRequest ||
+           status == kStatusNotImplemented || status == kStatusNotSupported;
 }
 
 DWORD FlushWhole(HANDLE file) {

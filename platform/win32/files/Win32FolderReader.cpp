@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/RuntimeError.h"
+#include "platform/win32/NtStatus.h"
 #include "platform/win32/files/FileEntryData.h"
 #include "platform/win32/files/FileIdentity.h"
 #include "platform/win32/files/NtQueryDirectoryFile.h"
@@ -12,9 +13,6 @@
 namespace ambrio {
 namespace {
 
-constexpr NTSTATUS kNoMoreFiles = static_cast<NTSTATUS>(0x80000006);
-constexpr NTSTATUS kNoSuchFile = static_cast<NTSTATUS>(0xC000000F);
-constexpr NTSTATUS kInvalidParameter = static_cast<NTSTATUS>(0xC000000D);
 constexpr auto kFileStandardInformation = static_cast<FILE_INFORMATION_CLASS>(5);
 // Some hundred names: what is listed may be gone when its turn comes.
 constexpr ULONG kLargePiece = 0x2000;
@@ -77,7 +75,7 @@ bool Win32FolderReader::Fetch() {
     };
     IO_STATUS_BLOCK result{};
     NTSTATUS status = query(isFirst ? kLargePiece : bytes_, result);
-    if (isFirst && status == kInvalidParameter) {
+    if (isFirst && status == kStatusInvalidParameter) {
         // Some network file systems know no large pieces.
         status = query(kSmallPiece, result);
     }
@@ -87,7 +85,7 @@ bool Win32FolderReader::Fetch() {
     }
     isAtEnd_ = true;
     // The root of an empty volume has not even ".".
-    if (status == kNoMoreFiles || (isFirst && status == kNoSuchFile)) {
+    if (status == kStatusNoMoreFiles || (isFirst && status == kStatusNoSuchFile)) {
         return false;
     }
     ThrowWin32(status < 0 ? RtlNtStatusToDosError(status) : ERROR_GEN_FAILURE);
