@@ -20,13 +20,15 @@ fuzz_one() {
     return "$status"
 }
 
-# fuzz_all SECONDS [FUZZER...]: those named, or all, as many at once as there are processors.
-# Fails when one has found something.
+# fuzz_all SECONDS [FUZZER...]: those named, or all, at once, so long that each has had a processor
+# for that time. Fails when one has found something.
 fuzz_all() {
-    local seconds=$1
+    local seconds=$1 processors
     shift
     [ $# -gt 0 ] || set -- "${FUZZERS[@]}"
+    processors=$(nproc)
+    if [ $# -gt "$processors" ]; then seconds=$(((seconds * $# + processors - 1) / processors)); fi
     export AMBRIO_ROOT AMBRIO_BUILD
     export -f fuzz_one step
-    printf '%s\n' "$@" | xargs -P "$(nproc)" -I{} bash -c 'fuzz_one "$@"' _ "$seconds" {}
+    printf '%s\n' "$@" | xargs -P 0 -I{} bash -c 'fuzz_one "$@"' _ "$seconds" {}
 }

@@ -21,7 +21,8 @@ constexpr RecordingFrame::Size kUpright{16200, 28800};
 constexpr RecordingFrame::Size kTwoMonitors{57600, 16200};
 
 std::uint32_t Brightest(std::uint32_t pixel) {
-    return std::max({pixel >> 16U, (pixel >> 8U) & 0xFFU, pixel & 0xFFU});
+    // Not of a list: it is asked for so many pixels that a sanitizer makes the list dear.
+    return std::max(std::max(pixel >> 16U, (pixel >> 8U) & 0xFFU), pixel & 0xFFU);
 }
 bool IsLit(std::uint32_t pixel) {
     return Brightest(pixel) > 24;
@@ -43,15 +44,15 @@ class Screen {
     // The share of the pixels that are lit, in a part of the screen that is a share of it too.
     [[nodiscard]] double Lit(double left = 0, double top = 0, double right = 1,
                              double bottom = 1) const {
-        double lit = 0;
-        double all = 0;
+        int lit = 0;
+        int all = 0;
         for (int y = static_cast<int>(top * Height); y < static_cast<int>(bottom * Height); ++y) {
             for (int x = static_cast<int>(left * Width); x < static_cast<int>(right * Width); ++x) {
                 lit += IsLit(At(x, y)) ? 1 : 0;
-                all += 1;
+                ++all;
             }
         }
-        return lit / all;
+        return 1.0 * lit / all;
     }
     [[nodiscard]] std::uint32_t At(int x, int y) const {
         return Pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(Width) +
@@ -192,7 +193,7 @@ TEST(StringFigures, LeaveNoSpotLitForLongOrUnchanged) {
         figures.Step(20);
         screen.Show(figures.Drawn);
         for (std::size_t i = 0; i < count; ++i) {
-            const bool stands = IsLit(screen.Pixels[i]) && screen.Pixels[i] == before[i];
+            const bool stands = screen.Pixels[i] == before[i] && IsLit(screen.Pixels[i]);
             unchanged[i] = stands ? unchanged[i] + 1 : 0;
             longest = std::max(longest, unchanged[i]);
             brightLooks[i] += Brightest(screen.Pixels[i]) > 96 ? 1 : 0;
