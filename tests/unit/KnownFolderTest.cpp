@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/SameFile.h"
+#include "platform/ForwardingFileSystem.h"
 #include "tests/support/CountingFileSystem.h"
 #include "tests/support/FailingFileSystem.h"
 #include "tests/support/MemoryFileSystem.h"
@@ -173,6 +174,31 @@ TEST_F(KnownByListingTest, WhatIsListedIsWhatWasAskedWhateverTookItsPlace) {
     EXPECT_FALSE(one.Is(two));
     EXPECT_EQ(FirstOf(one), L"asked");
     EXPECT_EQ(FirstOf(one), L"other") << "the first listing has been handed out";
+}
+
+// Puts another folder in the place of each as soon as it is open.
+class ReplacedOnceOpen : public ForwardingFileSystem {
+  public:
+    explicit ReplacedOnceOpen(MemoryFileSystem& files)
+        : ForwardingFileSystem(files), files_(files) {}
+    std::unique_ptr<FolderReader> GetFolder(const std::wstring& path) override {
+        auto reader = files_.GetFolder(path);
+        files_.Rename(path, L"Renamed");
+        files_.Rename(L"C:\\Two", L"One");
+        return reader;
+    }
+
+  private:
+    MemoryFileSystem& files_;
+};
+
+TEST_F(KnownByListingTest, IsTheOneThatWasOpenedThoughAnotherTookItsPlaceAtOnce) {
+    const KnownFolder two = Through(Files, L"C:\\Two");
+    EXPECT_TRUE(two.Is(Through(Files, L"c:\\TWO\\")));
+    ReplacedOnceOpen files(Files);
+    const KnownFolder one = ByListing(files, L"C:\\One");
+    EXPECT_FALSE(one.Is(two));
+    EXPECT_TRUE(two.Is(Through(Files, L"C:\\One")));
 }
 
 TEST_F(KnownByListingTest, IsKnownByItsPathWhereItMayNotBeListed) {
