@@ -35,7 +35,7 @@ class KeyboardTest : public DialogTest {
     }
     static void DoubleClick(POINT place) {
         ClickAt(place);
-        Click();
+        ClickAt(place);
     }
     // Fills a new Set from its first box on and presses OK by Enter.
     void TypeSet(const std::wstring& name, const std::wstring& source,

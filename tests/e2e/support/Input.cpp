@@ -24,24 +24,48 @@ INPUT KeyEvent(WORD key, WORD scan, DWORD flags) {
     return event;
 }
 
-INPUT MouseEvent(DWORD flags, LONG x = 0, LONG y = 0, DWORD button = 0) {
+INPUT MouseEvent(DWORD flags, DWORD data = 0) {
     INPUT event{};
     event.type = INPUT_MOUSE;
-    event.mi.dx = x;
-    event.mi.dy = y;
     event.mi.dwFlags = flags;
-    event.mi.mouseData = button;
+    event.mi.mouseData = data;
     return event;
 }
 
-void ClickSideButton(DWORD button) {
-    Send({MouseEvent(MOUSEEVENTF_XDOWN, 0, 0, button), MouseEvent(MOUSEEVENTF_XUP, 0, 0, button)});
+struct ButtonEvents {
+    INPUT Down;
+    INPUT Up;
+};
+
+ButtonEvents EventsOf(MouseButton button) {
+    switch (button) {
+        case MouseButton::Right:
+            return {MouseEvent(MOUSEEVENTF_RIGHTDOWN), MouseEvent(MOUSEEVENTF_RIGHTUP)};
+        case MouseButton::Middle:
+            return {MouseEvent(MOUSEEVENTF_MIDDLEDOWN), MouseEvent(MOUSEEVENTF_MIDDLEUP)};
+        case MouseButton::Back:
+            return {MouseEvent(MOUSEEVENTF_XDOWN, XBUTTON1), MouseEvent(MOUSEEVENTF_XUP, XBUTTON1)};
+        case MouseButton::Forward:
+            return {MouseEvent(MOUSEEVENTF_XDOWN, XBUTTON2), MouseEvent(MOUSEEVENTF_XUP, XBUTTON2)};
+        default:
+            return {MouseEvent(MOUSEEVENTF_LEFTDOWN), MouseEvent(MOUSEEVENTF_LEFTUP)};
+    }
 }
 
 // A pixel as a fraction of 65536 of the whole desktop, half a pixel in, so that rounding leads
 // back to it.
 LONG Fraction(LONG pixel, LONG origin, LONG extent) {
     return ((pixel - origin) * 65536 + 32768) / extent;
+}
+
+// The event moves the pointer there first.
+INPUT At(POINT place, INPUT event) {
+    event.mi.dx = Fraction(place.x, GetSystemMetrics(SM_XVIRTUALSCREEN),
+                           GetSystemMetrics(SM_CXVIRTUALSCREEN));
+    event.mi.dy = Fraction(place.y, GetSystemMetrics(SM_YVIRTUALSCREEN),
+                           GetSystemMetrics(SM_CYVIRTUALSCREEN));
+    event.mi.dwFlags |= MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK;
+    return event;
 }
 
 }  // namespace
@@ -60,39 +84,20 @@ void TypeText(const wchar_t* text) {
 }
 
 void Click(MouseButton button) {
-    switch (button) {
-        case MouseButton::Left:
-            Send({MouseEvent(MOUSEEVENTF_LEFTDOWN), MouseEvent(MOUSEEVENTF_LEFTUP)});
-            break;
-        case MouseButton::Right:
-            Send({MouseEvent(MOUSEEVENTF_RIGHTDOWN), MouseEvent(MOUSEEVENTF_RIGHTUP)});
-            break;
-        case MouseButton::Middle:
-            Send({MouseEvent(MOUSEEVENTF_MIDDLEDOWN), MouseEvent(MOUSEEVENTF_MIDDLEUP)});
-            break;
-        case MouseButton::Back:
-            ClickSideButton(XBUTTON1);
-            break;
-        case MouseButton::Forward:
-            ClickSideButton(XBUTTON2);
-            break;
-    }
+    const ButtonEvents events = EventsOf(button);
+    Send({events.Down, events.Up});
 }
 
 void TurnWheel() {
-    Send({MouseEvent(MOUSEEVENTF_WHEEL, 0, 0, WHEEL_DELTA)});
+    Send({MouseEvent(MOUSEEVENTF_WHEEL, WHEEL_DELTA)});
 }
 
 void TurnWheelToTheSide() {
-    Send({MouseEvent(MOUSEEVENTF_HWHEEL, 0, 0, WHEEL_DELTA)});
+    Send({MouseEvent(MOUSEEVENTF_HWHEEL, WHEEL_DELTA)});
 }
 
 void MovePointerTo(POINT place) {
-    const LONG x = Fraction(place.x, GetSystemMetrics(SM_XVIRTUALSCREEN),
-                            GetSystemMetrics(SM_CXVIRTUALSCREEN));
-    const LONG y = Fraction(place.y, GetSystemMetrics(SM_YVIRTUALSCREEN),
-                            GetSystemMetrics(SM_CYVIRTUALSCREEN));
-    Send({MouseEvent(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK, x, y)});
+    Send({At(place, MouseEvent(0))});
 }
 
 void MovePointerBy(int x, int y) {
@@ -101,9 +106,12 @@ void MovePointerBy(int x, int y) {
     MovePointerTo({place.x + x, place.y + y});
 }
 
+// Each event carries the place: when a window has just gone from under the pointer, the window
+// system tells of the pointer again, and that may arrive late and put it back between a move and a
+// click.
 void ClickAt(POINT place, MouseButton button) {
-    MovePointerTo(place);
-    Click(button);
+    const ButtonEvents events = EventsOf(button);
+    Send({At(place, events.Down), At(place, events.Up)});
 }
 
 }  // namespace ambrio::e2e
