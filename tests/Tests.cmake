@@ -16,10 +16,14 @@ target_compile_options(gtest_main PRIVATE -O0)
 add_library(ambrio_test_settings INTERFACE)
 target_link_libraries(ambrio_test_settings INTERFACE ambrio_compiler_settings gtest)
 target_compile_options(ambrio_test_settings INTERFACE -O0)
+if(AMBRIO_SANITIZE)
+  # No fuzzer takes its way through a test.
+  target_compile_options(ambrio_test_settings INTERFACE -fno-sanitize=fuzzer-no-link)
+endif()
 set(TEST_HEADERS ${STANDARD_HEADERS} <gtest/gtest.h>)
 ambrio_precompile(tests LINKS ambrio_test_settings HEADERS ${TEST_HEADERS})
 
-# ambrio_tests(NAME PRECOMPILED ... SOURCES ... LINKS ...): some of a test program's sources. Eight are
+# ambrio_tests(NAME PRECOMPILED ... SOURCES ... LINKS ...): some of a test program's sources. Sixteen are
 # compiled as one, as most of the time goes into the headers that they share: names in anonymous
 # namespaces must differ within such a group.
 function(ambrio_tests name)
@@ -28,7 +32,7 @@ function(ambrio_tests name)
   target_link_libraries(ambrio_${name} PUBLIC ambrio_test_settings ${TESTS_LINKS})
   ambrio_use_precompiled(ambrio_${name} ${TESTS_PRECOMPILED})
   set_target_properties(ambrio_${name} PROPERTIES UNITY_BUILD ${AMBRIO_BATCHES}
-                                                  UNITY_BUILD_BATCH_SIZE 8)
+                                                  UNITY_BUILD_BATCH_SIZE 16)
 endfunction()
 
 # The table of copy rules goes into the test program.
@@ -59,6 +63,10 @@ else()
   include(tests/fuzz/Fuzz.cmake)
   add_executable(unit_tests ${FUZZ_SEED_TEST_SOURCES} ${UNIT_TEST_HOST_SOURCES})
   target_link_libraries(unit_tests PRIVATE ${PORTABLE_TESTS} ambrio_fuzz gtest_main)
+  # What both make of a template the linker takes from where it sees it first: the rooms' is optimised.
+  target_link_options(unit_tests PRIVATE LINKER:--whole-archive $<TARGET_FILE:ambrio_test_support>
+                      $<TARGET_FILE:ambrio_engine> $<TARGET_FILE:ambrio_platform>
+                      LINKER:--no-whole-archive)
   # By itself, for the sanitizer that watches threads.
   add_executable(thread_tests EXCLUDE_FROM_ALL ${UNIT_TEST_HOST_SOURCES})
   target_link_libraries(thread_tests PRIVATE ambrio_test_settings ambrio_test_support gtest_main)
