@@ -12,8 +12,9 @@ bool IsSurrogate(wchar_t c, unsigned first) {
     return (static_cast<unsigned>(c) & 0xFC00U) == first;
 }
 
-// The two ends of the text, `kept` code units in all and no half characters, around an ellipsis.
-std::wstring Ends(const std::wstring& text, std::size_t kept) {
+// Writes the two ends of the text, `kept` code units in all and no half characters, around an
+// ellipsis. What is written to keeps its room from one try to the next.
+void JoinEnds(const std::wstring& text, std::size_t kept, std::wstring& joined) {
     std::size_t head = kept - kept / 2;
     std::size_t tail = kept / 2;
     if (head > 0 && IsSurrogate(text[head - 1], 0xD800U)) {
@@ -22,7 +23,9 @@ std::wstring Ends(const std::wstring& text, std::size_t kept) {
     if (tail > 0 && IsSurrogate(text[text.size() - tail], 0xDC00U)) {
         --tail;
     }
-    return text.substr(0, head) + kEllipsis + text.substr(text.size() - tail);
+    joined.assign(text, 0, head);
+    joined += kEllipsis;
+    joined.append(text, text.size() - tail);
 }
 
 }  // namespace
@@ -33,11 +36,15 @@ std::wstring Shortened(const std::wstring& text, const TextFits& fits) {
     }
     std::size_t fitting = 0;
     std::size_t tooLong = std::min(text.size(), kLongest);
+    std::wstring shortened;
+    shortened.reserve(tooLong + 1);
     while (fitting + 1 < tooLong) {
         const std::size_t middle = (fitting + tooLong) / 2;
-        (fits(Ends(text, middle)) ? fitting : tooLong) = middle;
+        JoinEnds(text, middle, shortened);
+        (fits(shortened) ? fitting : tooLong) = middle;
     }
-    return Ends(text, fitting);
+    JoinEnds(text, fitting, shortened);
+    return shortened;
 }
 
 }  // namespace ambrio

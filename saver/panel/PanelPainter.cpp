@@ -301,7 +301,7 @@ void PanelPainter::DrawLabels(const RECT& area, const PanelTexts& texts) {
         if (!Touch(area, inked_[i])) {
             continue;
         }
-        const std::vector<TextLine> lines = LinesOf(i, *texts[i]);
+        const std::vector<TextLine>& lines = LinesOf(i, *texts[i]);
         const Colour colour = kPanelLabels[i].IsFixed ? colours_.Caption : colours_.Text;
         RECT room = reach_[i];
         IntersectRect(&room, &room, &area);
@@ -313,10 +313,20 @@ void PanelPainter::DrawLabels(const RECT& area, const PanelTexts& texts) {
     }
 }
 
+const std::vector<PanelPainter::TextLine>& PanelPainter::LinesOf(std::size_t label,
+                                                                 const std::wstring& text) {
+    SplitText& shown = lines_[label];
+    if (shown.Lines.empty() || shown.Text != text) {
+        shown.Lines = Split(label, text);
+        shown.Text = text;
+    }
+    return shown.Lines;
+}
+
 // Each line of a text is shortened by itself. Several are written smaller; they move together where
 // the box is low, and those that it has no room for even so are left out.
-std::vector<PanelPainter::TextLine> PanelPainter::LinesOf(std::size_t label,
-                                                          const std::wstring& text) const {
+std::vector<PanelPainter::TextLine> PanelPainter::Split(std::size_t label,
+                                                        const std::wstring& text) const {
     if (text.find(L'\n') == std::wstring::npos) {
         const PanelFont& font = FontOf(KindOf(kPanelLabels[label]));
         return {LineOf(label, font, baseline_[label] - font.Ascent(), text)};

@@ -73,7 +73,13 @@ class PanelPainter {
         int Top = 0;
         int Width = 0;
     };
-    [[nodiscard]] std::vector<TextLine> LinesOf(std::size_t label, const std::wstring& text) const;
+    struct SplitText {
+        std::wstring Text;
+        std::vector<TextLine> Lines;  // at least one, but for a text that was never asked for
+    };
+    // Kept until the label has another text.
+    const std::vector<TextLine>& LinesOf(std::size_t label, const std::wstring& text);
+    [[nodiscard]] std::vector<TextLine> Split(std::size_t label, const std::wstring& text) const;
     [[nodiscard]] TextLine LineOf(std::size_t label, const PanelFont& font, int top,
                                   const std::wstring& text) const;
     // The part of the picture that these lines can reach.
@@ -102,6 +108,7 @@ class PanelPainter {
     std::array<RECT, kPanelLabels.size()> inked_{};  // where its text is now
     std::array<int, kPanelLabels.size()> baseline_{};
     std::array<std::wstring, kPanelLabels.size()> shown_;
+    std::array<SplitText, kPanelLabels.size()> lines_;
     std::array<LastDigits, kPanelLabels.size()> lastDigits_;  // of the counts
     std::wstring caption_ = kPanelDesignTitle;
     Colour backColor_{24, 56, 112};
