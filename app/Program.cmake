@@ -19,6 +19,7 @@ set_target_properties(Ambrio PROPERTIES SUFFIX .scr RUNTIME_OUTPUT_DIRECTORY
 target_link_options(Ambrio PRIVATE -municode -Wl,-Map,${CMAKE_BINARY_DIR}/Ambrio.map)
 target_link_libraries(Ambrio PRIVATE ambrio_app_model ambrio_preview ambrio_saver ambrio_config)
 ambrio_use_precompiled(Ambrio windows)
+ambrio_batches(Ambrio 12)
 
 include(setup/Setup.cmake)
 include(resources/clip/Clip.cmake)

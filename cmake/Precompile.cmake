@@ -1,6 +1,6 @@
 # Headers that hardly ever change and that most sources include are read once for all of them. They
-# are still included where they are used: in the Windows builds the rooms find nothing precompiled
-# but what they include anyway, and so do the headers in their check; clang-tidy goes without.
+# are still included where they are used: in their check the headers find nothing precompiled but
+# what they include anyway, and clang-tidy goes without.
 set(STANDARD_HEADERS
     <algorithm>
     <array>
@@ -69,15 +69,5 @@ endfunction()
 function(ambrio_use_precompiled target name)
   if(TARGET ambrio_precompiled_${name})
     target_precompile_headers(${target} REUSE_FROM ambrio_precompiled_${name})
-  endif()
-  if(name STREQUAL "windows")
-    get_target_property(sources ${target} SOURCES)
-    list(FILTER sources INCLUDE REGEX "\\.cpp$")
-    foreach(source IN LISTS sources)
-      ambrio_reaches(reaches ${source} ${WINDOWS_HEADERS})
-      if(NOT reaches)
-        set_source_files_properties(${source} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
-      endif()
-    endforeach()
   endif()
 endfunction()

@@ -23,16 +23,14 @@ endif()
 set(TEST_HEADERS ${STANDARD_HEADERS} <gtest/gtest.h>)
 ambrio_precompile(tests LINKS ambrio_test_settings HEADERS ${TEST_HEADERS})
 
-# ambrio_tests(NAME PRECOMPILED ... SOURCES ... LINKS ...): some of a test program's sources. Sixteen are
-# compiled as one, as most of the time goes into the headers that they share: names in anonymous
-# namespaces must differ within such a group.
+# ambrio_tests(NAME PRECOMPILED ... SOURCES ... LINKS ...): some of a test program's sources. Most of
+# the time goes into the headers that they share.
 function(ambrio_tests name)
   cmake_parse_arguments(TESTS "" "PRECOMPILED" "SOURCES;LINKS" ${ARGN})
   add_library(ambrio_${name} OBJECT ${TESTS_SOURCES})
   target_link_libraries(ambrio_${name} PUBLIC ambrio_test_settings ${TESTS_LINKS})
   ambrio_use_precompiled(ambrio_${name} ${TESTS_PRECOMPILED})
-  set_target_properties(ambrio_${name} PROPERTIES UNITY_BUILD ${AMBRIO_BATCHES}
-                                                  UNITY_BUILD_BATCH_SIZE 16)
+  ambrio_batches(ambrio_${name} 16)
 endfunction()
 
 # The table of copy rules goes into the test program.
