@@ -48,5 +48,6 @@ set(SAVER_WIN32_SOURCES
     saver/panel/PanelFrame.cpp
     saver/panel/PanelLabelWindow.cpp
     saver/panel/PanelPainter.cpp
+    saver/panel/PanelTextLine.cpp
     saver/panel/StatusPanelView.cpp
 )

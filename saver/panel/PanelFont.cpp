@@ -32,24 +32,27 @@ PanelFont::PanelFont(HDC dc, const wchar_t* face, int height, int weight)
     }
 }
 
-// Plain characters stand beside each other without regard to what they are, so that their widths
-// add up; the system is asked for all else. The ellipsis counts as plain: a path that is too long
-// is measured some ten times with it, and a long text takes the system a millisecond.
+// The ellipsis counts as plain: a path that is too long is measured some ten times with it, and a
+// long text takes the system a millisecond.
+std::optional<int> PanelFont::PlainWidth(wchar_t unit) const {
+    const auto place = static_cast<std::size_t>(unit - kFirstPlain);
+    if (unit >= kFirstPlain && place < plainWidths_.size()) {
+        return plainWidths_[place];
+    }
+    return unit == kEllipsis && AddsWidthsUp() ? std::optional(ellipsisWidth_) : std::nullopt;
+}
+
 int PanelFont::WidthOf(const std::wstring& text) const {
     int width = 0;
     for (const wchar_t unit : text) {
-        if (unit == kEllipsis && AddsWidthsUp()) {
-            width += ellipsisWidth_;
-            continue;
-        }
-        const auto place = static_cast<std::size_t>(unit - kFirstPlain);
-        if (unit < kFirstPlain || place >= plainWidths_.size()) {
+        const std::optional<int> plain = PlainWidth(unit);
+        if (!plain) {
             const SelectedObject selected(dc_, font_.get());
             SIZE size{};
             GetTextExtentPoint32W(dc_, text.c_str(), static_cast<int>(text.size()), &size);
             return size.cx;
         }
-        width += plainWidths_[place];
+        width += *plain;
     }
     return width;
 }

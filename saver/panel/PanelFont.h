@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,9 @@ class PanelFont {
     [[nodiscard]] int Ascent() const { return ascent_; }
     [[nodiscard]] int LineHeight() const { return lineHeight_; }
     [[nodiscard]] int WidthOf(const std::wstring& text) const;
+    // The width of a character that stands beside others without regard to what they are; nothing
+    // where the system has to be asked for the text as a whole.
+    [[nodiscard]] std::optional<int> PlainWidth(wchar_t unit) const;
     // Whether the width of a plain text is that of its characters together.
     [[nodiscard]] bool AddsWidthsUp() const { return !plainWidths_.empty(); }
 

@@ -20,7 +20,6 @@ constexpr int kCaptionLeft = 120;
 constexpr int kGap = 45;      // between a fixed text and a count beside it, twips
 constexpr int kSameRow = 15;  // how far apart a fixed text and its value may have been drawn, twips
 constexpr int kTightestLine = 7;   // eighths of a line's height, where two share a box
-constexpr int kOverhangs = 4;      // how many times a glyph's part beside its room goes into a line
 constexpr int kBelowCaption = 30;  // from the frame's caption to the first row, twips
 constexpr int kFirstNarrowRow = 1900;
 constexpr int kNarrowRow = 240;  // from one of them to the next
@@ -216,10 +215,18 @@ RECT PanelPainter::DrawLabel(std::size_t label, const PanelTexts& texts) {
         shown_[label] = text;
         return *lastDigit;
     }
-    const RECT place = PlaceOf(label, LinesOf(label, text));
+    std::swap(former_, lines_[label]);
+    lines_[label].Lines.clear();  // these were another label's
+    const std::vector<PanelTextLine>& lines = LinesOf(label, text);
+    const RECT place = PlaceOf(label, lines);
     RECT changed = inked_[label];
     UnionRect(&changed, &changed, &place);
     inked_[label] = changed;
+    // Most names begin as the last one did, most paths with the same folders.
+    if (former_.Text == shown_[label] && former_.Lines.size() == 1 && lines.size() == 1) {
+        const LONG from = FirstDifference(former_.Lines.front(), lines.front());
+        changed.left = std::clamp(from, changed.left, changed.right);
+    }
     DrawLabels(changed, texts);
     if (lastDigit) {
         lastDigits_[label].Keep(picture_.DC(), *lastDigit, *(text.end() - 2), text.back());
@@ -239,8 +246,7 @@ std::optional<RECT> PanelPainter::LastDigitOf(std::size_t label, const std::wstr
     if (font.WidthOf(text) > reach.right - reach.left) {
         return std::nullopt;
     }
-    return RECT{reach.right - width - font.LineHeight() / kOverhangs, top, reach.right,
-                top + font.LineHeight()};
+    return RECT{reach.right - width - OverhangOf(font), top, reach.right, top + font.LineHeight()};
 }
 
 SIZE PanelPainter::Rounding() const {
@@ -284,15 +290,13 @@ void PanelPainter::DrawCaption(HDC dc) {
                 static_cast<UINT>(text.size()), nullptr);
 }
 
-void PanelPainter::Write(const TextLine& line, Colour colour, const RECT& room) {
-    const HDC dc = picture_.DC();
+void PanelPainter::Write(const PanelTextLine& line, Colour colour, const RECT& room) {
     if (selected_ != line.Font->Handle()) {
         selected_ = line.Font->Handle();
-        SelectObject(dc, selected_);
+        SelectObject(picture_.DC(), selected_);
     }
-    SetTextColor(dc, SystemColour(colour));
-    ExtTextOutW(dc, line.Left, line.Top, ETO_CLIPPED, &room, line.Text.c_str(),
-                static_cast<UINT>(line.Text.size()), nullptr);
+    SetTextColor(picture_.DC(), SystemColour(colour));
+    WriteLine(picture_.DC(), line, room);
 }
 
 void PanelPainter::DrawLabels(const RECT& area, const PanelTexts& texts) {
@@ -301,11 +305,11 @@ void PanelPainter::DrawLabels(const RECT& area, const PanelTexts& texts) {
         if (!Touch(area, inked_[i])) {
             continue;
         }
-        const std::vector<TextLine>& lines = LinesOf(i, *texts[i]);
+        const std::vector<PanelTextLine>& lines = LinesOf(i, *texts[i]);
         const Colour colour = kPanelLabels[i].IsFixed ? colours_.Caption : colours_.Text;
         RECT room = reach_[i];
         IntersectRect(&room, &room, &area);
-        for (const TextLine& line : lines) {
+        for (const PanelTextLine& line : lines) {
             Write(line, colour, room);
         }
         inked_[i] = PlaceOf(i, lines);
@@ -313,8 +317,8 @@ void PanelPainter::DrawLabels(const RECT& area, const PanelTexts& texts) {
     }
 }
 
-const std::vector<PanelPainter::TextLine>& PanelPainter::LinesOf(std::size_t label,
-                                                                 const std::wstring& text) {
+const std::vector<PanelTextLine>& PanelPainter::LinesOf(std::size_t label,
+                                                        const std::wstring& text) {
     SplitText& shown = lines_[label];
     if (shown.Lines.empty() || shown.Text != text) {
         shown.Lines = Split(label, text);
@@ -325,8 +329,7 @@ const std::vector<PanelPainter::TextLine>& PanelPainter::LinesOf(std::size_t lab
 
 // Each line of a text is shortened by itself. Several are written smaller; they move together where
 // the box is low, and those that it has no room for even so are left out.
-std::vector<PanelPainter::TextLine> PanelPainter::Split(std::size_t label,
-                                                        const std::wstring& text) const {
+std::vector<PanelTextLine> PanelPainter::Split(std::size_t label, const std::wstring& text) const {
     if (text.find(L'\n') == std::wstring::npos) {
         const PanelFont& font = FontOf(KindOf(kPanelLabels[label]));
         return {LineOf(label, font, baseline_[label] - font.Ascent(), text)};
@@ -337,7 +340,7 @@ std::vector<PanelPainter::TextLine> PanelPainter::Split(std::size_t label,
     const int most = std::max(1, room / std::max(font.LineHeight() * kTightestLine / 8, 1));
     const int count = std::min(static_cast<int>(texts.size()), most);
     const int pitch = std::min(font.LineHeight(), room / count);
-    std::vector<TextLine> lines;
+    std::vector<PanelTextLine> lines;
     for (int line = 0; line < count; ++line) {
         lines.push_back(LineOf(label, font, reach_[label].top + line * pitch,
                                texts[static_cast<std::size_t>(line)]));
@@ -345,11 +348,11 @@ std::vector<PanelPainter::TextLine> PanelPainter::Split(std::size_t label,
     return lines;
 }
 
-PanelPainter::TextLine PanelPainter::LineOf(std::size_t label, const PanelFont& font, int top,
-                                            const std::wstring& text) const {
+PanelTextLine PanelPainter::LineOf(std::size_t label, const PanelFont& font, int top,
+                                   const std::wstring& text) const {
     const RECT& reach = reach_[label];
     const int room = reach.right - reach.left;
-    TextLine line;
+    PanelTextLine line;
     line.Text = Shortened(text, [&font, room](const std::wstring& candidate) {
         return font.WidthOf(candidate) <= room;
     });
@@ -365,12 +368,10 @@ PanelPainter::TextLine PanelPainter::LineOf(std::size_t label, const PanelFont& 
     return line;
 }
 
-RECT PanelPainter::PlaceOf(std::size_t label, const std::vector<TextLine>& lines) const {
+RECT PanelPainter::PlaceOf(std::size_t label, const std::vector<PanelTextLine>& lines) const {
     RECT place{};
-    for (const TextLine& line : lines) {
-        const int overhang = line.Font->LineHeight() / kOverhangs;
-        const RECT box{line.Left - overhang, line.Top, line.Left + line.Width + overhang,
-                       line.Top + line.Font->LineHeight()};
+    for (const PanelTextLine& line : lines) {
+        const RECT box = ReachOf(line);
         if (!line.Text.empty()) {
             UnionRect(&place, &place, &box);
         }

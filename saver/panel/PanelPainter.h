@@ -11,6 +11,7 @@
 #include "saver/panel/LastDigits.h"
 #include "saver/panel/PanelControls.h"
 #include "saver/panel/PanelFont.h"
+#include "saver/panel/PanelTextLine.h"
 
 namespace ambrio {
 
@@ -65,30 +66,24 @@ class PanelPainter {
     void DrawBackground();
     void DrawCaption(HDC dc);
     void DrawLabels(const RECT& area, const PanelTexts& texts);
-    // The lines of a text as they are shown in a label, and where.
-    struct TextLine {
-        std::wstring Text;
-        const PanelFont* Font = nullptr;
-        int Left = 0;
-        int Top = 0;
-        int Width = 0;
-    };
+    // The lines of a text as they are shown in a label.
     struct SplitText {
         std::wstring Text;
-        std::vector<TextLine> Lines;  // at least one, but for a text that was never asked for
+        std::vector<PanelTextLine> Lines;  // at least one, but for a text that was never asked for
     };
     // Kept until the label has another text.
-    const std::vector<TextLine>& LinesOf(std::size_t label, const std::wstring& text);
-    [[nodiscard]] std::vector<TextLine> Split(std::size_t label, const std::wstring& text) const;
-    [[nodiscard]] TextLine LineOf(std::size_t label, const PanelFont& font, int top,
-                                  const std::wstring& text) const;
+    const std::vector<PanelTextLine>& LinesOf(std::size_t label, const std::wstring& text);
+    [[nodiscard]] std::vector<PanelTextLine> Split(std::size_t label,
+                                                   const std::wstring& text) const;
+    [[nodiscard]] PanelTextLine LineOf(std::size_t label, const PanelFont& font, int top,
+                                       const std::wstring& text) const;
     // The part of the picture that these lines can reach.
-    [[nodiscard]] RECT PlaceOf(std::size_t label, const std::vector<TextLine>& lines) const;
+    [[nodiscard]] RECT PlaceOf(std::size_t label, const std::vector<PanelTextLine>& lines) const;
     // Where the last digit of a label is, with what it may reach of the one before; nothing where
     // its text is no count.
     [[nodiscard]] std::optional<RECT> LastDigitOf(std::size_t label,
                                                   const std::wstring& text) const;
-    void Write(const TextLine& line, Colour colour, const RECT& room);
+    void Write(const PanelTextLine& line, Colour colour, const RECT& room);
     [[nodiscard]] RECT PlateIn(const RECT& frame) const;
     [[nodiscard]] RECT PixelsOf(const TwipsRect& place) const;
     [[nodiscard]] int Across(int twips) const;
@@ -109,6 +104,7 @@ class PanelPainter {
     std::array<int, kPanelLabels.size()> baseline_{};
     std::array<std::wstring, kPanelLabels.size()> shown_;
     std::array<SplitText, kPanelLabels.size()> lines_;
+    SplitText former_;  // of the label that is being drawn; keeps its room
     std::array<LastDigits, kPanelLabels.size()> lastDigits_;  // of the counts
     std::wstring caption_ = kPanelDesignTitle;
     Colour backColor_{24, 56, 112};

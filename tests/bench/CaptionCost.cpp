@@ -52,13 +52,14 @@ void Measure(const wchar_t* name, StatusPanelView& panel, PanelLabel label, int 
     std::wcout << name << L' ' << least.count() / kChangesInAGo << std::endl;
 }
 
+// One of many folders in a deep one.
 std::wstring LongPath(int number) {
     constexpr int kLevels = 40;
     std::wstring path = L"D:\\Documents";
     for (int level = 0; level < kLevels; ++level) {
-        path += L'\\' + DecimalText(number + level);
+        path += L"\\Level" + DecimalText(level);
     }
-    return path;
+    return path + L'\\' + DecimalText(number);
 }
 
 int Run(int changes) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -206,13 +207,73 @@ TEST(PanelText, CountsAsItWouldWriteEachNumberAnew) {
         const Panel writing(dotsPerInch);
         const RECT box = counting.Place(PanelControl::lblChecked);
         for (const int start : {0, 90, 1970, 19'990}) {
-            for (int i = start; i < start + 45; ++i) {
+            std::vector<int> numbers(45);
+            std::iota(numbers.begin(), numbers.end(), start);
+            // Not beside each other, but with the same first digit.
+            numbers.insert(numbers.end(), {1, 10, 1, 12345});
+            for (const int i : numbers) {
                 const std::wstring number = std::to_wstring(i);
                 counting.View->SetCaption(PanelLabel::lblChecked, number);
                 writing.View->SetCaption(PanelLabel::lblChecked, number);
                 writing.View->Redraw();
                 ASSERT_EQ(PixelsIn(counting.Picture(), box), PixelsIn(writing.Picture(), box))
                     << number << " at " << dotsPerInch;
+            }
+        }
+    }
+}
+
+// Only what differs from the text before is written.
+TEST(PanelText, WritesANameAsItWouldWriteItAnew) {
+    const std::wstring deep = L"D:\\" + std::wstring(80, L'f') + L"\\";
+    const std::wstring texts[] = {L"file1.txt",
+                                  L"file12.txt",
+                                  L"file12.txt - copying",
+                                  L"file12",
+                                  L"fjord \x00e9t\x00e9.txt",
+                                  L"fjord \x00e9t\x00e9.doc",
+                                  L"fjord ete.doc",
+                                  deep + L"WAVE.txt",
+                                  deep + L"WAVY.txt",
+                                  L"D:\\" + std::wstring(81, L'f') + L"\\WAVY.txt",
+                                  L"two\r\nlines",
+                                  L"two\r\nlives",
+                                  L"two",
+                                  L"",
+                                  L"AVAVAV",
+                                  L"AVAVAW",
+                                  L"fff",
+                                  L"ffj",
+                                  L"nee",
+                                  L"nee\x0301",
+                                  L"ab \x05d0\x05d1\x05d2",
+                                  L"ab \x05d0\x05d1\x05d3",
+                                  L"ab \x0623\x0644",
+                                  L"ab \x0623\x0644\x0646",
+                                  L"",
+                                  L"",
+                                  L""};
+    struct Label {
+        PanelLabel Name;
+        PanelControl Control;
+    };
+    // Each gets the text that the one before it has just lost.
+    constexpr Label kLabels[] = {{PanelLabel::lblFile, PanelControl::lblFile},
+                                 {PanelLabel::lblSource, PanelControl::lblSource},
+                                 {PanelLabel::lblSet, PanelControl::lblSet}};
+    for (const int dotsPerInch : {96, 168}) {
+        const Panel changing(dotsPerInch);
+        const Panel writing(dotsPerInch);
+        for (std::size_t i = std::size(kLabels); i < std::size(texts); ++i) {
+            for (std::size_t label = 0; label < std::size(kLabels); ++label) {
+                changing.View->SetCaption(kLabels[label].Name, texts[i - label]);
+                writing.View->SetCaption(kLabels[label].Name, texts[i - label]);
+            }
+            writing.View->Redraw();
+            for (const Label& label : kLabels) {
+                const RECT box = changing.Place(label.Control);
+                ASSERT_EQ(PixelsIn(changing.Picture(), box), PixelsIn(writing.Picture(), box))
+                    << i << " at " << dotsPerInch;
             }
         }
     }
