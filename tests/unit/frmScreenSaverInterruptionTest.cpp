@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "saver/form/frmScreenSaver.h"
-#include "tests/support/ManualClock.h"
-#include "tests/support/MemoryFileSystem.h"
-#include "tests/support/MemorySettingsStore.h"
+#include "tests/unit/FormThatCopies.h"
 
 namespace ambrio {
 namespace {
@@ -30,26 +27,10 @@ class KeyDuringCopy : public MemoryFileSystem {
 
 // What was copied ahead must not lie about until a long copy has come to its end.
 TEST(frmScreenSaverInterruptionTest, NothingIsExpectedAnyMoreAsSoonAsAKeyIsPressed) {
-    Application application;
-    application.Title = L"Ambrio";
-    application.ProgramFolder = L"C:\\Program";
-    application.CommandLine = L"/D";
-    KeyDuringCopy files;
-    files.MakeFolder(application.ProgramFolder);
-    files.WriteFile(L"C:\\From\\file", "new");
-    MemorySettingsStore settings;
-    settings.Values[{L"General", L"Sets"}] = L"A";
-    settings.Values[{L"A", L"Source"}] = L"C:\\From";
-    settings.Values[{L"A", L"Destination"}] = L"C:\\To";
-    CopyWatch copyWatch;
-    ManualClock clock{DateTime{2026, 11, 21, 10, 0, 0}};
-    frmScreenSaver form(application, files, copyWatch, settings, clock, [] {});
-    form.Show();
-    files.Form = form.Handle();
-    constexpr WPARAM kRunTimer = 1;
-    SendMessageW(form.Handle(), WM_TIMER, kRunTimer, 0);
-    EXPECT_EQ(files.BeforeTheKey, 0);
-    EXPECT_EQ(files.AfterTheKey, 1);
+    FormThatCopies<KeyDuringCopy> form;
+    form.Run();
+    EXPECT_EQ(form.Disk.BeforeTheKey, 0);
+    EXPECT_EQ(form.Disk.AfterTheKey, 1);
 }
 
 }  // namespace

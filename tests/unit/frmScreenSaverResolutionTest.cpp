@@ -6,10 +6,7 @@
 
 #include "platform/win32/windows/BackBuffer.h"
 #include "platform/win32/windows/ScreenTwips.h"
-#include "saver/form/frmScreenSaver.h"
-#include "tests/support/ManualClock.h"
-#include "tests/support/MemoryFileSystem.h"
-#include "tests/support/MemorySettingsStore.h"
+#include "tests/unit/FormThatCopies.h"
 
 namespace ambrio {
 namespace {
@@ -196,26 +193,10 @@ class ResolutionDuringCopy : public MemoryFileSystem {
 };
 
 TEST(frmScreenSaverResolution, ThePlateThatAsksToWaitGrowsWithItsLetters) {
-    Application application;
-    application.Title = L"Ambrio";
-    application.ProgramFolder = L"C:\\Program";
-    application.CommandLine = L"/D";
-    ResolutionDuringCopy files;
-    files.MakeFolder(application.ProgramFolder);
-    files.WriteFile(L"C:\\From\\file", "new");
-    MemorySettingsStore settings;
-    settings.Values[{L"General", L"Sets"}] = L"A";
-    settings.Values[{L"A", L"Source"}] = L"C:\\From";
-    settings.Values[{L"A", L"Destination"}] = L"C:\\To";
-    CopyWatch copyWatch;
-    ManualClock clock{DateTime{2026, 11, 22, 10, 0, 0}};
-    frmScreenSaver form(application, files, copyWatch, settings, clock, [] {});
-    form.Show();
-    files.Form = form.Handle();
-    constexpr WPARAM kRunTick = 1;
-    SendMessageW(form.Handle(), WM_TIMER, kRunTick, 0);
-    EXPECT_GT(files.Before.cy, 20);
-    EXPECT_NEAR(files.After.cy, 2 * files.Before.cy, 6);
+    FormThatCopies<ResolutionDuringCopy> form;
+    form.Run();
+    EXPECT_GT(form.Disk.Before.cy, 20);
+    EXPECT_NEAR(form.Disk.After.cy, 2 * form.Disk.Before.cy, 6);
 }
 
 // Places of before do not compare with places of now.
