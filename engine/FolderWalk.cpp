@@ -182,9 +182,13 @@ bool FolderWalk::MayEnter(const WalkedFolder& subFolder, const FileEntry& entry)
 
 bool FolderWalk::HasOwnPlace(const WalkedFolder& subFolder, const std::wstring& name,
                              Entered& entered) {
-    const std::wstring& place = subFolder.Destination().Path();
-    const auto [first, isFirst] = entered.try_emplace(run_.Files.FoldedName(name), place);
-    if (isFirst || AreOneFile(run_.Files, place, first->second) != std::optional(true)) {
+    const auto [first, isFirst] = entered.try_emplace(run_.Files.FoldedName(name), &name);
+    if (isFirst) {
+        return true;
+    }
+    const std::wstring& above = subFolder.Parent()->Destination().Path();
+    if (AreOneFile(run_.Files, subFolder.Destination().Path(),
+                   FileSystem::BuildPath(above, *first->second)) != std::optional(true)) {
         return true;
     }
     ReportFolder(RuntimeError(ErrorNumber::FileAlreadyExists), FolderAction::Accessing,

@@ -46,8 +46,8 @@ class FolderWalk {
     bool HandOver(const std::wstring& name, DestinationListing& destination);
     void WalkSubFolders(const WalkedFolder& folder, const std::vector<FileEntry>& subFolders);
     bool MayEnter(const WalkedFolder& subFolder, const FileEntry& entry);
-    // The destinations of the subfolders that were entered, by their folded names.
-    using Entered = std::unordered_map<std::wstring, std::wstring>;
+    // The names of the subfolders that were entered, by the folded ones; not owned.
+    using Entered = std::unordered_map<std::wstring, const std::wstring*>;
     // Reports a folder and gives false where an earlier one, whose name differs from its in nothing
     // but its case, has the same destination: their files would be taken for each other.
     bool HasOwnPlace(const WalkedFolder& subFolder, const std::wstring& name, Entered& entered);
