@@ -113,6 +113,7 @@ TEST_F(TwoCases, BothFoldersAreCopiedWhereTheyAreKeptApart) {
     EXPECT_EQ(Content(L"T:\\Copies\\POD\\same"), "second");
     EXPECT_FALSE(Bench.State.HasFailures());
     ExpectNothingMoreToCopy();
+    EXPECT_FALSE(Bench.State.HasFailures()) << "also when both folders are there already";
 }
 
 // A listing that keeps one of the two must not hide that the other's file has changed.
